@@ -1,0 +1,44 @@
+# What every part of the project is built with, and how its parts are declared.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_CXX_VISIBILITY_PRESET default)
+
+find_program(CCACHE ccache)
+if(CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+endif()
+
+add_library(morvantile_options INTERFACE)
+target_include_directories(morvantile_options INTERFACE ${CMAKE_SOURCE_DIR})
+target_compile_options(
+  morvantile_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion
+                               -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
+if(MORVANTILE_SANITIZE)
+  target_compile_options(morvantile_options INTERFACE -fsanitize=address,undefined
+                                                      -fno-sanitize-recover=all
+                                                      -fno-omit-frame-pointer)
+  target_link_options(morvantile_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# morvantile_module(name SOURCES file... LINKS target...)
+#
+# A room of the house: a static library of the folder it is declared in, reached by includes
+# relative to the project's root.
+function(morvantile_module name)
+  cmake_parse_arguments(arg "" "" "SOURCES;LINKS" ${ARGN})
+  add_library(${name} STATIC ${arg_SOURCES})
+  target_link_libraries(${name} PUBLIC morvantile_options ${arg_LINKS})
+endfunction()
+
+# morvantile_test(name SOURCES file... LINKS target...)
+#
+# A GoogleTest program of the folder it is declared in; each of its tests is one of ctest.
+function(morvantile_test name)
+  cmake_parse_arguments(arg "" "" "SOURCES;LINKS" ${ARGN})
+  add_executable(${name} ${arg_SOURCES})
+  target_link_libraries(${name} PRIVATE ${arg_LINKS} GTest::gmock GTest::gtest_main)
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 120)
+endfunction()

@@ -1,0 +1,151 @@
+// Reference counting for the objects of the system.
+
+#ifndef MORVANTILE_PLATFORM_BASE_REF_H
+#define MORVANTILE_PLATFORM_BASE_REF_H
+
+#include <concepts>
+#include <cstddef>
+#include <cstdint>
+#include <utility>
+
+#include "platform/base/exceptions.h"
+
+namespace morvantile {
+
+// Base of everything that a Ref or a BackRef can refer to. The count is not atomic: an object and
+// all references to it belong to one thread at a time.
+class Object {
+ public:
+  Object() = default;
+  Object(const Object&) = delete;
+  Object& operator=(const Object&) = delete;
+
+ protected:
+  virtual ~Object() {
+    if (anchor_ != nullptr) {
+      anchor_->target = nullptr;
+      Anchor::Release(anchor_);
+    }
+  }
+
+ private:
+  template <typename T>
+  friend class Ref;
+  template <typename T>
+  friend class BackRef;
+
+  // What back references share: it outlives the object as long as one of them does.
+  struct Anchor {
+    Object* target;
+    std::size_t count;
+
+    static void Release(Anchor* anchor) {
+      if (--anchor->count == 0) delete anchor;
+    }
+  };
+
+  Anchor* AnchorForBackRef() {
+    if (anchor_ == nullptr) anchor_ = new Anchor{this, 1};
+    ++anchor_->count;
+    return anchor_;
+  }
+
+  void Retain() { ++count_; }
+  void Release() {
+    if (--count_ == 0) delete this;
+  }
+
+  std::size_t count_ = 0;
+  Anchor* anchor_ = nullptr;
+};
+
+// An owning reference, or nil. Dereferencing nil throws NilObjectException.
+template <typename T>
+class Ref {
+ public:
+  Ref() = default;
+  Ref(std::nullptr_t) {}  // NOLINT(google-explicit-constructor): nil is a value of every Ref
+  explicit Ref(T* object) : object_(object) { Retain(); }
+  Ref(const Ref& other) : object_(other.object_) { Retain(); }
+  Ref(Ref&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
+  template <std::derived_from<T> U>
+  Ref(const Ref<U>& other) : object_(other.get()) {  // NOLINT(google-explicit-constructor)
+    Retain();
+  }
+  ~Ref() {
+    if (object_ != nullptr) static_cast<Object*>(object_)->Release();
+  }
+
+  Ref& operator=(Ref other) noexcept {
+    std::swap(object_, other.object_);
+    return *this;
+  }
+
+  T* operator->() const { return Checked(); }
+  T& operator*() const { return *Checked(); }
+  // The object, or a null pointer for nil; valid as long as a Ref holds it.
+  T* get() const { return object_; }
+  explicit operator bool() const { return object_ != nullptr; }
+
+  friend bool operator==(const Ref& a, const Ref& b) { return a.object_ == b.object_; }
+  friend bool operator==(const Ref& a, std::nullptr_t) { return a.object_ == nullptr; }
+
+ private:
+  void Retain() {
+    if (object_ != nullptr) static_cast<Object*>(object_)->Retain();
+  }
+  T* Checked() const {
+    if (object_ == nullptr) throw NilObjectException();
+    return object_;
+  }
+
+  T* object_ = nullptr;
+};
+
+// Makes an object and the first reference to it.
+template <typename T, typename... Args>
+Ref<T> New(Args&&... args) {
+  return Ref<T>(new T(std::forward<Args>(args)...));
+}
+
+// A reference that owns nothing and reads as nil once its target is gone.
+template <typename T>
+class BackRef {
+ public:
+  BackRef() = default;
+  BackRef(std::nullptr_t) {}  // NOLINT(google-explicit-constructor): nil is a value of every BackRef
+  BackRef(T* target)          // NOLINT(google-explicit-constructor)
+      : anchor_(target == nullptr ? nullptr : static_cast<Object*>(target)->AnchorForBackRef()) {}
+  BackRef(const Ref<T>& target) : BackRef(target.get()) {}  // NOLINT(google-explicit-constructor)
+  BackRef(const BackRef& other) : anchor_(other.anchor_) {
+    if (anchor_ != nullptr) ++anchor_->count;
+  }
+  BackRef(BackRef&& other) noexcept : anchor_(std::exchange(other.anchor_, nullptr)) {}
+  ~BackRef() {
+    if (anchor_ != nullptr) Object::Anchor::Release(anchor_);
+  }
+
+  BackRef& operator=(BackRef other) noexcept {
+    std::swap(anchor_, other.anchor_);
+    return *this;
+  }
+
+  T* get() const { return anchor_ == nullptr ? nullptr : static_cast<T*>(anchor_->target); }
+  T* operator->() const {
+    T* target = get();
+    if (target == nullptr) throw NilObjectException();
+    return target;
+  }
+  explicit operator bool() const { return get() != nullptr; }
+
+  friend bool operator==(const BackRef& a, const T* b) { return a.get() == b; }
+  friend bool operator==(const BackRef& a, const Ref<T>& b) { return a.get() == b.get(); }
+  friend bool operator==(const BackRef& a, std::nullptr_t) { return a.get() == nullptr; }
+
+ private:
+  Object::Anchor* anchor_ = nullptr;
+};
+
+}  // namespace morvantile
+
+#endif  // MORVANTILE_PLATFORM_BASE_REF_H

@@ -1,0 +1,39 @@
+#include "platform/imaging/picture.h"
+
+#include <new>
+#include <utility>
+
+namespace morvantile {
+
+Ref<Picture> Picture::Create(std::int64_t width, std::int64_t height, bool hasAlpha) {
+  if (width < 1 || height < 1 || width > kMaxBytes / 4 || height > kMaxBytes / (4 * width)) {
+    return nullptr;
+  }
+  const std::int64_t stride = 4 * width;
+  std::unique_ptr<std::uint8_t[]> storage(
+      new (std::nothrow) std::uint8_t[static_cast<std::size_t>(stride * height)]);
+  if (storage == nullptr) return nullptr;
+
+  Ref<Picture> picture(new Picture);
+  picture->width_ = static_cast<int>(width);
+  picture->height_ = static_cast<int>(height);
+  picture->stride_ = stride;
+  picture->hasAlpha_ = hasAlpha;
+  picture->pixels_ = storage.get();
+  picture->own_ = std::move(storage);
+  return picture;
+}
+
+Ref<Picture> Picture::Wrap(int width, int height, std::ptrdiff_t stride, const std::uint8_t* pixels,
+                           bool hasAlpha, std::shared_ptr<const void> keeper) {
+  Ref<Picture> picture(new Picture);
+  picture->width_ = width;
+  picture->height_ = height;
+  picture->stride_ = stride;
+  picture->hasAlpha_ = hasAlpha;
+  picture->pixels_ = pixels;
+  picture->keeper_ = std::move(keeper);
+  return picture;
+}
+
+}  // namespace morvantile

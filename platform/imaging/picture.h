@@ -1,0 +1,55 @@
+// Pictures in memory.
+
+#ifndef MORVANTILE_PLATFORM_IMAGING_PICTURE_H
+#define MORVANTILE_PLATFORM_IMAGING_PICTURE_H
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+
+#include "platform/base/ref.h"
+
+namespace morvantile {
+
+// The pixels of a picture: `height` rows of `width` pixels of four bytes, blue, green, red, alpha
+// in this order, 0 to 255 each, the colours not multiplied by alpha. Rows begin `stride` bytes
+// apart, stride >= 4 * width. A picture that isn't marked as having alpha is opaque, whatever its
+// alpha bytes hold.
+class Picture : public Object {
+ public:
+  // The largest pixel storage that a picture may have, in bytes.
+  static constexpr std::int64_t kMaxBytes = std::int64_t{1} << 30;
+
+  // A picture of `width` x `height` pixels, each at least 1, with storage of its own whose content
+  // is not set. Nil if it would need more than kMaxBytes or memory that there isn't.
+  static Ref<Picture> Create(std::int64_t width, std::int64_t height, bool hasAlpha);
+
+  // A picture over pixels that somebody else made, without a copy. `keeper` owns them and is let
+  // go together with the picture; nobody may change them in the meantime.
+  static Ref<Picture> Wrap(int width, int height, std::ptrdiff_t stride, const std::uint8_t* pixels,
+                           bool hasAlpha, std::shared_ptr<const void> keeper);
+
+  int Width() const { return width_; }
+  int Height() const { return height_; }
+  std::ptrdiff_t Stride() const { return stride_; }
+  bool HasAlpha() const { return hasAlpha_; }
+
+  const std::uint8_t* Row(int y) const { return pixels_ + stride_ * y; }
+  // The row for writing; null for a picture made by Wrap.
+  std::uint8_t* MutableRow(int y) { return own_ == nullptr ? nullptr : own_.get() + stride_ * y; }
+
+ private:
+  Picture() = default;
+
+  int width_ = 0;
+  int height_ = 0;
+  std::ptrdiff_t stride_ = 0;
+  bool hasAlpha_ = false;
+  const std::uint8_t* pixels_ = nullptr;
+  std::unique_ptr<std::uint8_t[]> own_;
+  std::shared_ptr<const void> keeper_;
+};
+
+}  // namespace morvantile
+
+#endif  // MORVANTILE_PLATFORM_IMAGING_PICTURE_H
