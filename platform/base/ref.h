@@ -5,7 +5,6 @@
 
 #include <concepts>
 #include <cstddef>
-#include <cstdint>
 #include <utility>
 
 #include "platform/base/exceptions.h"
@@ -21,12 +20,7 @@ class Object {
   Object& operator=(const Object&) = delete;
 
  protected:
-  virtual ~Object() {
-    if (anchor_ != nullptr) {
-      anchor_->target = nullptr;
-      Anchor::Release(anchor_);
-    }
-  }
+  virtual ~Object();
 
  private:
   template <typename T>
@@ -39,9 +33,7 @@ class Object {
     Object* target;
     std::size_t count;
 
-    static void Release(Anchor* anchor) {
-      if (--anchor->count == 0) delete anchor;
-    }
+    static void Release(Anchor* anchor);
   };
 
   Anchor* AnchorForBackRef() {
