@@ -56,12 +56,12 @@ template <typename T>
 class Ref {
  public:
   Ref() = default;
-  Ref(std::nullptr_t) {}  // NOLINT(google-explicit-constructor): nil is a value of every Ref
+  Ref(std::nullptr_t) {}
   explicit Ref(T* object) : object_(object) { Retain(); }
   Ref(const Ref& other) : object_(other.object_) { Retain(); }
   Ref(Ref&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
   template <std::derived_from<T> U>
-  Ref(const Ref<U>& other) : object_(other.get()) {  // NOLINT(google-explicit-constructor)
+  Ref(const Ref<U>& other) : object_(other.get()) {
     Retain();
   }
   ~Ref() {
@@ -105,10 +105,10 @@ template <typename T>
 class BackRef {
  public:
   BackRef() = default;
-  BackRef(std::nullptr_t) {}  // NOLINT(google-explicit-constructor): nil is a value of every BackRef
-  BackRef(T* target)          // NOLINT(google-explicit-constructor)
+  BackRef(std::nullptr_t) {}
+  BackRef(T* target)
       : anchor_(target == nullptr ? nullptr : static_cast<Object*>(target)->AnchorForBackRef()) {}
-  BackRef(const Ref<T>& target) : BackRef(target.get()) {}  // NOLINT(google-explicit-constructor)
+  BackRef(const Ref<T>& target) : BackRef(target.get()) {}
   BackRef(const BackRef& other) : anchor_(other.anchor_) {
     if (anchor_ != nullptr) ++anchor_->count;
   }
