@@ -1,0 +1,36 @@
+#include "platform/ui/headless_host.h"
+
+#include <utility>
+
+#include "platform/ui/application.h"
+
+namespace morvantile {
+
+void HeadlessHost::SetClipboardPicture(const Ref<Picture>& picture) {
+  clipboardPicture = picture;
+  clipboardText.clear();
+}
+
+void HeadlessHost::SetClipboardText(const std::string& text) {
+  clipboardPicture = nullptr;
+  clipboardText = text;
+}
+
+void HeadlessHost::ShowModal(const Ref<Window>& window) {
+  ++windowsShown;
+  window->UserActivated();
+  if (!scripts.empty()) {
+    const std::function<void(Window&)> script = std::move(scripts.front());
+    scripts.pop_front();
+    script(*window);
+  }
+  window->Close();
+}
+
+int HeadlessHost::Run(Application& application) {
+  application.Event_Open();
+  application.Event_Close();
+  return status_;
+}
+
+}  // namespace morvantile

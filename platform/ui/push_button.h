@@ -1,0 +1,28 @@
+#ifndef MORVANTILE_PLATFORM_UI_PUSH_BUTTON_H
+#define MORVANTILE_PLATFORM_UI_PUSH_BUTTON_H
+
+#include <functional>
+#include <string>
+
+#include "platform/ui/control.h"
+
+namespace morvantile {
+
+// A button. Return presses the default button of a window, Escape its cancel button.
+class PushButton : public Control {
+ public:
+  std::string Caption;
+  bool Default = false;
+  bool Cancel = false;
+
+  std::function<void(PushButton&)> Action;
+
+  // The user pressed the button, with the mouse or a key.
+  void UserPress() {
+    if (Enabled) Raise(Action, *this);
+  }
+};
+
+}  // namespace morvantile
+
+#endif  // MORVANTILE_PLATFORM_UI_PUSH_BUTTON_H
