@@ -53,11 +53,11 @@ void Window::RectangleChanged() {
   if (peer_ != nullptr) peer_->WindowChanged();
 }
 
-Ref<PushButton> Window::DefaultButton() const {
+Ref<PushButton> Window::FindDefaultButton() const {
   return FirstButton(controls_, &PushButton::Default);
 }
 
-Ref<PushButton> Window::CancelButtonOrNil() const {
+Ref<PushButton> Window::FindCancelButton() const {
   return FirstButton(controls_, &PushButton::Cancel);
 }
 
@@ -96,7 +96,7 @@ void Window::UserKeyDown(const std::string& key) {
 }
 
 void Window::UserClose() {
-  const Ref<PushButton> cancel = CancelButtonOrNil();
+  const Ref<PushButton> cancel = FindCancelButton();
   if (!CloseButton && cancel != nullptr) {
     cancel->UserPress();
   } else {

@@ -65,8 +65,8 @@ class Window : public Object {
 
   const std::vector<Ref<Control>>& Controls() const { return controls_; }
   // The first button with Default, or with Cancel, set; nil if there is none.
-  Ref<PushButton> DefaultButton() const;
-  Ref<PushButton> CancelButtonOrNil() const;
+  Ref<PushButton> FindDefaultButton() const;
+  Ref<PushButton> FindCancelButton() const;
   // The control that has the focus when the window is shown; nil leaves it to the tab order.
   Ref<Control> InitialFocus;
 

@@ -1,0 +1,75 @@
+#include "dialogs/info_window.h"
+
+#include "platform/ui/application.h"
+#include "platform/ui/localized.h"
+#include "platform/ui/show_url.h"
+
+namespace morvantile {
+
+Ref<InfoWindow> InfoWindow::Instance() {
+  static BackRef<InfoWindow> instance;
+  return OpenWindow(instance);
+}
+
+void InfoWindow::Layout() {
+  SetWidth(318);
+  SetHeight(225);
+  Frame = 3;
+  CloseButton = true;
+  Resizeable = false;
+  MinimizeButton = false;
+}
+
+void InfoWindow::CreateControls() { CreateControls0(); }
+
+void InfoWindow::CreateControls0() {
+  label1_ = AddControl<Label>("Label1", 72, 16, 173, 41);
+  label1_->TabIndex = 1;
+  label1_->SetText("Morvantile");
+  label1_->TextAlign = Label::kAlignCenter;
+  label1_->TextFont = "Arial Black";
+  label1_->TextSize = 16;
+
+  label2_ = AddControl<Label>("Label2", 109, 64, 100, 20);
+  label2_->TabIndex = 2;
+  label2_->SetText(Localized("by") + " " + MORVANTILE_AUTHOR);
+  label2_->TextAlign = Label::kAlignCenter;
+  label2_->TextFont = "SmallSystem";
+
+  label3_ = AddControl<PrefixedLabel>("Label3", 121, 96, 68, 20);
+  label3_->TabIndex = 3;
+  label3_->SetText(Localized("Version "));
+  label3_->TextFont = "SmallSystem";
+  label3_->Open = [this](PrefixedLabel& label) { Label3_Open(label); };
+
+  static const Ref<ResourcePicture> kLogo = New<ResourcePicture>("LogoPicture");
+  canvas1_ = AddControl<Canvas>("Canvas1", 109, 166, 100, 39);
+  canvas1_->Backdrop = kLogo;
+  canvas1_->TabIndex = 4;
+
+  urlLabel_ = AddControl<Label>("URLLabel", 20, 128, 278, 20);
+  urlLabel_->TabIndex = 5;
+  urlLabel_->SetText(MORVANTILE_URL);
+  urlLabel_->TextAlign = Label::kAlignCenter;
+  urlLabel_->TextFont = "SmallSystem";
+  urlLabel_->TextColor = 0x0000FF;
+  urlLabel_->MouseDown = [this](Label& label, int x, int y) {
+    return URLLabel_MouseDown(label, x, y);
+  };
+}
+
+void InfoWindow::Label3_Open(PrefixedLabel& label) { label.SetSuffix(Application::Version()); }
+
+bool InfoWindow::URLLabel_MouseDown(Label& label, int /*x*/, int /*y*/) {
+  ShowURL(label.Text());
+  return false;
+}
+
+void InfoWindow::Event_Open() { CenterOnFirstScreen(); }
+
+bool InfoWindow::Event_KeyDown(const std::string& /*key*/) {
+  Close();
+  return false;
+}
+
+}  // namespace morvantile

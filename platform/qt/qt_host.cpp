@@ -1,0 +1,158 @@
+#include "platform/qt/qt_host.h"
+
+#include <malloc.h>
+#include <unistd.h>
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QEventLoop>
+#include <QIcon>
+#include <QMessageBox>
+#include <QScreen>
+#include <QTimer>
+#include <QUrl>
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <utility>
+
+#include "platform/base/exceptions.h"
+#include "platform/qt/clipboard_qt.h"
+#include "platform/qt/theme.h"
+#include "platform/qt/window_widget.h"
+#include "platform/ui/application.h"
+
+namespace morvantile {
+namespace {
+
+// Keeps an exception that a handler lets out, and ends all event loops for it: the toolkit itself
+// can't carry it.
+class GuardedApplication : public QApplication {
+ public:
+  using QApplication::QApplication;
+
+  bool notify(QObject* receiver, QEvent* event) override {
+    try {
+      return QApplication::notify(receiver, event);
+    } catch (...) {
+      escaped_ = std::current_exception();
+      exit(1);
+      return true;
+    }
+  }
+
+  void RethrowEscaped() {
+    if (escaped_) std::rethrow_exception(std::exchange(escaped_, nullptr));
+  }
+
+ private:
+  std::exception_ptr escaped_;
+};
+
+// The toolkit's talk is nothing for the user; only what ends the program is said, in one line.
+void SayOnlyWhatIsFatal(QtMsgType type, const QMessageLogContext& /*context*/,
+                        const QString& message) {
+  if (type != QtFatalMsg) return;
+  const QByteArray line = message.section('\n', 0, 0).toLocal8Bit();
+  std::fprintf(stderr, "morvantile: %s\n", line.constData());
+  _exit(1);
+}
+
+bool IsSet(const char* variable) {
+  const char* value = std::getenv(variable);
+  return value != nullptr && *value != '\0';
+}
+
+void RequireDesktop() {
+  if (IsSet("DISPLAY") || IsSet("WAYLAND_DISPLAY") || IsSet("QT_QPA_PLATFORM")) return;
+  throw RuntimeException("there is no desktop to show a window on");
+}
+
+}  // namespace
+
+struct QtHost::State {
+  State(int& argumentCount, char** arguments) : application(argumentCount, arguments) {}
+
+  GuardedApplication application;
+  QtClipboard clipboard;
+  StayBehind* stayBehind = nullptr;
+  int argc = 0;
+};
+
+QtHost::QtHost(int argc, char** argv, StayBehind& stayBehind) {
+  RequireDesktop();
+  qInstallMessageHandler(SayOnlyWhatIsFatal);
+  QGuiApplication::setDesktopFileName("morvantile");
+  QCoreApplication::setApplicationName("Morvantile");
+  static int argumentCount = argc;
+  state_ = std::make_unique<State>(argumentCount, argv);
+  state_->stayBehind = &stayBehind;
+  QApplication::setQuitOnLastWindowClosed(false);
+  QApplication::setWindowIcon(QIcon(":/morvantile.png"));
+  FollowDesktopTheme();
+}
+
+QtHost::~QtHost() = default;
+
+int QtHost::Run(Application& application) {
+  QTimer::singleShot(0, &state_->application, [&application] { application.Event_Open(); });
+  const int status = QApplication::exec();
+  state_->application.RethrowEscaped();
+  application.Event_Close();
+  if (!state_->clipboard.Owned()) return status;
+
+  state_->clipboard.Forget();
+  malloc_trim(0);
+  state_->stayBehind->LetGo(status);
+  state_->clipboard.ServeUntilTakenOver();
+  return status;
+}
+
+void QtHost::Quit(int status) { QApplication::exit(status); }
+
+void QtHost::ShowModal(const Ref<Window>& window) {
+  WindowWidget widget(window, QApplication::activeModalWidget());
+  QEventLoop loop;
+  widget.onClosed = [&loop] { loop.quit(); };
+  widget.show();
+  widget.raise();
+  widget.activateWindow();
+  loop.exec(QEventLoop::DialogExec);
+  state_->application.RethrowEscaped();
+}
+
+Ref<Picture> QtHost::ClipboardPicture() { return state_->clipboard.ReadPicture(); }
+
+void QtHost::SetClipboardPicture(const Ref<Picture>& picture) {
+  state_->clipboard.WritePicture(picture);
+}
+
+std::string QtHost::ClipboardText() { return state_->clipboard.ReadText(); }
+
+void QtHost::SetClipboardText(const std::string& text) { state_->clipboard.WriteText(text); }
+
+std::vector<ScreenGeometry> QtHost::Screens() {
+  std::vector<ScreenGeometry> screens;
+  for (const QScreen* screen : QGuiApplication::screens()) {
+    const QSize whole = screen->size();
+    const QRect free = screen->availableGeometry();
+    screens.push_back(
+        {whole.width(), whole.height(), free.x(), free.y(), free.width(), free.height()});
+  }
+  return screens;
+}
+
+void QtHost::ShowMessage(const std::string& text) {
+  QMessageBox::information(QApplication::activeModalWidget(),
+                           QApplication::applicationDisplayName(), QString::fromStdString(text));
+}
+
+void QtHost::OpenAddress(const std::string& address) {
+  QDesktopServices::openUrl(QUrl::fromUserInput(QString::fromStdString(address)));
+}
+
+std::string QtHost::Translate(const std::string& text) {
+  return QCoreApplication::translate("Morvantile", text.c_str()).toStdString();
+}
+
+}  // namespace morvantile
