@@ -1,0 +1,153 @@
+#include "tests/platform/imaging/reference.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <memory>
+#include <numbers>
+#include <random>
+
+namespace morvantile {
+namespace {
+
+double Lanczos3(double x) {
+  if (x == 0) return 1;
+  if (std::abs(x) >= 3) return 0;
+  const double angle = std::numbers::pi * x;
+  return 3 * std::sin(angle) * std::sin(angle / 3) / (angle * angle);
+}
+
+// Every sample along the axis for every result sample: plain rather than fast.
+std::vector<std::vector<double>> Weights(int from, int to) {
+  const double scale = static_cast<double>(from) / to;
+  const double widening = std::max(1.0, scale);
+  std::vector<std::vector<double>> all;
+  for (int i = 0; i < to; ++i) {
+    std::vector<double> weights;
+    double sum = 0;
+    for (int j = 0; j < from; ++j) {
+      weights.push_back(Lanczos3(((j + 0.5) - (i + 0.5) * scale) / widening));
+      sum += weights.back();
+    }
+    for (double& weight : weights) weight /= sum;
+    all.push_back(weights);
+  }
+  return all;
+}
+
+ExactPixel PremultipliedPixel(const Picture& picture, int x, int y) {
+  const std::uint8_t* bytes = picture.Row(y) + std::ptrdiff_t{4} * x;
+  const double alpha = picture.HasAlpha() ? bytes[3] : 255;
+  return {bytes[0] * alpha / 255, bytes[1] * alpha / 255, bytes[2] * alpha / 255, alpha};
+}
+
+ExactPixel Straight(const ExactPixel& pixel) {
+  if (pixel[3] <= 0) return {};
+  ExactPixel straight{};
+  for (std::size_t c = 0; c < 3; ++c)
+    straight[c] = std::clamp(pixel[c] * 255 / pixel[3], 0.0, 255.0);
+  straight[3] = std::min(pixel[3], 255.0);
+  return straight;
+}
+
+void Add(const ExactPixel& pixel, double weight, ExactPixel& sum) {
+  for (std::size_t c = 0; c < 4; ++c) sum[c] += weight * pixel[c];
+}
+
+std::vector<ExactPixel> WeightedRows(const Picture& picture, const std::vector<double>& weights) {
+  std::vector<ExactPixel> row(static_cast<std::size_t>(picture.Width()));
+  for (int y = 0; y < picture.Height(); ++y) {
+    const double weight = weights[static_cast<std::size_t>(y)];
+    if (weight == 0) continue;
+    for (int x = 0; x < picture.Width(); ++x) {
+      Add(PremultipliedPixel(picture, x, y), weight, row[static_cast<std::size_t>(x)]);
+    }
+  }
+  return row;
+}
+
+std::string Described(const char* what, int x, int y, const std::uint8_t* got,
+                      const ExactPixel& want) {
+  std::string text = std::string(what) + " at " + std::to_string(x) + ", " + std::to_string(y);
+  for (std::size_t c = 0; c < 4; ++c) {
+    text += (c == 0 ? ": " : "; ") + std::to_string(got[c]) + " for " + std::to_string(want[c]);
+  }
+  return text;
+}
+
+bool IsClose(const std::uint8_t* got, const ExactPixel& want) {
+  if (std::abs(got[3] - want[3]) > 1) return false;
+  for (std::size_t c = 0; c < 3; ++c) {
+    const double difference =
+        got[3] == 255 ? got[c] - want[c] : (got[c] * got[3] - want[c] * want[3]) / 255;
+    if (std::abs(difference) > 1) return false;
+  }
+  return true;
+}
+
+void Fill(Content content, int x, int y, std::minstd_rand& random, std::uint8_t* bytes) {
+  const auto byte = [&] { return static_cast<std::uint8_t>(random() >> 16); };
+  switch (content) {
+    case Content::kNoise:
+      for (std::size_t c = 0; c < 4; ++c) bytes[c] = byte();
+      break;
+    case Content::kStripes:
+      for (std::size_t c = 0; c < 3; ++c)
+        bytes[c] = (x + y * static_cast<int>(c)) % 2 == 0 ? 0 : 255;
+      bytes[3] = x % 8 < 6 ? 255 : 0;
+      break;
+    case Content::kBlocks:
+      for (std::size_t c = 0; c < 4; ++c)
+        bytes[c] = (x / (7 + static_cast<int>(c)) + y / 5) % 2 == 0 ? 255 : 0;
+      break;
+    case Content::kGradient:
+      bytes[0] = static_cast<std::uint8_t>(x);
+      bytes[1] = static_cast<std::uint8_t>(y);
+      bytes[2] = static_cast<std::uint8_t>(x + y);
+      bytes[3] = static_cast<std::uint8_t>(std::min(255, 2 * x));
+      break;
+  }
+}
+
+}  // namespace
+
+std::vector<ExactPixel> ExactlyResampled(const Picture& source, int width, int height) {
+  const auto across = Weights(source.Width(), width);
+  std::vector<ExactPixel> exact;
+  for (const std::vector<double>& down : Weights(source.Height(), height)) {
+    const std::vector<ExactPixel> row = WeightedRows(source, down);
+    for (const std::vector<double>& weights : across) {
+      ExactPixel sum{};
+      for (std::size_t i = 0; i < row.size(); ++i) Add(row[i], weights[i], sum);
+      exact.push_back(Straight(sum));
+    }
+  }
+  return exact;
+}
+
+std::string FirstDifference(const Picture& result, const std::vector<ExactPixel>& exact) {
+  auto want = exact.begin();
+  for (int y = 0; y < result.Height(); ++y) {
+    for (int x = 0; x < result.Width(); ++x, ++want) {
+      const std::uint8_t* got = result.Row(y) + std::ptrdiff_t{4} * x;
+      if (!IsClose(got, *want)) return Described("more than a level off", x, y, got, *want);
+    }
+  }
+  return "";
+}
+
+Ref<Picture> Sample(Content content, int width, int height, bool hasAlpha, int padding) {
+  const std::ptrdiff_t stride = std::ptrdiff_t{4} * width + padding;
+  const std::ptrdiff_t size = stride * height - padding;
+  const auto bytes = std::make_shared<std::vector<std::uint8_t>>(static_cast<std::size_t>(size),
+                                                                 std::uint8_t{0xA5});
+  std::minstd_rand random(42);
+  for (int y = 0; y < height; ++y) {
+    for (int x = 0; x < width; ++x) {
+      Fill(content, x, y, random, bytes->data() + stride * y + std::ptrdiff_t{4} * x);
+    }
+  }
+  return Picture::Wrap(width, height, stride, bytes->data(), hasAlpha, bytes);
+}
+
+}  // namespace morvantile
