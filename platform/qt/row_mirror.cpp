@@ -73,6 +73,7 @@ void RowMirror::WidgetSelected() {
 
 std::vector<std::string> RowMirror::WidgetRow(int row) const {
   std::vector<std::string> cells;
+  cells.reserve(static_cast<std::size_t>(columns_));
   for (int column = 0; column < columns_; ++column) cells.push_back(TextAt(*model_, row, column));
   return cells;
 }
