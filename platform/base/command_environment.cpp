@@ -7,7 +7,7 @@
 #include <string_view>
 #include <system_error>
 
-extern char** environ;
+extern char** environ;  // NOLINT(readability-redundant-declaration): not declared everywhere
 
 namespace morvantile {
 namespace {

@@ -57,9 +57,7 @@ std::string PathOfOpenFile(int file) { return "/proc/self/fd/" + std::to_string(
 }  // namespace
 
 FileReplacement::FileReplacement(std::string target, Durability durability)
-    : target_(std::move(target)),
-      durability_(durability),
-      buffer_(std::make_unique_for_overwrite<char[]>(kBufferSize)) {}
+    : target_(std::move(target)), durability_(durability), buffer_(kBufferSize) {}
 
 std::unique_ptr<FileReplacement> FileReplacement::Begin(const std::string& target, Links links,
                                                         Durability durability) {
@@ -116,7 +114,7 @@ void FileReplacement::SetPermissions(mode_t mode) {
 }
 
 void FileReplacement::AppendPastBuffer(std::string_view bytes) {
-  WriteToFile({buffer_.get(), std::exchange(used_, 0)});
+  WriteToFile({buffer_.data(), std::exchange(used_, 0)});
   if (bytes.size() > kBufferSize) return WriteToFile(bytes);
   Append(bytes);
 }
@@ -130,7 +128,7 @@ void FileReplacement::WriteToFile(std::string_view bytes) {
 }
 
 bool FileReplacement::Commit() {
-  WriteToFile({buffer_.get(), std::exchange(used_, 0)});
+  WriteToFile({buffer_.data(), std::exchange(used_, 0)});
   if (failed_) return false;
   if (durability_ == Durability::kSynced && fsync(file_) != 0) return false;
   if (new_name_.empty() && !LinkUnderNewName()) return false;

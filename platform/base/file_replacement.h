@@ -10,6 +10,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace morvantile {
 
@@ -50,7 +51,7 @@ class FileReplacement {
   // Adds to the content. A failure shows in Commit.
   void Append(std::string_view bytes) {
     if (bytes.size() > kBufferSize - used_) return AppendPastBuffer(bytes);
-    if (!bytes.empty()) std::memcpy(buffer_.get() + used_, bytes.data(), bytes.size());
+    if (!bytes.empty()) std::memcpy(buffer_.data() + used_, bytes.data(), bytes.size());
     used_ += bytes.size();
   }
 
@@ -78,7 +79,7 @@ class FileReplacement {
   Durability durability_;
   int file_ = -1;
   bool failed_ = false;
-  std::unique_ptr<char[]> buffer_;
+  std::vector<char> buffer_;
   std::size_t used_ = 0;
 };
 

@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 #include "platform/base/private_folder.h"
 
@@ -32,11 +33,11 @@ std::string AbsolutePathOf(std::string_view path) {
 
 bool CopyBytes(int from, FileReplacement& to) {
   constexpr std::size_t kPiece = std::size_t{256} * 1024;
-  const std::unique_ptr<char[]> piece = std::make_unique_for_overwrite<char[]>(kPiece);
+  std::vector<char> piece(kPiece);
   for (;;) {
-    const ssize_t size = read(from, piece.get(), kPiece);
+    const ssize_t size = read(from, piece.data(), kPiece);
     if (size == 0) return true;
-    if (size > 0) to.Append({piece.get(), static_cast<std::size_t>(size)});
+    if (size > 0) to.Append({piece.data(), static_cast<std::size_t>(size)});
     if (size < 0 && errno != EINTR) return false;
   }
 }
@@ -46,7 +47,9 @@ bool CopyBytes(int from, FileReplacement& to) {
 FolderItem::FolderItem(std::string_view path) : path_(AbsolutePathOf(path)) {}
 
 FolderItem::FolderItem(const FolderItem& other)
-    : Object(), path_(other.path_), private_folder_(other.private_folder_) {}
+    : Object(),  // NOLINT(readability-redundant-member-init): the compiler asks for it
+      path_(other.path_),
+      private_folder_(other.private_folder_) {}
 
 FolderItem::FolderItem(std::string path, std::shared_ptr<PrivateFolder> private_folder)
     : path_(std::move(path)), private_folder_(std::move(private_folder)) {}

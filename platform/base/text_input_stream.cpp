@@ -27,10 +27,7 @@ Ref<TextInputStream> TextInputStream::Open(const Ref<FolderItem>& file) {
   return Ref<TextInputStream>(new TextInputStream(opened));
 }
 
-TextInputStream::TextInputStream(int file)
-    : file_(file),
-      buffer_(std::make_unique_for_overwrite<char[]>(kFirstCapacity)),
-      capacity_(kFirstCapacity) {}
+TextInputStream::TextInputStream(int file) : file_(file), buffer_(kFirstCapacity) {}
 
 TextInputStream::~TextInputStream() { Close(); }
 
@@ -48,7 +45,7 @@ bool TextInputStream::ReadLine(std::string_view& line) {
   // A CR that ends the buffer may have its LF behind it; Fill moves the line to the front.
   if (EndOfLine() + 1 == end_ && buffer_[EndOfLine()] == '\r') Fill();
   const std::size_t line_end = EndOfLine();
-  line = {buffer_.get() + position_, line_end - position_};
+  line = {buffer_.data() + position_, line_end - position_};
   MoveTo(std::min(line_end + LengthOfLineEnd(line_end), end_));
   return true;
 }
@@ -70,10 +67,10 @@ void TextInputStream::MoveTo(std::size_t position) {
 }
 
 void TextInputStream::Find(Mark& mark, std::size_t from) {
-  const void* found = std::memchr(buffer_.get() + from, mark.byte, end_ - from);
+  const void* found = std::memchr(buffer_.data() + from, mark.byte, end_ - from);
   mark.at = found == nullptr
                 ? end_
-                : static_cast<std::size_t>(static_cast<const char*>(found) - buffer_.get());
+                : static_cast<std::size_t>(static_cast<const char*>(found) - buffer_.data());
 }
 
 bool TextInputStream::Fill() {
@@ -81,7 +78,7 @@ bool TextInputStream::Fill() {
   MakeRoom();
   ssize_t size = 0;
   do {
-    size = read(file_, buffer_.get() + end_, capacity_ - end_);
+    size = read(file_, buffer_.data() + end_, buffer_.size() - end_);
   } while (size < 0 && errno == EINTR);
   failed_ = size < 0;
   if (size <= 0) return false;
@@ -94,14 +91,8 @@ bool TextInputStream::Fill() {
 
 void TextInputStream::MakeRoom() {
   const std::size_t unread = end_ - position_;
-  if (unread > capacity_ / 2) {
-    capacity_ *= 2;
-    auto larger = std::make_unique_for_overwrite<char[]>(capacity_);
-    std::memcpy(larger.get(), buffer_.get() + position_, unread);
-    buffer_ = std::move(larger);
-  } else {
-    std::memmove(buffer_.get(), buffer_.get() + position_, unread);
-  }
+  std::memmove(buffer_.data(), buffer_.data() + position_, unread);
+  if (unread > buffer_.size() / 2) buffer_.resize(2 * buffer_.size());
   line_feed_.at -= position_;
   carriage_return_.at -= position_;
   position_ = 0;
@@ -115,7 +106,7 @@ std::string TextInputStream::ReadAll() {
     rest.reserve(static_cast<std::size_t>(status.st_size));
   }
   while (!AtEOF()) {
-    rest.append(buffer_.get() + position_, end_ - position_);
+    rest.append(buffer_.data() + position_, end_ - position_);
     MoveTo(end_);
   }
   return rest;

@@ -4,9 +4,9 @@
 #define MORVANTILE_PLATFORM_BASE_TEXT_INPUT_STREAM_H
 
 #include <cstddef>
-#include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/base/folder_item.h"
 #include "platform/base/ref.h"
@@ -61,8 +61,7 @@ class TextInputStream : public Object {
 
   int file_;
   bool failed_ = false;
-  std::unique_ptr<char[]> buffer_;
-  std::size_t capacity_;
+  std::vector<char> buffer_;
   std::size_t position_ = 0;
   std::size_t end_ = 0;
   Mark line_feed_{'\n'};
