@@ -45,7 +45,7 @@ constexpr int kPixelBytes = 4;
 // with alpha is 255 * 255 >> kAlphaCut.
 constexpr int kOpaqueBits = 6;
 constexpr int kAlphaCut = 2;
-constexpr double kAlphaScale = 255.0 / (1 << kAlphaCut);
+constexpr int kFullAlpha = 255 * 255 >> kAlphaCut;
 
 // The columns of vectors that Down takes at a time are never more than this.
 constexpr int kMostColumnsAtOnce = 16;
@@ -131,7 +131,7 @@ alignas(16) constexpr std::uint8_t kColours[2][16] = {
 alignas(16) constexpr std::uint8_t kAlphas[2][16] = {
     {3, 128, 7, 128, 3, 128, 7, 128, 3, 128, 7, 128, 3, 128, 7, 128},
     {11, 128, 15, 128, 11, 128, 15, 128, 11, 128, 15, 128, 11, 128, 15, 128}};
-alignas(16) constexpr std::int16_t kFullAlpha[8] = {0, 0, 0, 0, 0, 0, 255, 255};
+alignas(16) constexpr std::int16_t kAlphaFill[8] = {0, 0, 0, 0, 0, 0, 255, 255};
 
 // Converts a chunk of one group: `rows` in the order of the tile.
 template <bool kAlpha>
@@ -140,14 +140,14 @@ HWY_INLINE void ConvertChunk(const std::uint8_t* const* rows, std::ptrdiff_t off
   for (int pair = 0; pair < kChunkPixels / 2; ++pair) {
     const auto colours = hn::LoadDup128(d8, kColours[pair]);
     const auto alphas = hn::LoadDup128(d8, kAlphas[pair]);
-    const V16 fullAlpha = hn::LoadDup128(d16, kFullAlpha);
+    const V16 fill = hn::LoadDup128(d16, kAlphaFill);
     for (int slot = 0; slot < kGroupRows; slot += kBlocks) {
       const auto pixels = LoadBlocks(d8, rows + slot, offset);
       V16 v = hn::BitCast(d16, hn::TableLookupBytesOr0(pixels, colours));
       if constexpr (kAlpha) {
         const V16 alpha = hn::BitCast(d16, hn::TableLookupBytesOr0(pixels, alphas));
         const hn::RebindToUnsigned<D16> du16;
-        const auto product = hn::Mul(hn::Or(v, fullAlpha), alpha);
+        const auto product = hn::Mul(hn::Or(v, fill), alpha);
         v = hn::BitCast(d16, hn::ShiftRight<kAlphaCut>(hn::BitCast(du16, product)));
       }
       hn::Store(v, d16, tile + pair * kTilePair + slot * kBlock);
@@ -299,16 +299,16 @@ HWY_INLINE hn::VFromD<D8> OpaquePixels(const Sums& sums, int cut) {
   return hn::Or(bytes, hn::BitCast(d8, alpha));
 }
 
-// For each pixel of premultiplied channels 0 to 255, what its colours are to be multiplied with:
-// the alpha of pixel i of four vectors stands in the lane i of a block.
-HWY_INLINE VF FactorsOfColour(VF v0, VF v1, VF v2, VF v3) {
+// What the sums of each pixel are to be multiplied with to become colours, as lane i of a block for
+// the pixel of vector i: 0 for one whose alpha is `faint` or less.
+HWY_INLINE VF ColourFactors(VF v0, VF v1, VF v2, VF v3, float faint) {
   const hn::Repartition<double, DF> d64;
   const VF upper01 = hn::InterleaveUpper(df, v0, v1);
   const VF upper23 = hn::InterleaveUpper(df, v2, v3);
   const VF alpha = hn::BitCast(
       df, hn::InterleaveUpper(d64, hn::BitCast(d64, upper01), hn::BitCast(d64, upper23)));
   const VF factor = hn::Div(hn::Set(df, 255.0F), alpha);
-  return hn::IfThenElseZero(hn::Gt(alpha, hn::Set(df, 0.5F)), factor);
+  return hn::IfThenElseZero(hn::Gt(alpha, hn::Set(df, faint)), factor);
 }
 
 // The nearest whole number, by the rounding of a sum too large for fractions.
@@ -317,18 +317,18 @@ HWY_INLINE V32 Nearest(VF v) {
   return hn::Sub(hn::BitCast(d32, hn::Add(v, large)), hn::BitCast(d32, large));
 }
 
-// The pixels of a picture with alpha; `scale` makes its sums premultiplied channels 0 to 255.
-HWY_INLINE hn::VFromD<D8> AlphaPixels(const Sums& sums, float scale) {
-  const auto scaled = [&](V32 v) { return hn::Mul(hn::ConvertTo(df, v), hn::Set(df, scale)); };
-  const VF v0 = scaled(sums.v0);
-  const VF v1 = scaled(sums.v1);
-  const VF v2 = scaled(sums.v2);
-  const VF v3 = scaled(sums.v3);
-  const VF factors = FactorsOfColour(v0, v1, v2, v3);
+// The pixels of a picture with alpha whose sums are at most `full`, but for overshooting.
+HWY_INLINE hn::VFromD<D8> AlphaPixels(const Sums& sums, float full) {
   alignas(16) constexpr std::int32_t kAlphaLane[4] = {0, 0, 0, -1};
   const auto isAlpha = hn::MaskFromVec(hn::BitCast(df, hn::LoadDup128(d32, kAlphaLane)));
+  const VF scale = hn::Set(df, 255.0F / full);
+  const VF v0 = hn::ConvertTo(df, sums.v0);
+  const VF v1 = hn::ConvertTo(df, sums.v1);
+  const VF v2 = hn::ConvertTo(df, sums.v2);
+  const VF v3 = hn::ConvertTo(df, sums.v3);
+  const VF factors = ColourFactors(v0, v1, v2, v3, full / 510.0F);
   const auto straight = [&](VF v, VF factor) {
-    return Nearest(hn::IfThenElse(isAlpha, v, hn::Mul(v, factor)));
+    return Nearest(hn::Mul(v, hn::IfThenElse(isAlpha, scale, factor)));
   };
   return PackedBytes(
       {straight(v0, hn::Broadcast<0>(factors)), straight(v1, hn::Broadcast<1>(factors)),
@@ -367,11 +367,12 @@ HWY_INLINE void StorePixels(hn::VFromD<D8> pixels, int count, std::uint8_t* to) 
   for (int i = 0; i < count * kPixelBytes; ++i) to[i] = bytes[i];
 }
 
+// Adds the share to a result row.
 template <bool kAlpha, bool kExcess>
-HWY_NOINLINE void DownRow(const Task& task, const Share& share, int y) {
+void DownRow(const Task& task, const Share& share, int y) {
   const Filter& filter = task.resampling->down;
   const int bits = filter.bits - filter.excess;
-  const float scale = static_cast<float>(1 / (kAlphaScale * (1 << bits)));
+  const float full = static_cast<float>(kFullAlpha) * static_cast<float>(1 << bits);
   const int count = task.columns.end - task.columns.begin;
   std::int32_t* kept = task.sums;
   if (task.sumRows > 0) kept += task.pitch * (y % task.sumRows);
@@ -384,7 +385,7 @@ HWY_NOINLINE void DownRow(const Task& task, const Share& share, int y) {
       StoreSums(sums, kept + 4 * x);
       continue;
     }
-    const auto pixels = kAlpha ? AlphaPixels(sums, scale) : OpaquePixels(sums, bits + kOpaqueBits);
+    const auto pixels = kAlpha ? AlphaPixels(sums, full) : OpaquePixels(sums, bits + kOpaqueBits);
     StorePixels(pixels, count - x, to + std::ptrdiff_t{kPixelBytes} * x);
   }
 }
