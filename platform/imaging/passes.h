@@ -11,12 +11,15 @@
 
 namespace morvantile {
 
-// A picture, what is to be made of it, and how.
+// What is to be made of a picture: another, of the size that the filters lead to.
 struct Resampling {
   const Picture* source;
-  Picture* result;
   Filter across;
   Filter down;
+  Picture* result = nullptr;
+
+  int Width() const { return static_cast<int>(across.first.size()); }
+  int Height() const { return static_cast<int>(down.first.size()); }
 };
 
 // Columns of the result, those from `begin` up to `end` without it.

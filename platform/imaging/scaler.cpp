@@ -20,8 +20,11 @@ namespace {
 constexpr int kMostThreads = 16;
 // Pixels, of source and result together, below which waking a worker costs more than it gains.
 constexpr std::int64_t kPixelsForThreads = 32 << 10;
-// The memory that a thread works in: a part of its core's own cache.
-constexpr std::size_t kWorkBytes = 256 << 10;
+// What a thread may work in, in bytes: a part of its core's own cache, and all threads together a
+// part of the source, but not too little to work at all.
+constexpr std::int64_t kMostWork = 256 << 10;
+constexpr std::int64_t kLeastWork = 128 << 10;
+constexpr std::int64_t kPartOfSource = 32;
 // The fewest columns that a thread takes at a time, unless there are fewer.
 constexpr int kFewestColumns = 16;
 
@@ -45,8 +48,8 @@ Ref<Picture> Copy(const Picture& source) {
   return copy;
 }
 
-std::int64_t Pixels(const Picture& picture) {
-  return std::int64_t{picture.Width()} * picture.Height();
+Resampling ResamplingOf(const Picture& source, int width, int height) {
+  return {&source, LanczosFilter(source.Width(), width), LanczosFilter(source.Height(), height)};
 }
 
 // How the columns of the result are shared out.
@@ -54,23 +57,30 @@ struct Plan {
   int threads;
   int columns;  // at a time
   std::size_t workBytes;
+
+  std::size_t AllBytes() const { return workBytes * static_cast<std::size_t>(threads); }
 };
 
 Plan PlanFor(const Resampling& resampling, int threads) {
-  const int width = resampling.result->Width();
-  if (Pixels(*resampling.source) + Pixels(*resampling.result) < kPixelsForThreads) threads = 1;
-  int pieces = threads;
+  const int width = resampling.Width();
+  const std::int64_t sourcePixels =
+      std::int64_t{resampling.source->Width()} * resampling.source->Height();
+  if (sourcePixels + std::int64_t{width} * resampling.Height() < kPixelsForThreads) threads = 1;
+  const auto mostWork = static_cast<std::size_t>(
+      std::clamp(4 * sourcePixels / kPartOfSource / threads, kLeastWork, kMostWork));
+
   Plan plan{};
-  for (;;) {
-    plan.columns = (width + pieces - 1) / pieces;
-    plan.columns = (plan.columns + kFewestColumns - 1) / kFewestColumns * kFewestColumns;
-    plan.columns = std::min(plan.columns, width);
+  for (int pieces = threads;; pieces += threads) {
+    plan.columns = std::min(width, std::max(kFewestColumns, (width + pieces - 1) / pieces));
     plan.workBytes = WorkBytes(resampling, plan.columns);
-    if (plan.workBytes <= kWorkBytes || plan.columns <= kFewestColumns) break;
-    pieces += threads;
+    if (plan.workBytes <= mostWork || plan.columns <= kFewestColumns) break;
   }
   plan.threads = std::min(threads, (width + plan.columns - 1) / plan.columns);
   return plan;
+}
+
+std::size_t FilterBytes(const Filter& filter) {
+  return filter.first.size() * sizeof(int) + filter.weights.size() * sizeof(std::int32_t);
 }
 
 struct AlignedDelete {
@@ -87,23 +97,27 @@ Memory AlignedMemory(std::size_t bytes) {
 }
 
 void Run(const Resampling& resampling, const Plan& plan) {
-  const std::size_t stride =
-      (plan.workBytes + kWorkAlignment - 1) / kWorkAlignment * kWorkAlignment;
-  const Memory memory = AlignedMemory(stride * static_cast<std::size_t>(plan.threads));
-  const int width = resampling.result->Width();
+  const Memory memory = AlignedMemory(plan.AllBytes());
   std::atomic<int> next{0};
   const std::function<void(int)> work = [&](int thread) {
-    std::uint8_t* own = memory.get() + stride * static_cast<std::size_t>(thread);
+    std::uint8_t* own = memory.get() + plan.workBytes * static_cast<std::size_t>(thread);
     for (;;) {
-      const int begin = next.fetch_add(1) * plan.columns;
-      if (begin >= width) return;
-      ResampleColumns(resampling, {begin, std::min(begin + plan.columns, width)}, own);
+      const std::int64_t begin = std::int64_t{next.fetch_add(1)} * plan.columns;
+      if (begin >= resampling.Width()) return;
+      const std::int64_t end = std::min<std::int64_t>(begin + plan.columns, resampling.Width());
+      ResampleColumns(resampling, {static_cast<int>(begin), static_cast<int>(end)}, own);
     }
   };
   SharedWorkers().Run(plan.threads - 1, work);
 }
 
 }  // namespace
+
+std::size_t WorkingBytes(const Picture& source, int width, int height, int threads) {
+  const Resampling resampling = ResamplingOf(source, width, height);
+  return FilterBytes(resampling.across) + FilterBytes(resampling.down) +
+         PlanFor(resampling, threads).AllBytes();
+}
 
 Ref<Picture> ResampleWithThreads(const Ref<Picture>& source, std::int64_t width,
                                  std::int64_t height, int threads) {
@@ -115,9 +129,8 @@ Ref<Picture> ResampleWithThreads(const Ref<Picture>& source, std::int64_t width,
   Ref<Picture> result = Picture::Create(width, height, source->HasAlpha());
   if (result == nullptr) return nullptr;
   try {
-    const Resampling resampling{source.get(), result.get(),
-                                LanczosFilter(source->Width(), result->Width()),
-                                LanczosFilter(source->Height(), result->Height())};
+    Resampling resampling = ResamplingOf(*source, result->Width(), result->Height());
+    resampling.result = result.get();
     Run(resampling, PlanFor(resampling, threads));
   } catch (const std::bad_alloc&) {
     return nullptr;

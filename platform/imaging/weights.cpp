@@ -19,23 +19,36 @@ constexpr int kSumBits = 16;
 // The samples from `begin` up to `end` without it.
 struct Range {
   int begin, end;
+
+  int Size() const { return end - begin; }
 };
 
 // How the two axes lie to each other.
-struct Geometry {
-  int sourceSize;
-  double scale;      // source samples per result sample
-  double reduction;  // the same, but at least 1
+class Geometry {
+ public:
+  Geometry(int sourceSize, int resultSize)
+      : sourceSize_(sourceSize),
+        scale_(static_cast<double>(sourceSize) / resultSize),
+        reduction_(std::max(scale_, 1.0)),
+        support_(kLobes * reduction_ * (1 - 1e-9)) {}
 
-  double Centre(int i) const { return (i + 0.5) * scale - 0.5; }
+  // Source samples per result sample, but at least 1.
+  double Reduction() const { return reduction_; }
+  // Where a result sample lies among those of the source.
+  double Centre(int i) const { return (i + 0.5) * scale_ - 0.5; }
+  // The source samples less than the support of the filter away from there.
   Range Window(int i) const {
-    const double support = kLobes * reduction;
     const double centre = Centre(i);
-    // The filter is 0 at the ends of its support. A tiny bit inside, rounding can't let them in.
-    const double inside = 1e-9 * support;
-    return {std::max(0, static_cast<int>(std::ceil(centre - support + inside))),
-            std::min(sourceSize - 1, static_cast<int>(std::floor(centre + support - inside))) + 1};
+    const int begin = centre < support_ ? 0 : static_cast<int>(centre - support_) + 1;
+    const int end = std::min(sourceSize_, static_cast<int>(centre + support_) + 1);
+    return {begin, end};
   }
+
+ private:
+  int sourceSize_;
+  double scale_;
+  double reduction_;
+  double support_;  // a tiny bit short, so that rounding lets no sample in where the filter is 0
 };
 
 double Sinc(double x) {
@@ -59,7 +72,8 @@ class Lanczos {
   double operator()(double x) const {
     const double position = std::abs(x) * kSteps;
     const auto step = static_cast<std::size_t>(position);
-    return std::lerp(points_[step], points_[step + 1], position - static_cast<double>(step));
+    const double fraction = position - static_cast<double>(step);
+    return points_[step] + (points_[step + 1] - points_[step]) * fraction;
   }
 
  private:
@@ -72,39 +86,39 @@ int PairsIn(Range window, int offset) {
 }
 
 // Sets `offset`, `pairs` and `sourcePairs`.
-void ChoosePairing(const Geometry& geometry, int resultSize, Filter& filter) {
+void ChoosePairing(const std::vector<Range>& windows, int sourceSize, Filter& filter) {
   std::array<int, 2> longest{};
-  for (int i = 0; i < resultSize; ++i) {
-    const Range window = geometry.Window(i);
+  for (const Range window : windows) {
     longest[0] = std::max(longest[0], PairsIn(window, 0));
     longest[1] = std::max(longest[1], PairsIn(window, 1));
   }
   filter.offset = longest[1] < longest[0] ? 1 : 0;
   filter.pairs = std::min(longest[0], longest[1]);
-  filter.sourcePairs = (geometry.sourceSize + filter.offset + 1) / 2;
+  filter.sourcePairs = (sourceSize + filter.offset + 1) / 2;
 }
 
 // Weights are at most about 1.3 / reduction: near an end of the source those that are missing may
 // be negative ones.
-void ChooseBits(const Geometry& geometry, Filter& filter) {
-  filter.bits = 14 + std::ilogb(geometry.reduction);
-  if (geometry.reduction < kLongWindow) filter.bits = std::min(filter.bits, kSumBits);
+void ChooseBits(double reduction, Filter& filter) {
+  filter.bits = 14 + std::ilogb(reduction);
+  if (reduction < kLongWindow) filter.bits = std::min(filter.bits, kSumBits);
   filter.excess = std::max(0, filter.bits - kSumBits);
 }
 
-// Rounds the running sum of the weights, rather than the weights, so that they sum up exactly.
-void StoreRounded(const std::vector<double>& weights, int bits, int lead, std::int32_t* pairs) {
-  double sum = 0;
-  for (const double weight : weights) sum += weight;
-  const double factor = std::ldexp(1.0, bits) / sum;
-  double running = 0;
-  std::int64_t stored = 0;
-  for (std::size_t i = 0; i < weights.size(); ++i) {
+// Stores weights that sum up to `sum` as fixed-point numbers that sum up to exactly 1 << bits: it
+// is their running sum that is rounded. The first goes to the sample `position` of the window.
+void StoreWeights(const double* weights, int count, double sum, int bits, int position,
+                  std::int32_t* pairs) {
+  const double one = std::ldexp(1.0, bits);
+  const double factor = one / sum;
+  // From 1 on, the running sum stays positive, where conversion to an integer rounds down.
+  double running = one + 0.5;
+  auto stored = static_cast<std::int64_t>(one);
+  for (int i = 0; i < count; ++i, ++position) {
     running += weights[i] * factor;
-    const auto upToHere = static_cast<std::int64_t>(std::floor(running + 0.5));
-    const auto weight = static_cast<std::uint16_t>(upToHere - stored);
-    stored = upToHere;
-    const std::size_t position = i + static_cast<std::size_t>(lead);
+    const auto rounded = static_cast<std::int64_t>(running);
+    const auto weight = static_cast<std::uint16_t>(rounded - stored);
+    stored = rounded;
     pairs[position / 2] |= static_cast<std::int32_t>(std::uint32_t{weight} << (position % 2 * 16));
   }
 }
@@ -113,26 +127,32 @@ void StoreRounded(const std::vector<double>& weights, int bits, int lead, std::i
 
 Filter LanczosFilter(int sourceSize, int resultSize) {
   static const Lanczos lanczos;
-  const double scale = static_cast<double>(sourceSize) / resultSize;
-  const Geometry geometry{sourceSize, scale, std::max(scale, 1.0)};
+  const Geometry geometry(sourceSize, resultSize);
+  std::vector<Range> windows;
+  windows.reserve(static_cast<std::size_t>(resultSize));
+  for (int i = 0; i < resultSize; ++i) windows.push_back(geometry.Window(i));
+
   Filter filter;
-  ChoosePairing(geometry, resultSize, filter);
-  ChooseBits(geometry, filter);
-  filter.first.reserve(static_cast<std::size_t>(resultSize));
-  filter.weights.resize(static_cast<std::size_t>(resultSize) *
-                        static_cast<std::size_t>(filter.pairs));
+  ChoosePairing(windows, sourceSize, filter);
+  ChooseBits(geometry.Reduction(), filter);
+  filter.first.reserve(windows.size());
+  filter.weights.resize(windows.size() * static_cast<std::size_t>(filter.pairs));
+  std::vector<double> weights(2 * static_cast<std::size_t>(filter.pairs));
+  const double perSample = 1 / geometry.Reduction();
   std::int32_t* pairs = filter.weights.data();
-  std::vector<double> weights;
   for (int i = 0; i < resultSize; ++i, pairs += filter.pairs) {
-    const Range window = geometry.Window(i);
-    weights.clear();
-    for (int j = window.begin; j < window.end; ++j) {
-      weights.push_back(lanczos((j - geometry.Centre(i)) / geometry.reduction));
+    const Range window = windows[static_cast<std::size_t>(i)];
+    const double distance = window.begin - geometry.Centre(i);
+    double sum = 0;
+    for (int j = 0; j < window.Size(); ++j) {
+      const double weight = lanczos((distance + j) * perSample);
+      weights[static_cast<std::size_t>(j)] = weight;
+      sum += weight;
     }
-    const int first =
-        std::min((window.begin + filter.offset) / 2, filter.sourcePairs - filter.pairs);
+    const int begin = window.begin + filter.offset;
+    const int first = std::min(begin / 2, filter.sourcePairs - filter.pairs);
     filter.first.push_back(first);
-    StoreRounded(weights, filter.bits, window.begin + filter.offset - 2 * first, pairs);
+    StoreWeights(weights.data(), window.Size(), sum, filter.bits, begin - 2 * first, pairs);
   }
   return filter;
 }

@@ -24,8 +24,7 @@ Workers::~Workers() {
 
 void Workers::Run(int helpers, const std::function<void(int)>& work) {
   helpers = std::min(helpers, static_cast<int>(threads_.size()));
-  const std::unique_lock busy(busy_, std::try_to_lock);
-  if (helpers < 1 || !busy.owns_lock()) {
+  if (helpers < 1 || busy_.exchange(true)) {
     work(0);
     return;
   }
@@ -40,6 +39,7 @@ void Workers::Run(int helpers, const std::function<void(int)>& work) {
   std::unique_lock lock(mutex_);
   wanted_ = 0;
   done_.wait(lock, [this] { return running_ == 0; });
+  busy_ = false;
 }
 
 void Workers::Serve() {

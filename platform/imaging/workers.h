@@ -3,6 +3,7 @@
 #ifndef MORVANTILE_PLATFORM_IMAGING_WORKERS_H
 #define MORVANTILE_PLATFORM_IMAGING_WORKERS_H
 
+#include <atomic>
 #include <condition_variable>
 #include <functional>
 #include <mutex>
@@ -29,7 +30,7 @@ class Workers {
  private:
   void Serve();
 
-  std::mutex busy_;  // held by the call that the workers help
+  std::atomic<bool> busy_ = false;  // some call has the workers' help
   std::mutex mutex_;
   std::condition_variable wake_;
   std::condition_variable done_;
