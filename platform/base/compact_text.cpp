@@ -7,6 +7,7 @@ void CompactText::StoreOutside(std::string_view text) {
   char* const block = new char[sizeof size + size];
   std::memcpy(block, &size, sizeof size);
   std::memcpy(block + sizeof size, text.data(), size);
+  if (IsOutside()) ReleaseOutside();
   std::memcpy(bytes_.data(), &block, sizeof block);
   bytes_[kInside] = kOutsideMark;
 }

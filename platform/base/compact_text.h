@@ -11,28 +11,35 @@
 
 namespace morvantile {
 
-// An immutable text in 16 bytes: up to 15 bytes of text stand in the object, a longer text in one
+// A text in 16 bytes: up to 15 bytes of text stand in the object, a longer text in one
 // block of the heap. It exists because trees hold millions of short texts.
 class CompactText {
  public:
   CompactText() noexcept = default;
-  explicit CompactText(std::string_view text) {
-    if (text.size() > kInside) {
-      StoreOutside(text);
-    } else if (!text.empty()) {
-      std::memcpy(bytes_.data(), text.data(), text.size());
-      bytes_[kInside] = static_cast<char>(text.size());
-    }
-  }
+  explicit CompactText(std::string_view text) { Assign(text); }
   CompactText(CompactText&& other) noexcept : bytes_(other.bytes_) { other.bytes_ = {}; }
   CompactText& operator=(CompactText&& other) noexcept {
-    bytes_.swap(other.bytes_);
+    const auto own = bytes_;
+    bytes_ = other.bytes_;
+    other.bytes_ = own;
     return *this;
   }
   CompactText(const CompactText&) = delete;
   CompactText& operator=(const CompactText&) = delete;
   ~CompactText() {
     if (IsOutside()) ReleaseOutside();
+  }
+
+  // Takes another text, which may be a part of its own.
+  void Assign(std::string_view text) {
+    if (text.size() > kInside) {
+      StoreOutside(text);
+    } else if (IsOutside()) {
+      *this = CompactText(text);
+    } else {
+      if (!text.empty()) std::memmove(bytes_.data(), text.data(), text.size());
+      bytes_[kInside] = static_cast<char>(text.size());
+    }
   }
 
   // The text; the bytes belong to the object and go, or move, with it.

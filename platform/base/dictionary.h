@@ -97,7 +97,7 @@ class Dictionary {
   };
 
   static constexpr std::size_t kNone = KeyIndex::kNone;
-  static constexpr std::size_t kMostWithoutIndex = 8;
+  static constexpr std::size_t kMostWithoutIndex = 16;
 
   // The number that the key is the text of, as Str gives it; or kNone.
   static std::size_t NumberIn(std::string_view key);
@@ -105,6 +105,7 @@ class Dictionary {
   std::size_t PositionOf(std::string_view key) const;
   std::size_t PositionOf(std::string_view key, std::uint32_t hash) const;
   T& Append(std::string_view key, std::uint32_t hash);
+  void Grow();
   void LeaveNumbering();
   void RebuildIndex();
   void RemoveAt(std::size_t at);
@@ -153,9 +154,9 @@ std::size_t Dictionary<T>::PositionOf(std::string_view key, std::uint32_t hash) 
 
 template <typename T>
 T& Dictionary<T>::Append(std::string_view key, std::uint32_t hash) {
-  if (slots_.size() == kNone) throw std::length_error("Dictionary");
+  if (slots_.size() == slots_.capacity()) Grow();
   Slot& slot = slots_.emplace_back();
-  slot.key = CompactText(key);
+  slot.key.Assign(key);
   slot.hash = hash;
   ++live_;
   if (!index_.IsEmpty()) {
@@ -164,6 +165,14 @@ T& Dictionary<T>::Append(std::string_view key, std::uint32_t hash) {
     RebuildIndex();
   }
   return slot.value;
+}
+
+template <typename T>
+void Dictionary<T>::Grow() {
+  constexpr std::size_t kFirst = 2;
+  constexpr std::size_t kSecond = 8;
+  if (slots_.size() == kNone) throw std::length_error("Dictionary");
+  slots_.reserve(slots_.empty() ? kFirst : std::max(kSecond, slots_.size() * 2));
 }
 
 template <typename T>
