@@ -27,8 +27,11 @@ Character CharacterAt(std::string_view text, std::size_t at);
 // stays "ß" and differs from "ss". Stray bytes stay as they are.
 std::string Folded(std::string_view text);
 
+// Whether the two, which are not equal, have the same folding.
+bool SameFolding(std::string_view a, std::string_view b);
+
 // Whether the two have the same folding.
-bool SameText(std::string_view a, std::string_view b);
+inline bool SameText(std::string_view a, std::string_view b) { return a == b || SameFolding(a, b); }
 
 // A hash of the folding of `text`: the same for all texts that are the same to SameText. It differs
 // from one run of the program to the next.

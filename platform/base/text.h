@@ -72,6 +72,10 @@ std::string Str(double value);
 // their range. "inf", "infinity" and "nan" count as numbers if nothing but blanks follows.
 double CDbl(std::string_view text);
 
+// The number that the text begins with, as CDbl reads it, without its fraction. All digits of a
+// 64-bit integer count; a number beyond their range gives the nearest of them.
+std::int64_t CInt64(std::string_view text);
+
 // Whether the whole text, blanks around it apart, is a number in digits as CDbl reads it.
 bool ReadsAsNumber(std::string_view text);
 

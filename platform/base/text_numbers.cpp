@@ -90,6 +90,15 @@ SignedText SplitSign(std::string_view text) {
   return {text.starts_with('-') ? -1.0 : 1.0, text.substr(has_sign ? 1 : 0)};
 }
 
+// The integer that the whole text is, without a plus or blanks.
+std::optional<std::int64_t> ReadInteger(std::string_view text) {
+  std::int64_t value = 0;
+  const char* const end = text.data() + text.size();
+  const auto [stop, status] = std::from_chars(text.data(), end, value);
+  if (status != std::errc() || stop != end) return std::nullopt;
+  return value;
+}
+
 template <typename Number, typename... Layout>
 std::string Digits(Number value, Layout... layout) {
   std::array<char, 350> digits{};
@@ -115,6 +124,15 @@ double CDbl(std::string_view text) {
   if (const auto digits = ReadDigits(number.magnitude)) return number.sign * digits->value;
   if (const auto word = ReadWord(number.magnitude)) return number.sign * *word;
   return 0;
+}
+
+// A double has not enough bits for all integers, so plain digits are read as they are.
+std::int64_t CInt64(std::string_view text) {
+  if (const auto integer = ReadInteger(text)) return *integer;
+  const SignedText number = SplitSign(WithoutBlanks(text));
+  const auto magnitude = ReadInteger(number.magnitude);
+  if (magnitude && *magnitude >= 0) return number.sign < 0 ? -*magnitude : *magnitude;
+  return Truncate(CDbl(text));
 }
 
 bool ReadsAsNumber(std::string_view text) {

@@ -64,6 +64,17 @@ TEST(CDbl, GoesToTheEndsOfTheRange) {
   EXPECT_EQ(CDbl("0." + std::string(400, '0') + "1e99999999999"), kInfinity);
 }
 
+TEST(CInt64, KeepsAllDigitsAndDropsTheFraction) {
+  EXPECT_EQ(CInt64("9007199254740993"), 9007199254740993);
+  EXPECT_EQ(CInt64(" +9223372036854775807\r"), INT64_MAX);
+  EXPECT_EQ(CInt64("-9223372036854775809"), INT64_MIN);
+  EXPECT_EQ(CInt64("-3.7"), -3);
+  EXPECT_EQ(CInt64("1e3"), 1000);
+  EXPECT_EQ(CInt64("+-5"), 0);
+  EXPECT_EQ(CInt64("&hFF"), 255);
+  EXPECT_EQ(CInt64("abc"), 0);
+}
+
 TEST(ReadsAsNumber, WantsTheWholeText) {
   for (const char* text : {"1", "-1", " 1.5 ", "1e3", "&hA"}) EXPECT_TRUE(ReadsAsNumber(text));
   for (const char* text : {"", "1a", "Inf", "nan", "1 2", "&h"}) EXPECT_FALSE(ReadsAsNumber(text));
