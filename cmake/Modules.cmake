@@ -37,12 +37,13 @@ function(morvantile_module name)
   target_link_libraries(${name} PUBLIC morvantile_options ${arg_LINKS})
 endfunction()
 
-# morvantile_test(name SOURCES file... LINKS target...)
+# morvantile_test(name SOURCES file... LINKS target... [ENVIRONMENT name=value...])
 #
 # A GoogleTest program of the folder it is declared in; each of its tests is one of ctest.
 function(morvantile_test name)
-  cmake_parse_arguments(arg "" "" "SOURCES;LINKS" ${ARGN})
+  cmake_parse_arguments(arg "" "" "SOURCES;LINKS;ENVIRONMENT" ${ARGN})
   add_executable(${name} ${arg_SOURCES})
   target_link_libraries(${name} PRIVATE ${arg_LINKS} GTest::gmock GTest::gtest_main)
-  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 120)
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 120
+                                                                 ENVIRONMENT "${arg_ENVIRONMENT}")
 endfunction()

@@ -99,6 +99,7 @@ Ref<Picture> PictureOver(const QImage& image) {
 }
 
 Ref<Picture> DecodePicture(QByteArray encoded) {
+  const QuietStandardError quiet;
   QBuffer buffer(&encoded);
   buffer.open(QIODevice::ReadOnly);
   QImageReader::setAllocationLimit(static_cast<int>(Picture::kMaxBytes / kMegabyte));
@@ -107,7 +108,6 @@ Ref<Picture> DecodePicture(QByteArray encoded) {
   reader.setAutoTransform(true);
   if (IsTooLarge(reader.size())) return nullptr;
   QImage image;
-  const QuietStandardError quiet;
   if (!reader.read(&image) || IsTooLarge(image.size())) return nullptr;
   return PictureOver(image);
 }
