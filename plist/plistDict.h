@@ -11,6 +11,8 @@
 #include "platform/base/color.h"
 #include "platform/base/date.h"
 #include "platform/base/ref.h"
+#include "platform/base/text_input_stream.h"
+#include "platform/base/text_output_stream.h"
 #include "platform/base/variant.h"
 #include "plist/entries.h"
 
@@ -77,6 +79,24 @@ class plistDict : public Object {
   // The last result of AbsolutePath.
   std::string path;
 
+  // Makes the node an empty one with that name, kind, parent and document; its children stay, and
+  // so do the marks in `searched`. Then, if `read` is set, reads its body from the stream, up to
+  // its end tag or the end of the stream. The stream may be null if `read` isn't set.
+  //
+  // The text is read by lines; see docs/hacking.md for the rules. In short: one element or one
+  // <key> on a line, whatever its leading blanks. The name of an element becomes the type of the
+  // key and its text the value, verbatim but for "&lt;" and "&gt;"; <true/> and <false/> become a
+  // "boolean". Keys are not decoded. A value may span lines, which its text then holds with Chr(13)
+  // behind each, without leading blanks; only those of <data> are joined. Elements that are not
+  // closed as they should be swallow what follows, up to the end tag of the node. Nothing is
+  // rejected and nothing reported: bad input makes a smaller tree, and all that stands in front of
+  // it stays.
+  virtual void Load(TextInputStream* stream, std::string_view ownName, bool asArray,
+                    const BackRef<plistDict>& above, const BackRef<plist>& document, bool read);
+
+  // The text without the control characters and blanks at its left end.
+  virtual std::string StripAll(std::string_view text);
+
   // The sub-node of that key, added as an empty dict if the key is free. Nil, with the report
   // "Child exists: " + name + " already exists", if the key holds a scalar. Where a file has
   // repeated a key, the first of its nodes. Leaves the report alone if it adds nothing.
@@ -91,6 +111,12 @@ class plistDict : public Object {
 
   // The sub-node whose key is that number; nil if there is none, without a report.
   virtual Ref<plistDict> index(std::int64_t number);
+
+  // Writes the entries of the node, and all below them, as XML text that Load reads: each line
+  // behind as many tabs as `depth` says, none if it is 0 or less, and in the order of the keys.
+  // Texts are written as they are, with "<" and ">" escaped; keys are not escaped. An entry without
+  // a text is written with an empty one. Errors show in the stream's Close.
+  virtual void Write(TextOutputStream& out, std::int64_t depth);
 
   // As GetValue.
   virtual std::string GetString(std::string_view key, std::string_view standard);
@@ -205,9 +231,18 @@ class plistDict : public Object {
   virtual std::string GetString(std::string_view key);
   virtual std::string GetValue(std::string_view key);
 
+  // The text with "<" and ">" as "&lt;" and "&gt;", and back. Nothing else is changed.
+  virtual std::string BracketsToCode(std::string_view text);
+  virtual std::string CodeToBrackets(std::string_view text);
+
   // Sets the document's report, or clears it with false and "". With the document's `debug` on, a
   // report is shown as well.
   virtual void SetError(bool flag, const std::string& message);
+
+  // Adds to the text on the clipboard what Write writes, with Chr(13) at the end of each line, and
+  // with a line "<search/>" behind each key that has a mark in `searched`, "<nosearch/>" behind
+  // those without.
+  virtual void Dump(std::int64_t depth);
 
   // Colours are stored as a "string" of six hexadecimal digits, two for each of red, green and
   // blue; the fourth channel is not stored and reads as 0. GetColor takes the first two, the two
@@ -252,6 +287,9 @@ class plistDict : public Object {
   void RenameChild(const Entry& entry, const std::string& key);
 
   void BuildPath();
+
+  friend class Reader;
+  friend class TreeText;
 
   std::size_t indexedChildren_ = 1;  // as many of childrenNames are known to the entries
 };
