@@ -78,6 +78,10 @@ class Ref {
   // The object, or a null pointer for nil; valid as long as a Ref holds it.
   T* get() const { return object_; }
   explicit operator bool() const { return object_ != nullptr; }
+  // Whether no other Ref holds the object; false for nil.
+  bool IsOnlyOwner() const {
+    return object_ != nullptr && static_cast<const Object*>(object_)->count_ == 1;
+  }
 
   friend bool operator==(const Ref& a, const Ref& b) { return a.object_ == b.object_; }
   friend bool operator==(const Ref& a, std::nullptr_t) { return a.object_ == nullptr; }

@@ -1,18 +1,43 @@
 #include "platform/imaging/scaler.h"
 
 #include <algorithm>
-#include <array>
+#include <atomic>
 #include <cstring>
+#include <functional>
+#include <memory>
 #include <new>
-#include <vector>
+#include <thread>
+#include <utility>
 
+#include "platform/imaging/passes.h"
+#include "platform/imaging/resample_internal.h"
 #include "platform/imaging/weights.h"
+#include "platform/imaging/workers.h"
 
 namespace morvantile {
 namespace {
 
-// One pixel between the passes: premultiplied blue, green, red, and alpha, 0 to 255.
-using Pixel = std::array<float, 4>;
+constexpr int kMostThreads = 16;
+// Pixels, of source and result together, below which waking a worker costs more than it gains.
+constexpr std::int64_t kPixelsForThreads = 32 << 10;
+// What a thread may work in, in bytes: a part of its core's own cache, and all threads together a
+// part of the source, but not too little to work at all.
+constexpr std::int64_t kMostWork = 256 << 10;
+constexpr std::int64_t kLeastWork = 128 << 10;
+constexpr std::int64_t kPartOfSource = 32;
+// The fewest columns that a thread takes at a time, unless there are fewer.
+constexpr int kFewestColumns = 16;
+
+int Threads() {
+  static const int threads =
+      std::clamp(static_cast<int>(std::thread::hardware_concurrency()), 1, kMostThreads);
+  return threads;
+}
+
+Workers& SharedWorkers() {
+  static Workers workers(Threads() - 1);
+  return workers;
+}
 
 Ref<Picture> Copy(const Picture& source) {
   Ref<Picture> copy = Picture::Create(source.Width(), source.Height(), source.HasAlpha());
@@ -23,64 +48,79 @@ Ref<Picture> Copy(const Picture& source) {
   return copy;
 }
 
-Pixel Premultiplied(const std::uint8_t* bytes, bool hasAlpha) {
-  const float alpha = hasAlpha ? bytes[3] : 255;
-  const float factor = alpha / 255;
-  return {bytes[0] * factor, bytes[1] * factor, bytes[2] * factor, alpha};
+Resampling ResamplingOf(const Picture& source, int width, int height) {
+  return {&source, LanczosFilter(source.Width(), width), LanczosFilter(source.Height(), height)};
 }
 
-std::uint8_t Rounded(float value) {
-  return static_cast<std::uint8_t>(std::clamp(value + 0.5F, 0.0F, 255.0F));
-}
+// How the columns of the result are shared out.
+struct Plan {
+  int threads;
+  int columns;  // at a time
+  std::size_t workBytes;
 
-void StoreStraight(const Pixel& pixel, std::uint8_t* bytes) {
-  bytes[3] = Rounded(pixel[3]);
-  for (std::size_t c = 0; c < 3; ++c) {
-    bytes[c] = bytes[3] == 0 ? 0 : Rounded(pixel[c] * 255 / pixel[3]);
+  std::size_t AllBytes() const { return workBytes * static_cast<std::size_t>(threads); }
+};
+
+Plan PlanFor(const Resampling& resampling, int threads) {
+  const int width = resampling.Width();
+  const std::int64_t sourcePixels =
+      std::int64_t{resampling.source->Width()} * resampling.source->Height();
+  if (sourcePixels + std::int64_t{width} * resampling.Height() < kPixelsForThreads) threads = 1;
+  const auto mostWork = static_cast<std::size_t>(
+      std::clamp(4 * sourcePixels / kPartOfSource / threads, kLeastWork, kMostWork));
+
+  Plan plan{};
+  for (int pieces = threads;; pieces += threads) {
+    plan.columns = std::min(width, std::max(kFewestColumns, (width + pieces - 1) / pieces));
+    plan.workBytes = WorkBytes(resampling, plan.columns);
+    if (plan.workBytes <= mostWork || plan.columns <= kFewestColumns) break;
   }
+  plan.threads = std::min(threads, (width + plan.columns - 1) / plan.columns);
+  return plan;
 }
 
-template <typename At>
-Pixel WeightedSum(const Window& window, At at) {
-  Pixel sum{};
-  for (std::size_t i = 0; i < window.weights.size(); ++i) {
-    const Pixel pixel = at(window.first + static_cast<int>(i));
-    for (std::size_t c = 0; c < 4; ++c) sum[c] += static_cast<float>(window.weights[i]) * pixel[c];
+std::size_t FilterBytes(const Filter& filter) {
+  return filter.first.size() * sizeof(int) + filter.weights.size() * sizeof(std::int32_t);
+}
+
+struct AlignedDelete {
+  void operator()(std::uint8_t* memory) const {
+    ::operator delete (memory, std::align_val_t{kWorkAlignment});
   }
-  return sum;
+};
+
+using Memory = std::unique_ptr<std::uint8_t, AlignedDelete>;
+
+Memory AlignedMemory(std::size_t bytes) {
+  return Memory(
+      static_cast<std::uint8_t*>(::operator new (bytes, std::align_val_t{kWorkAlignment})));
 }
 
-// The rows of the source in the width of the result.
-std::vector<Pixel> Horizontally(const Picture& source, int width) {
-  std::vector<Pixel> result(static_cast<std::size_t>(width) *
-                            static_cast<std::size_t>(source.Height()));
-  const std::vector<Window> windows = LanczosWindows(source.Width(), width);
-  auto pixel = result.begin();
-  for (int y = 0; y < source.Height(); ++y) {
-    for (const Window& window : windows) {
-      *pixel++ = WeightedSum(window, [&](int x) {
-        return Premultiplied(source.Row(y) + std::ptrdiff_t{4} * x, source.HasAlpha());
-      });
+void Run(const Resampling& resampling, const Plan& plan) {
+  const Memory memory = AlignedMemory(plan.AllBytes());
+  std::atomic<int> next{0};
+  const std::function<void(int)> work = [&](int thread) {
+    std::uint8_t* own = memory.get() + plan.workBytes * static_cast<std::size_t>(thread);
+    for (;;) {
+      const std::int64_t begin = std::int64_t{next.fetch_add(1)} * plan.columns;
+      if (begin >= resampling.Width()) return;
+      const std::int64_t end = std::min<std::int64_t>(begin + plan.columns, resampling.Width());
+      ResampleColumns(resampling, {static_cast<int>(begin), static_cast<int>(end)}, own);
     }
-  }
-  return result;
-}
-
-void Vertically(const std::vector<Pixel>& rows, int sourceHeight, Picture& result) {
-  const auto width = static_cast<std::size_t>(result.Width());
-  int y = 0;
-  for (const Window& window : LanczosWindows(sourceHeight, result.Height())) {
-    std::uint8_t* bytes = result.MutableRow(y++);
-    for (std::size_t x = 0; x < width; ++x, bytes += 4) {
-      const auto at = [&](int row) { return rows[static_cast<std::size_t>(row) * width + x]; };
-      StoreStraight(WeightedSum(window, at), bytes);
-    }
-  }
+  };
+  SharedWorkers().Run(plan.threads - 1, work);
 }
 
 }  // namespace
 
-Ref<Picture> Resample(const Ref<Picture>& source, std::int64_t width, std::int64_t height) {
+std::size_t WorkingBytes(const Picture& source, int width, int height, int threads) {
+  const Resampling resampling = ResamplingOf(source, width, height);
+  return FilterBytes(resampling.across) + FilterBytes(resampling.down) +
+         PlanFor(resampling, threads).AllBytes();
+}
+
+Ref<Picture> ResampleWithThreads(const Ref<Picture>& source, std::int64_t width,
+                                 std::int64_t height, int threads) {
   if (source == nullptr) return nullptr;
   width = std::max<std::int64_t>(width, 1);
   height = std::max<std::int64_t>(height, 1);
@@ -89,11 +129,17 @@ Ref<Picture> Resample(const Ref<Picture>& source, std::int64_t width, std::int64
   Ref<Picture> result = Picture::Create(width, height, source->HasAlpha());
   if (result == nullptr) return nullptr;
   try {
-    Vertically(Horizontally(*source, result->Width()), source->Height(), *result);
+    Resampling resampling = ResamplingOf(*source, result->Width(), result->Height());
+    resampling.result = result.get();
+    Run(resampling, PlanFor(resampling, threads));
   } catch (const std::bad_alloc&) {
     return nullptr;
   }
   return result;
+}
+
+Ref<Picture> Resample(const Ref<Picture>& source, std::int64_t width, std::int64_t height) {
+  return ResampleWithThreads(source, width, height, Threads());
 }
 
 }  // namespace morvantile

@@ -1,13 +1,55 @@
 #include "platform/imaging/weights.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <numbers>
 
 namespace morvantile {
 namespace {
 
-constexpr double kLobes = 3;
+constexpr int kLobes = 3;
+
+// Reductions from here on have windows so long that rounding each of their weights to kSumBits
+// might show.
+constexpr double kLongWindow = 16;
+// The largest `bits` with which a sum of weighted samples fits 32 bits.
+constexpr int kSumBits = 16;
+
+// The samples from `begin` up to `end` without it.
+struct Range {
+  int begin, end;
+
+  int Size() const { return end - begin; }
+};
+
+// How the two axes lie to each other.
+class Geometry {
+ public:
+  Geometry(int sourceSize, int resultSize)
+      : sourceSize_(sourceSize),
+        scale_(static_cast<double>(sourceSize) / resultSize),
+        reduction_(std::max(scale_, 1.0)),
+        support_(kLobes * reduction_ * (1 - 1e-9)) {}
+
+  // Source samples per result sample, but at least 1.
+  double Reduction() const { return reduction_; }
+  // Where a result sample lies among those of the source.
+  double Centre(int i) const { return (i + 0.5) * scale_ - 0.5; }
+  // The source samples less than the support of the filter away from there.
+  Range Window(int i) const {
+    const double centre = Centre(i);
+    const int begin = centre < support_ ? 0 : static_cast<int>(centre - support_) + 1;
+    const int end = std::min(sourceSize_, static_cast<int>(centre + support_) + 1);
+    return {begin, end};
+  }
+
+ private:
+  int sourceSize_;
+  double scale_;
+  double reduction_;
+  double support_;  // a tiny bit short, so that rounding lets no sample in where the filter is 0
+};
 
 double Sinc(double x) {
   if (x == 0) return 1;
@@ -15,32 +57,104 @@ double Sinc(double x) {
   return std::sin(angle) / angle;
 }
 
-double Lanczos(double x) { return std::abs(x) < kLobes ? Sinc(x) * Sinc(x / kLobes) : 0; }
-
-Window WindowAround(double centre, double reduction, int sourceSize) {
-  const double support = kLobes * reduction;
-  Window window;
-  window.first = std::max(0, static_cast<int>(std::floor(centre - support)));
-  const int last = std::min(sourceSize - 1, static_cast<int>(std::ceil(centre + support)));
-  double sum = 0;
-  for (int i = window.first; i <= last; ++i) {
-    window.weights.push_back(Lanczos((i - centre) / reduction));
-    sum += window.weights.back();
+// One side of the filter, worked out once at so many points that the straight line between two of
+// them is off by less than 1e-6.
+class Lanczos {
+ public:
+  Lanczos() {
+    for (int i = 0; i <= kLobes * kSteps; ++i) {
+      const double x = static_cast<double>(i) / kSteps;
+      points_[static_cast<std::size_t>(i)] = Sinc(x) * Sinc(x / kLobes);
+    }
   }
-  for (double& weight : window.weights) weight /= sum;
-  return window;
+
+  // `x` is less than kLobes on either side of 0.
+  double operator()(double x) const {
+    const double position = std::abs(x) * kSteps;
+    const auto step = static_cast<std::size_t>(position);
+    const double fraction = position - static_cast<double>(step);
+    return points_[step] + (points_[step + 1] - points_[step]) * fraction;
+  }
+
+ private:
+  static constexpr int kSteps = 2048;
+  std::array<double, kLobes * kSteps + 2> points_{};
+};
+
+int PairsIn(Range window, int offset) {
+  return ((window.end - 1 + offset) >> 1) - ((window.begin + offset) >> 1) + 1;
+}
+
+// Sets `offset`, `pairs` and `sourcePairs`.
+void ChoosePairing(const std::vector<Range>& windows, int sourceSize, Filter& filter) {
+  std::array<int, 2> longest{};
+  for (const Range window : windows) {
+    longest[0] = std::max(longest[0], PairsIn(window, 0));
+    longest[1] = std::max(longest[1], PairsIn(window, 1));
+  }
+  filter.offset = longest[1] < longest[0] ? 1 : 0;
+  filter.pairs = std::min(longest[0], longest[1]);
+  filter.sourcePairs = (sourceSize + filter.offset + 1) / 2;
+}
+
+// Weights are at most about 1.3 / reduction: near an end of the source those that are missing may
+// be negative ones.
+void ChooseBits(double reduction, Filter& filter) {
+  filter.bits = 14 + std::ilogb(reduction);
+  if (reduction < kLongWindow) filter.bits = std::min(filter.bits, kSumBits);
+  filter.excess = std::max(0, filter.bits - kSumBits);
+}
+
+// Stores weights that sum up to `sum` as fixed-point numbers that sum up to exactly 1 << bits: it
+// is their running sum that is rounded. The first goes to the sample `position` of the window.
+void StoreWeights(const double* weights, int count, double sum, int bits, int position,
+                  std::int32_t* pairs) {
+  const double one = std::ldexp(1.0, bits);
+  const double factor = one / sum;
+  // From 1 on, the running sum stays positive, where conversion to an integer rounds down.
+  double running = one + 0.5;
+  auto stored = static_cast<std::int64_t>(one);
+  for (int i = 0; i < count; ++i, ++position) {
+    running += weights[i] * factor;
+    const auto rounded = static_cast<std::int64_t>(running);
+    const auto weight = static_cast<std::uint16_t>(rounded - stored);
+    stored = rounded;
+    pairs[position / 2] |= static_cast<std::int32_t>(std::uint32_t{weight} << (position % 2 * 16));
+  }
 }
 
 }  // namespace
 
-std::vector<Window> LanczosWindows(int sourceSize, int resultSize) {
-  const double scale = static_cast<double>(sourceSize) / resultSize;
-  std::vector<Window> windows;
+Filter LanczosFilter(int sourceSize, int resultSize) {
+  static const Lanczos lanczos;
+  const Geometry geometry(sourceSize, resultSize);
+  std::vector<Range> windows;
   windows.reserve(static_cast<std::size_t>(resultSize));
-  for (int i = 0; i < resultSize; ++i) {
-    windows.push_back(WindowAround((i + 0.5) * scale - 0.5, std::max(scale, 1.0), sourceSize));
+  for (int i = 0; i < resultSize; ++i) windows.push_back(geometry.Window(i));
+
+  Filter filter;
+  ChoosePairing(windows, sourceSize, filter);
+  ChooseBits(geometry.Reduction(), filter);
+  filter.first.reserve(windows.size());
+  filter.weights.resize(windows.size() * static_cast<std::size_t>(filter.pairs));
+  std::vector<double> weights(2 * static_cast<std::size_t>(filter.pairs));
+  const double perSample = 1 / geometry.Reduction();
+  std::int32_t* pairs = filter.weights.data();
+  for (int i = 0; i < resultSize; ++i, pairs += filter.pairs) {
+    const Range window = windows[static_cast<std::size_t>(i)];
+    const double distance = window.begin - geometry.Centre(i);
+    double sum = 0;
+    for (int j = 0; j < window.Size(); ++j) {
+      const double weight = lanczos((distance + j) * perSample);
+      weights[static_cast<std::size_t>(j)] = weight;
+      sum += weight;
+    }
+    const int begin = window.begin + filter.offset;
+    const int first = std::min(begin / 2, filter.sourcePairs - filter.pairs);
+    filter.first.push_back(first);
+    StoreWeights(weights.data(), window.Size(), sum, filter.bits, begin - 2 * first, pairs);
   }
-  return windows;
+  return filter;
 }
 
 }  // namespace morvantile

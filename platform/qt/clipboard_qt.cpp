@@ -4,54 +4,62 @@
 #include <QEventLoop>
 #include <QGuiApplication>
 #include <QMimeData>
+#include <QTimer>
+#include <QWidget>
+#include <QWindow>
 
+#include "platform/qt/clipboard_formats.h"
 #include "platform/qt/picture_image.h"
 
 namespace morvantile {
 namespace {
 
-// Offers a picture in the formats that everybody reads, and encodes it only when it is asked for.
-class PictureOffer : public QMimeData {
- public:
-  explicit PictureOffer(const Ref<Picture>& picture) : picture_(picture) {}
+constexpr int kFocusPatienceMilliseconds = 1000;
 
-  QStringList formats() const override { return {"image/png", "image/bmp"}; }
+class OfferedPicture : public QMimeData {
+ public:
+  explicit OfferedPicture(const Ref<Picture>& picture) : offer_(picture) {}
+
+  QStringList formats() const override { return PictureOffer::Formats(); }
   bool hasFormat(const QString& format) const override { return formats().contains(format); }
 
  protected:
   QVariant retrieveData(const QString& format, QMetaType /*type*/) const override {
-    if (format == "image/png") {
-      if (png_.isNull()) png_ = EncodePng(picture_);
-      return png_;
-    }
-    if (format == "image/bmp") return EncodeBmp(picture_);
-    return {};
+    return offer_.In(format);
   }
 
  private:
-  Ref<Picture> picture_;
-  mutable QByteArray png_;
+  PictureOffer offer_;
 };
-
-// The picture formats that are offered, those that lose nothing first.
-QStringList PictureFormats(const QMimeData& offer) {
-  QStringList formats;
-  for (const char* lossless : {"image/png", "image/bmp", "image/tiff"}) {
-    if (offer.hasFormat(lossless)) formats << lossless;
-  }
-  for (const QString& format : offer.formats()) {
-    if (format.startsWith("image/") && !formats.contains(format)) formats << format;
-  }
-  return formats;
-}
 
 Ref<Picture> ReadOffer(const QMimeData* offer) {
   if (offer == nullptr) return nullptr;
-  for (const QString& format : PictureFormats(*offer)) {
+  for (const QString& format : PictureFormats(offer->formats())) {
     if (Ref<Picture> picture = DecodePicture(offer->data(format))) return picture;
   }
   return nullptr;
 }
+
+// Wayland shows the clipboard only to the window with the focus, and at the start there is none: a
+// tiny one gets the focus for as long as it takes.
+class FocusOfOurOwn {
+ public:
+  FocusOfOurOwn() : window_(nullptr, Qt::FramelessWindowHint) {
+    if (QGuiApplication::platformName() != "wayland" || QGuiApplication::focusWindow() != nullptr) {
+      return;
+    }
+    window_.setAttribute(Qt::WA_TranslucentBackground);
+    window_.resize(1, 1);
+    window_.show();
+    QEventLoop loop;
+    QObject::connect(qGuiApp, &QGuiApplication::focusWindowChanged, &loop, &QEventLoop::quit);
+    QTimer::singleShot(kFocusPatienceMilliseconds, &loop, &QEventLoop::quit);
+    loop.exec();
+  }
+
+ private:
+  QWidget window_;
+};
 
 }  // namespace
 
@@ -62,6 +70,7 @@ QtClipboard::QtClipboard() {
 
 Ref<Picture> QtClipboard::ReadPicture() {
   if (!known_) {
+    const FocusOfOurOwn focus;
     picture_ = ReadOffer(QGuiApplication::clipboard()->mimeData());
     known_ = true;
   }
@@ -69,18 +78,21 @@ Ref<Picture> QtClipboard::ReadPicture() {
 }
 
 void QtClipboard::WritePicture(const Ref<Picture>& picture) {
-  QGuiApplication::clipboard()->setMimeData(new PictureOffer(picture));
+  QGuiApplication::clipboard()->setMimeData(new OfferedPicture(picture));
 }
 
-std::string QtClipboard::ReadText() const {
-  return QGuiApplication::clipboard()->text().toStdString();
-}
+std::string QtClipboard::ReadText() { return QGuiApplication::clipboard()->text().toStdString(); }
 
 void QtClipboard::WriteText(const std::string& text) {
   QGuiApplication::clipboard()->setText(QString::fromStdString(text));
 }
 
-bool QtClipboard::Owned() const { return QGuiApplication::clipboard()->ownsClipboard(); }
+bool QtClipboard::Owned() { return QGuiApplication::clipboard()->ownsClipboard(); }
+
+void QtClipboard::Forget() {
+  known_ = false;
+  picture_ = nullptr;
+}
 
 void QtClipboard::ServeUntilTakenOver() {
   if (!Owned()) return;
@@ -89,11 +101,6 @@ void QtClipboard::ServeUntilTakenOver() {
     if (!Owned()) loop.quit();
   });
   loop.exec();
-}
-
-void QtClipboard::Forget() {
-  known_ = false;
-  picture_ = nullptr;
 }
 
 }  // namespace morvantile

@@ -1,31 +1,24 @@
-// The clipboard through the toolkit.
-
 #ifndef MORVANTILE_PLATFORM_QT_CLIPBOARD_QT_H
 #define MORVANTILE_PLATFORM_QT_CLIPBOARD_QT_H
 
 #include <string>
 
-#include "platform/imaging/picture.h"
+#include "platform/qt/system_clipboard.h"
 
 namespace morvantile {
 
-// The clipboard as the toolkit gives it. A picture is read and decoded once, and kept until the
-// clipboard changes.
-class QtClipboard {
+// The clipboard as the toolkit gives it: that of X11, and of Wayland for a window with the focus.
+class QtClipboard : public SystemClipboard {
  public:
   QtClipboard();
 
-  Ref<Picture> ReadPicture();
-  void WritePicture(const Ref<Picture>& picture);
-  std::string ReadText() const;
-  void WriteText(const std::string& text);
-
-  // Serves what was written to other programs until one of them takes the clipboard over; returns
-  // at once if nothing was written, or if it has been taken over already.
-  void ServeUntilTakenOver();
-  bool Owned() const;
-  // Lets go of the picture that was read.
-  void Forget();
+  Ref<Picture> ReadPicture() override;
+  void WritePicture(const Ref<Picture>& picture) override;
+  std::string ReadText() override;
+  void WriteText(const std::string& text) override;
+  bool Owned() override;
+  void Forget() override;
+  void ServeUntilTakenOver() override;
 
  private:
   bool known_ = false;

@@ -1,37 +1,19 @@
 #ifndef MORVANTILE_PLATFORM_QT_CONTROL_PEER_H
 #define MORVANTILE_PLATFORM_QT_CONTROL_PEER_H
 
-#include <QString>
-#include <QWidget>
-
-#include "platform/qt/fonts.h"
 #include "platform/ui/control.h"
 
 namespace morvantile {
 
-// What all peers of this host have in common.
-class QtControlPeer : public ControlPeer {
- public:
-  virtual QWidget* Widget() const = 0;
-};
-
-// The peer of a control of class C, shown by a widget of class W.
+// The peer of a control of class C that is shown by a widget of class W. It ties the two together
+// for as long as it lives, and may not outlive the widget by more than its own destruction.
 template <typename C, typename W>
-class PeerOf : public QtControlPeer {
+class PeerOf : public ControlPeer {
  public:
-  PeerOf(C& control, W* widget) : control_(&control), widget_(widget) {
-    control_->AttachPeer(this);
-    widget_->setGeometry(control.Left, control.Top, control.Width, control.Height);
-    widget_->setFont(FontFor(control));
-    widget_->setToolTip(QString::fromStdString(control.HelpTag));
-    widget_->setAccessibleName(QString::fromStdString(control.AccessibleName));
-    widget_->setObjectName(QString::fromStdString(control.Name));
-    widget_->setEnabled(control.Enabled);
-    widget_->setVisible(control.Visible);
-  }
+  PeerOf(C& control, W* widget) : control_(&control), widget_(widget) { control.AttachPeer(this); }
   ~PeerOf() override { control_->AttachPeer(nullptr); }
-
-  QWidget* Widget() const override { return widget_; }
+  PeerOf(const PeerOf&) = delete;
+  PeerOf& operator=(const PeerOf&) = delete;
 
  protected:
   C& control() const { return *control_; }

@@ -1,15 +1,24 @@
 #include "platform/qt/control_widgets.h"
 
+#include <QComboBox>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QSlider>
+#include <QTreeWidget>
+#include <utility>
 
 #include "platform/qt/canvas_widget.h"
 #include "platform/qt/control_peer.h"
+#include "platform/qt/fonts.h"
+#include "platform/qt/row_mirror.h"
+#include "platform/qt/row_selectors.h"
 #include "platform/qt/segment_bar.h"
+#include "platform/qt/value_peers.h"
 #include "platform/ui/canvas.h"
 #include "platform/ui/label.h"
+#include "platform/ui/listbox.h"
+#include "platform/ui/popup_menu.h"
 #include "platform/ui/push_button.h"
 #include "platform/ui/segmented_control.h"
 #include "platform/ui/slider.h"
@@ -21,8 +30,7 @@ constexpr int kSliderTicks = 10;
 
 class ButtonPeer : public PeerOf<PushButton, QPushButton> {
  public:
-  ButtonPeer(PushButton& button, QWidget& parent)
-      : PeerOf(button, new QPushButton(QString::fromStdString(button.Caption), &parent)) {
+  ButtonPeer(PushButton& button, QPushButton* shown) : PeerOf(button, shown) {
     // Return is for the default button, wherever the focus is.
     widget().setAutoDefault(false);
     widget().setDefault(button.Default);
@@ -52,11 +60,10 @@ class LabelWidget : public QLabel {
 
 class LabelPeer : public PeerOf<Label, LabelWidget> {
  public:
-  LabelPeer(Label& label, QWidget& parent) : PeerOf(label, new LabelWidget(label, parent)) {
+  LabelPeer(Label& label, LabelWidget* shown) : PeerOf(label, shown) {
     widget().setAlignment(Alignment());
     if (label.MouseDown) widget().setCursor(Qt::PointingHandCursor);
     if (label.TextColor != Label::kThemeColor) SetColor();
-    LabelPeer::ControlChanged();
   }
 
   void ControlChanged() override {
@@ -104,8 +111,7 @@ QSlider::TickPosition TicksOf(const Slider& slider) {
 
 class SliderPeer : public PeerOf<Slider, QSlider> {
  public:
-  SliderPeer(Slider& slider, QWidget& parent)
-      : PeerOf(slider, new QSlider(Qt::Horizontal, &parent)) {
+  SliderPeer(Slider& slider, QSlider* shown) : PeerOf(slider, shown) {
     widget().setRange(slider.Minimum, slider.Maximum);
     widget().setSingleStep(slider.LineStep);
     widget().setPageStep(slider.PageStep);
@@ -122,39 +128,91 @@ class SliderPeer : public PeerOf<Slider, QSlider> {
 
 class SegmentedPeer : public PeerOf<SegmentedControl, SegmentBar> {
  public:
-  SegmentedPeer(SegmentedControl& segmented, QWidget& parent)
-      : PeerOf(segmented, new SegmentBar(segmented, parent)) {}
-
+  using PeerOf::PeerOf;
   void ControlChanged() override { widget().ShowState(control()); }
 };
 
 class CanvasPeer : public PeerOf<Canvas, CanvasWidget> {
  public:
-  CanvasPeer(Canvas& canvas, QWidget& parent) : PeerOf(canvas, new CanvasWidget(canvas, parent)) {}
-
+  using PeerOf::PeerOf;
   void ControlChanged() override { widget().update(); }
 };
 
-template <typename C, typename P>
-std::unique_ptr<ControlPeer> PeerIf(Control& control, QWidget& parent) {
-  auto* match = dynamic_cast<C*>(&control);
-  if (match == nullptr) return nullptr;
-  return std::make_unique<P>(*match, parent);
+template <typename P, typename C, typename W>
+ShownControl Shown(C& control, W* widget) {
+  return {widget, std::make_unique<P>(control, widget)};
+}
+
+ShownControl ShownRows(ListControl& list, int columns, QAbstractItemModel& model, auto* widget) {
+  auto mirror = std::make_unique<RowMirror>(list, columns, model, SelectorOf(*widget));
+  FollowSelection(*widget, *mirror);
+  return {widget, std::move(mirror)};
+}
+
+ShownControl ShownList(Listbox& list, QWidget& parent) {
+  auto* tree = new QTreeWidget(&parent);
+  tree->setColumnCount(list.ColumnCount());
+  tree->setHeaderHidden(true);
+  tree->setRootIsDecorated(false);
+  return ShownRows(list, list.ColumnCount(), *tree->model(), tree);
+}
+
+ShownControl ShownMenu(PopupMenu& menu, QWidget& parent) {
+  auto* box = new QComboBox(&parent);
+  return ShownRows(menu, 1, *box->model(), box);
+}
+
+// The widget and peer that fit the control's class; null for one that is not known.
+ShownControl Choose(Control& any, QWidget& parent) {
+  if (auto* button = dynamic_cast<PushButton*>(&any)) {
+    return Shown<ButtonPeer>(*button, new QPushButton(&parent));
+  }
+  if (auto* label = dynamic_cast<Label*>(&any)) {
+    return Shown<LabelPeer>(*label, new LabelWidget(*label, parent));
+  }
+  if (auto* slider = dynamic_cast<Slider*>(&any)) {
+    return Shown<SliderPeer>(*slider, new QSlider(Qt::Horizontal, &parent));
+  }
+  if (auto* segmented = dynamic_cast<SegmentedControl*>(&any)) {
+    return Shown<SegmentedPeer>(*segmented, new SegmentBar(*segmented, parent));
+  }
+  if (auto* canvas = dynamic_cast<Canvas*>(&any)) {
+    return Shown<CanvasPeer>(*canvas, new CanvasWidget(*canvas, parent));
+  }
+  if (auto* list = dynamic_cast<Listbox*>(&any)) return ShownList(*list, parent);
+  if (auto* menu = dynamic_cast<PopupMenu*>(&any)) return ShownMenu(*menu, parent);
+  if (auto* field = dynamic_cast<EditField*>(&any)) {
+    return Shown<EditFieldPeer>(*field, new QLineEdit(&parent));
+  }
+  if (auto* box = dynamic_cast<CheckBox*>(&any)) {
+    return Shown<CheckBoxPeer>(*box, new QCheckBox(QString::fromStdString(box->Caption), &parent));
+  }
+  if (auto* radio = dynamic_cast<RadioButton*>(&any)) {
+    auto* widget = new QRadioButton(QString::fromStdString(radio->Caption), &parent);
+    widget->setAutoExclusive(false);  // the RadioGroup sees to that
+    return Shown<RadioButtonPeer>(*radio, widget);
+  }
+  return {nullptr, nullptr};
+}
+
+void Style(const Control& control, QWidget& widget) {
+  widget.setGeometry(control.Left, control.Top, control.Width, control.Height);
+  widget.setFont(FontFor(control));
+  widget.setToolTip(QString::fromStdString(control.HelpTag));
+  widget.setAccessibleName(QString::fromStdString(control.AccessibleName));
+  widget.setObjectName(QString::fromStdString(control.Name));
+  widget.setEnabled(control.Enabled);
+  widget.setVisible(control.Visible);
 }
 
 }  // namespace
 
-std::unique_ptr<ControlPeer> MakePeer(Control& control, QWidget& parent) {
-  for (const auto make :
-       {PeerIf<PushButton, ButtonPeer>, PeerIf<Label, LabelPeer>, PeerIf<Slider, SliderPeer>,
-        PeerIf<SegmentedControl, SegmentedPeer>, PeerIf<Canvas, CanvasPeer>}) {
-    if (auto peer = make(control, parent)) return peer;
-  }
-  return nullptr;
-}
-
-QWidget* WidgetOf(const ControlPeer& peer) {
-  return static_cast<const QtControlPeer&>(peer).Widget();
+ShownControl Show(Control& control, QWidget& parent) {
+  ShownControl shown = Choose(control, parent);
+  if (shown.widget == nullptr) return shown;
+  Style(control, *shown.widget);
+  shown.peer->ControlChanged();
+  return shown;
 }
 
 }  // namespace morvantile

@@ -10,13 +10,16 @@
 
 namespace morvantile {
 
-// Makes the widget that shows the control inside `parent`, and the peer that keeps the two alike
-// for as long as it lives. The widget belongs to `parent` and outlives the peer. Null for a class
-// of control that the host doesn't know.
-std::unique_ptr<ControlPeer> MakePeer(Control& control, QWidget& parent);
+// A control that is shown: the widget, which belongs to its parent, and the peer that keeps the two
+// alike for as long as it lives.
+struct ShownControl {
+  QWidget* widget;
+  std::unique_ptr<ControlPeer> peer;
+};
 
-// The widget of a peer made by MakePeer.
-QWidget* WidgetOf(const ControlPeer& peer);
+// Makes the widget that shows the control inside `parent`. The widget is null for a class of
+// control that the host doesn't know.
+ShownControl Show(Control& control, QWidget& parent);
 
 }  // namespace morvantile
 

@@ -12,12 +12,12 @@
 #include <QTimer>
 #include <QUrl>
 #include <cstdio>
-#include <cstdlib>
 #include <exception>
 #include <utility>
 
 #include "platform/base/exceptions.h"
 #include "platform/qt/clipboard_qt.h"
+#include "platform/qt/desktop_choice.h"
 #include "platform/qt/theme.h"
 #include "platform/qt/window_widget.h"
 #include "platform/ui/application.h"
@@ -58,35 +58,25 @@ void SayOnlyWhatIsFatal(QtMsgType type, const QMessageLogContext& /*context*/,
   _exit(1);
 }
 
-bool IsSet(const char* variable) {
-  const char* value = std::getenv(variable);
-  return value != nullptr && *value != '\0';
-}
-
-void RequireDesktop() {
-  if (IsSet("DISPLAY") || IsSet("WAYLAND_DISPLAY") || IsSet("QT_QPA_PLATFORM")) return;
-  throw RuntimeException("there is no desktop to show a window on");
-}
-
 }  // namespace
 
 struct QtHost::State {
   State(int& argumentCount, char** arguments) : application(argumentCount, arguments) {}
 
   GuardedApplication application;
-  QtClipboard clipboard;
+  std::unique_ptr<SystemClipboard> clipboard;
   StayBehind* stayBehind = nullptr;
-  int argc = 0;
 };
 
 QtHost::QtHost(int argc, char** argv, StayBehind& stayBehind) {
-  RequireDesktop();
+  std::unique_ptr<SystemClipboard> clipboard = ChooseDesktop();
   qInstallMessageHandler(SayOnlyWhatIsFatal);
   QGuiApplication::setDesktopFileName("morvantile");
   QCoreApplication::setApplicationName("Morvantile");
   static int argumentCount = argc;
   state_ = std::make_unique<State>(argumentCount, argv);
   state_->stayBehind = &stayBehind;
+  state_->clipboard = clipboard ? std::move(clipboard) : std::make_unique<QtClipboard>();
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setWindowIcon(QIcon(":/morvantile.png"));
   FollowDesktopTheme();
@@ -99,12 +89,12 @@ int QtHost::Run(Application& application) {
   const int status = QApplication::exec();
   state_->application.RethrowEscaped();
   application.Event_Close();
-  if (!state_->clipboard.Owned()) return status;
+  if (!state_->clipboard->Owned()) return status;
 
-  state_->clipboard.Forget();
+  state_->clipboard->Forget();
   malloc_trim(0);
   state_->stayBehind->LetGo(status);
-  state_->clipboard.ServeUntilTakenOver();
+  state_->clipboard->ServeUntilTakenOver();
   return status;
 }
 
@@ -121,15 +111,15 @@ void QtHost::ShowModal(const Ref<Window>& window) {
   state_->application.RethrowEscaped();
 }
 
-Ref<Picture> QtHost::ClipboardPicture() { return state_->clipboard.ReadPicture(); }
+Ref<Picture> QtHost::ClipboardPicture() { return state_->clipboard->ReadPicture(); }
 
 void QtHost::SetClipboardPicture(const Ref<Picture>& picture) {
-  state_->clipboard.WritePicture(picture);
+  state_->clipboard->WritePicture(picture);
 }
 
-std::string QtHost::ClipboardText() { return state_->clipboard.ReadText(); }
+std::string QtHost::ClipboardText() { return state_->clipboard->ReadText(); }
 
-void QtHost::SetClipboardText(const std::string& text) { state_->clipboard.WriteText(text); }
+void QtHost::SetClipboardText(const std::string& text) { state_->clipboard->WriteText(text); }
 
 std::vector<ScreenGeometry> QtHost::Screens() {
   std::vector<ScreenGeometry> screens;

@@ -13,16 +13,14 @@ namespace {
 constexpr int kPatienceMilliseconds = 200;
 constexpr uint kPreferDark = 1;
 
-bool IsDark(const QPalette& palette) {
-  return palette.color(QPalette::Window).lightness() < 128;
-}
+bool IsDark(const QPalette& palette) { return palette.color(QPalette::Window).lightness() < 128; }
 
 bool DesktopPrefersDark() {
   // Without this variable the bus library would start a bus of its own.
   if (!qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS")) return false;
-  QDBusMessage question = QDBusMessage::createMethodCall(
-      "org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop",
-      "org.freedesktop.portal.Settings", "Read");
+  QDBusMessage question = QDBusMessage::createMethodCall("org.freedesktop.portal.Desktop",
+                                                         "/org/freedesktop/portal/desktop",
+                                                         "org.freedesktop.portal.Settings", "Read");
   question.setArguments({"org.freedesktop.appearance", "color-scheme"});
   question.setAutoStartService(false);
   const QDBusMessage answer =

@@ -49,12 +49,13 @@ WindowWidget::~WindowWidget() { window_->AttachPeer(nullptr); }
 void WindowWidget::MakeControls() {
   std::vector<std::pair<int, QWidget*>> byIndex;
   for (const Ref<Control>& control : window_->Controls()) {
-    std::unique_ptr<ControlPeer> peer = MakePeer(*control, *this);
-    if (peer == nullptr) continue;
-    QWidget* widget = WidgetOf(*peer);
-    for (QWidget* target : FocusTargets(widget)) byIndex.emplace_back(control->TabIndex, target);
-    if (control == window_->InitialFocus) widget->setFocus();
-    peers_.push_back(std::move(peer));
+    ShownControl shown = Show(*control, *this);
+    if (shown.widget == nullptr) continue;
+    for (QWidget* target : FocusTargets(shown.widget)) {
+      byIndex.emplace_back(control->TabIndex, target);
+    }
+    if (control == window_->InitialFocus) shown.widget->setFocus();
+    peers_.push_back(std::move(shown.peer));
   }
   SetTabOrder(std::move(byIndex));
 }

@@ -10,7 +10,8 @@ import time
 from PIL import ImageGrab
 
 from pictures import encoded, landscape
-from virtual_display import VirtualDisplay, until
+from desktop import until
+from virtual_display import VirtualDisplay
 
 DIALOG = 'Clipboard Image Resize'
 KDE = {'XDG_CURRENT_DESKTOP': 'KDE', 'KDE_FULL_SESSION': 'true', 'KDE_SESSION_VERSION': '5'}

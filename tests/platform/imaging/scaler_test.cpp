@@ -145,7 +145,7 @@ TEST(Scaler, IgnoresTheAlphaBytesOfAnOpaquePicture) {
 
 TEST(Scaler, KeepsAUniformPictureUniform) {
   for (const std::array<std::uint8_t, 4> pixel :
-       {std::array<std::uint8_t, 4>{255, 1, 128, 255}, {0, 254, 77, 128}, {90, 200, 255, 3}}) {
+       {std::array<std::uint8_t, 4>{255, 1, 128, 255}, {0, 254, 77, 128}, {100, 200, 255, 51}}) {
     for (const Sizes to : {Sizes{0, 0, 40, 30}, Sizes{0, 0, 7, 5}, Sizes{0, 0, 300, 211}}) {
       const Ref<Picture> result = Resample(Uniform(93, 71, pixel, true), to.width, to.height);
       EXPECT_EQ(PixelBytes(*result), PixelBytes(*Uniform(to.width, to.height, pixel, true)));

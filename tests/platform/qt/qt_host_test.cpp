@@ -5,7 +5,9 @@
 #include <QApplication>
 #include <QTest>
 #include <QTimer>
+#include <array>
 #include <functional>
+#include <memory>
 #include <stdexcept>
 
 #include "platform/ui/application.h"
@@ -15,15 +17,26 @@
 namespace morvantile {
 namespace {
 
-// A process has one host, and stays one process here.
-QtHost& Host() {
-  static char name[] = "test";
-  static char* arguments[] = {name, nullptr};
-  static StayBehind stayBehind;
-  static QtHost host(1, arguments, stayBehind);
-  InstallHost(&host);
-  return host;
-}
+// A process has one host; it has to go before the static objects of the toolkit do.
+class HostOfAllTests : public testing::Environment {
+ public:
+  static std::unique_ptr<QtHost> host;
+
+  void SetUp() override {
+    static std::string name = "test";
+    static std::array<char*, 2> arguments = {name.data(), nullptr};
+    static StayBehind stayBehind;
+    host = std::make_unique<QtHost>(1, arguments.data(), stayBehind);
+    InstallHost(host.get());
+  }
+  void TearDown() override {
+    InstallHost(nullptr);
+    host = nullptr;
+  }
+};
+
+std::unique_ptr<QtHost> HostOfAllTests::host;
+const testing::Environment* const kHost = testing::AddGlobalTestEnvironment(new HostOfAllTests);
 
 class Script : public Application {
  public:
@@ -89,12 +102,11 @@ std::string LogAfter(const std::vector<Qt::Key>& keys) {
   const Ref<Probe> probe = New<Probe>();
   probe->Build();
   PressWhenActive(keys);
-  Host().ShowModal(probe);
+  HostOfAllTests::host->ShowModal(probe);
   return probe->log;
 }
 
 TEST(QtHost, KeysReachTheControlsAndTheDefaultAndCancelButton) {
-  Host();
   EXPECT_EQ(LogAfter({Qt::Key_Right, Qt::Key_PageUp, Qt::Key_Left, Qt::Key_Return}),
             "open 2 22 21 OK close ");
   EXPECT_EQ(LogAfter({Qt::Key_Escape}), "open Cancel close ");
@@ -105,7 +117,7 @@ TEST(QtHost, KeysReachTheControlsAndTheDefaultAndCancelButton) {
 }
 
 TEST(QtHost, QuitEndsTheRunWithItsStatus) {
-  QtHost& host = Host();
+  QtHost& host = *HostOfAllTests::host;
   const Ref<Script> script = New<Script>();
   script->open = [] { Quit(3); };
   EXPECT_EQ(host.Run(*script), 3);
@@ -113,7 +125,7 @@ TEST(QtHost, QuitEndsTheRunWithItsStatus) {
 }
 
 TEST(QtHost, AnExceptionInAHandlerEndsTheRun) {
-  QtHost& host = Host();
+  QtHost& host = *HostOfAllTests::host;
   const Ref<Script> script = New<Script>();
   script->open = [&host] {
     const Ref<Probe> probe = New<Probe>();

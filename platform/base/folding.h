@@ -1,0 +1,42 @@
+// Texts compared without regard to letter case.
+
+#ifndef MORVANTILE_PLATFORM_BASE_FOLDING_H
+#define MORVANTILE_PLATFORM_BASE_FOLDING_H
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace morvantile {
+
+// A character of a text in UTF-8. A byte that is no part of valid UTF-8 counts as one character of
+// its own, whose code is kStrayByte more than the byte.
+struct Character {
+  std::uint32_t code;
+  std::size_t length;  // in bytes
+};
+
+inline constexpr std::uint32_t kStrayByte = 0x110000;
+
+// The character that begins at byte `at` of `text`, which must lie inside it.
+Character CharacterAt(std::string_view text, std::size_t at);
+
+// `text` with every letter in the one form that stands for all its cases: the simple case folding
+// of Unicode (CaseFolding.txt, the mappings C and S). It maps one character to one, so that "ß"
+// stays "ß" and differs from "ss". Stray bytes stay as they are.
+std::string Folded(std::string_view text);
+
+// Whether the two, which are not equal, have the same folding.
+bool SameFolding(std::string_view a, std::string_view b);
+
+// Whether the two have the same folding.
+inline bool SameText(std::string_view a, std::string_view b) { return a == b || SameFolding(a, b); }
+
+// A hash of the folding of `text`: the same for all texts that are the same to SameText. It differs
+// from one run of the program to the next.
+std::uint32_t HashOfText(std::string_view text);
+
+}  // namespace morvantile
+
+#endif  // MORVANTILE_PLATFORM_BASE_FOLDING_H

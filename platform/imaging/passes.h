@@ -1,0 +1,42 @@
+// The two passes of resampling: across the rows, then down the columns.
+
+#ifndef MORVANTILE_PLATFORM_IMAGING_PASSES_H
+#define MORVANTILE_PLATFORM_IMAGING_PASSES_H
+
+#include <cstddef>
+#include <cstdint>
+
+#include "platform/imaging/picture.h"
+#include "platform/imaging/weights.h"
+
+namespace morvantile {
+
+// What is to be made of a picture: another, of the size that the filters lead to.
+struct Resampling {
+  const Picture* source;
+  Filter across;
+  Filter down;
+  Picture* result = nullptr;
+
+  int Width() const { return static_cast<int>(across.first.size()); }
+  int Height() const { return static_cast<int>(down.first.size()); }
+};
+
+// Columns of the result, those from `begin` up to `end` without it.
+struct Columns {
+  int begin, end;
+};
+
+// The alignment in bytes of the memory that ResampleColumns works in, and the size of it that it
+// needs for `count` columns, whichever they are.
+inline constexpr std::size_t kWorkAlignment = 64;
+std::size_t WorkBytes(const Resampling& resampling, int count);
+
+// Makes these columns of the result, all rows of them. Calls for other columns may run at the same
+// time in memory of their own. The same bytes come out whatever the columns of a call and whatever
+// the processor.
+void ResampleColumns(const Resampling& resampling, Columns columns, std::uint8_t* work);
+
+}  // namespace morvantile
+
+#endif  // MORVANTILE_PLATFORM_IMAGING_PASSES_H

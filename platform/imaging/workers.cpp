@@ -1,0 +1,60 @@
+#include "platform/imaging/workers.h"
+
+#include <algorithm>
+#include <system_error>
+
+namespace morvantile {
+
+Workers::Workers(int count) {
+  try {
+    for (int i = 0; i < count; ++i) threads_.emplace_back(&Workers::Serve, this);
+  } catch (const std::system_error&) {
+    // Fewer threads do the same work.
+  }
+}
+
+Workers::~Workers() {
+  {
+    const std::lock_guard lock(mutex_);
+    stop_ = true;
+  }
+  wake_.notify_all();
+  for (std::thread& thread : threads_) thread.join();
+}
+
+void Workers::Run(int helpers, const std::function<void(int)>& work) {
+  helpers = std::min(helpers, static_cast<int>(threads_.size()));
+  if (helpers < 1 || busy_.exchange(true)) {
+    work(0);
+    return;
+  }
+  {
+    const std::lock_guard lock(mutex_);
+    work_ = &work;
+    wanted_ = helpers;
+    next_ = 1;
+  }
+  for (int i = 0; i < helpers; ++i) wake_.notify_one();
+  work(0);
+  std::unique_lock lock(mutex_);
+  wanted_ = 0;
+  done_.wait(lock, [this] { return running_ == 0; });
+  busy_ = false;
+}
+
+void Workers::Serve() {
+  std::unique_lock lock(mutex_);
+  for (;;) {
+    wake_.wait(lock, [this] { return stop_ || wanted_ > 0; });
+    if (stop_) return;
+    --wanted_;
+    ++running_;
+    const int number = next_++;
+    lock.unlock();
+    (*work_)(number);
+    lock.lock();
+    if (--running_ == 0) done_.notify_one();
+  }
+}
+
+}  // namespace morvantile

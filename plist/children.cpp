@@ -1,0 +1,75 @@
+#include "platform/base/folding.h"
+#include "platform/base/text.h"
+#include "plist/plist.h"
+#include "plist/plistDict.h"
+
+namespace morvantile {
+
+Ref<plistDict> plistDict::child(std::string_view key) {
+  std::size_t place = ChildPlace(key);
+  if (place == 0) {
+    AddChild(key);
+    place = ChildPlace(key);
+  }
+  return place == 0 ? nullptr : children[place];
+}
+
+Ref<plistDict> plistDict::index(std::int64_t number) {
+  const std::size_t place = ChildPlace(Str(number));
+  return place == 0 ? nullptr : children[place];
+}
+
+void plistDict::AddChild(std::string_view key) { AddContainer(key, "dict", "Child exists: "); }
+
+bool plistDict::AddArray(std::string_view key) {
+  return AddContainer(key, "array", "Array exists: ");
+}
+
+bool plistDict::AddContainer(std::string_view key, std::string_view type,
+                             std::string_view refusal) {
+  ClearReport();
+  if (Exists(key)) {
+    SetError(true, std::string(refusal).append(key).append(" already exists"));
+    return false;
+  }
+  Entry& entry = entries_.List(key);
+  entry.SetType(type);
+  entry.SetMark(false);
+  NewChild(entry, key, SameText(type, "array"));
+  return true;
+}
+
+// Adds a node under a key that is listed as a container.
+void plistDict::NewChild(Entry& entry, std::string_view key, bool asArray) {
+  IndexChildren();
+  const Ref<plistDict> node = New<plistDict>();
+  node->name = key;
+  node->isArray = asArray;
+  node->parent = this;
+  node->rootClass = rootClass;
+  childrenNames.emplace_back(key);
+  children.push_back(node);
+  if (entry.child == 0) entry.child = static_cast<std::uint32_t>(indexedChildren_);
+  ++indexedChildren_;
+}
+
+// The first place of the key in childrenNames; 0 if it isn't there.
+std::size_t plistDict::ChildPlace(std::string_view key) {
+  IndexChildren();
+  const Entry* const entry = entries_.Find(key);
+  return entry == nullptr || entry->child >= children.size() ? 0 : entry->child;
+}
+
+// Brings the entries up to date with childrenNames, which others may have added to.
+void plistDict::IndexChildren() {
+  if (indexedChildren_ > childrenNames.size()) {
+    entries_.ForEach([](Entry& entry) { entry.child = 0; });
+    indexedChildren_ = 1;
+  }
+  for (; indexedChildren_ < childrenNames.size(); ++indexedChildren_) {
+    Entry& entry = entries_.FindOrAdd(childrenNames[indexedChildren_]);
+    if (entry.child == 0) entry.child = static_cast<std::uint32_t>(indexedChildren_);
+  }
+}
+
+}  // namespace morvantile

@@ -1,0 +1,261 @@
+// One node of a property-list tree.
+
+#ifndef MORVANTILE_PLIST_PLISTDICT_H
+#define MORVANTILE_PLIST_PLISTDICT_H
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/base/color.h"
+#include "platform/base/date.h"
+#include "platform/base/ref.h"
+#include "platform/base/variant.h"
+#include "plist/entries.h"
+
+namespace morvantile {
+
+class plist;
+
+// A dict, or with `isArray` an array. A node holds scalars as text, each under a key and with a
+// type word, and owns its sub-nodes, which stand under keys too. The keys of an array are the
+// numbers of its elements, "0", "1" and so on. Keys and type words are compared without regard to
+// letter case.
+//
+// Reading creates: a getter stores its default under a missing key, and child() adds a missing
+// node.
+//
+// Nothing fails by an exception: an operation that can't do its work leaves `error` and a message
+// on the document (SetError), returns a neutral value and changes nothing. A node without a
+// document has nowhere to report to, and returns the same. Exceptions are for wrong calls alone: a
+// nil Date (NilObjectException), and GetType or TypeOK of a key that isn't there
+// (KeyNotFoundException).
+//
+// A tree belongs to one thread. Its depth is bounded by memory alone: releasing it, like everything
+// else done to a whole tree, takes no room on the call stack for it.
+class plistDict : public Object {
+ private:
+  Entries entries_;  // under `values`, `types` and `searched`, so it is made before them
+
+ public:
+  // An empty dict without a name, a parent or a document.
+  plistDict();
+  ~plistDict() override;
+
+  // The text of every scalar by its key, and the type word of every key, scalar or container.
+  //
+  // The type words that the operations store are "string", "integer", "real", "double", "boolean",
+  // "date", "data", "dict" and "array"; a file may bring any other. The order of the keys is that
+  // in which they were added, in an array that of the elements.
+  Values values{entries_};
+  Types types{entries_};
+
+  // The sub-nodes and beside them their keys; the first of each stands at 1, behind a placeholder.
+  // To add directly, add to both; nodes are taken out by Remove.
+  std::vector<Ref<plistDict>> children;
+  // The key of this node in its parent; "root" for the top of a document that has been loaded.
+  std::string name;
+  std::vector<std::string> childrenNames;
+
+  // In an array, the number of the element appended or read last; -1 before the first.
+  std::int64_t indexOf = -1;
+  bool isArray = false;
+
+  // The node above, and the document. Both read as nil once what they refer to is gone, so a node
+  // may outlive them; they stay as they are when a node is removed from its tree.
+  BackRef<plistDict> parent;
+  BackRef<plist> rootClass;
+
+  // The cursor: a position in `types`, and whether it has run past either end.
+  std::int64_t currentIndex = 0;
+  bool eof = false;
+
+  // Which keys the running search has delivered. Keys without a mark count as not delivered.
+  Searched searched{entries_};
+
+  // The last result of AbsolutePath.
+  std::string path;
+
+  // The sub-node of that key, added as an empty dict if the key is free. Nil, with the report
+  // "Child exists: " + name + " already exists", if the key holds a scalar. Where a file has
+  // repeated a key, the first of its nodes. Leaves the report alone if it adds nothing.
+  virtual Ref<plistDict> child(std::string_view key);
+
+  // The text of a scalar, whatever its type. A missing key is added as a "string" with the default.
+  // A container gives "" and the report "Key " + key + " does not exist".
+  virtual std::string GetValue(std::string_view key, std::string_view standard);
+
+  // The type word of the key, which must exist.
+  virtual std::string GetType(std::string_view key);
+
+  // The sub-node whose key is that number; nil if there is none, without a report.
+  virtual Ref<plistDict> index(std::int64_t number);
+
+  // As GetValue.
+  virtual std::string GetString(std::string_view key, std::string_view standard);
+
+  // Whether the key, which must exist, holds a scalar; if not, with the report "Illegal Type: " +
+  // key + " is a " + type.
+  virtual bool TypeOK(std::string_view key);
+
+  // The number in a scalar, without its fraction; 0 if its text begins with none. All digits of a
+  // 64-bit integer count. A missing key is added as an "integer" with the default. A container
+  // gives 0 and the report of TypeOK; a "date" gives -1 and "Type Mismatch: " + key + " is a date".
+  virtual std::int64_t GetInteger(std::string_view key, std::int64_t standard);
+
+  // Whether the text of a "boolean" is "true". A missing key is added with the default. Any other
+  // type gives false and the report "Type Mismatch: " + key + " is a " + type. An earlier report
+  // stays if there is none of this call.
+  virtual bool GetBoolean(std::string_view key, bool standard);
+
+  // A new Date, made of a text like "2009-03-07T08:05:09Z" or only its part before the "T". The
+  // fields are taken as they stand, without regard to time zones; one out of range carries over as
+  // Date says, and without a time it is midnight. A missing key is added with the default, which
+  // may be nil only if the key exists. A container gives nil and the report of TypeOK. A text that
+  // is no date gives the present moment and the report "Could not create date object from " + key +
+  // "(" + text + ")".
+  virtual Ref<Date> GetDate(std::string_view key, const Ref<Date>& standard);
+
+  // As GetValue: a missing key is added as a "string".
+  virtual std::string GetData(std::string_view key, std::string_view standard);
+
+  // These store a value under a key, and make it deliverable to a running search again. A key keeps
+  // the type that it got first: for another type CheckType leaves its report and nothing changes.
+  virtual void SetBoolean(std::string_view key, bool value);
+
+  // 0 if the key exists under another type than `wanted`, with the report "Type Mismatch: " + key +
+  // " is a " + type; 1 if it exists under that type; 2 if it doesn't exist. Clears the report
+  // first.
+  virtual std::int64_t CheckType(std::string_view key, std::string_view wanted);
+
+  virtual void SetString(std::string_view key, std::string_view value);
+
+  // Stores the number without its fraction: see Format.
+  virtual void SetInteger(std::string_view key, double value);
+
+  // The number in a scalar, as GetInteger does it, and -1.0 for a "date". A missing key is added as
+  // a "real".
+  virtual double GetReal(std::string_view key, double standard);
+
+  // Stores the number as Str prints it, so that GetReal gives the same number.
+  virtual void SetReal(std::string_view key, double value);
+
+  // Stores a text as it is, under any key: this one asks for no type, and doesn't touch the report.
+  virtual void SetData(std::string_view key, std::string_view value);
+
+  virtual void SetDate(std::string_view key, const Ref<Date>& value);
+
+  // The number with at least two digits.
+  virtual std::string MakeTwo(std::int64_t n);
+
+  // Adds an empty dict under a key; child(key) gives it. A key in use stays as it is, with the
+  // report "Child exists: " + key + " already exists".
+  virtual void AddChild(std::string_view key);
+
+  // Adds an empty array under a key and returns true; or false, with the report "Array exists: " +
+  // key + " already exists", if the key is in use.
+  virtual bool AddArray(std::string_view key);
+
+  // These add an element at the end of an array, under the key Str(count()). On a dict they leave
+  // the report of CheckArray and do nothing else.
+  virtual void AppendInteger(std::int64_t value);
+  virtual void AppendDict();
+  virtual void AppendArray();
+  virtual void AppendBoolean(bool value);
+  virtual void AppendDouble(double value);  // as AppendReal, with the type "double"
+  virtual void AppendString(std::string_view value);
+  virtual void AppendData(std::string_view value);
+  virtual void AppendDate(const Ref<Date>& value);
+
+  // Whether this is an array; if not, with the report name + " is not an array". Clears the report
+  // first.
+  virtual bool CheckArray();
+
+  // Takes an entry out, with all that is below it. A number, or a text that reads as one, is taken
+  // for the element of an array, whose followers close up, unless `asKey` is set; anything else,
+  // and anything with `asKey`, is taken for a key, and nothing happens if it isn't there. The
+  // report is that of CheckArray for a number on a dict, and "Subscript out of range" for one that
+  // no element has. Marks in `searched` stay under their keys and numbers, and the cursor where it
+  // is.
+  virtual void Remove(const Variant& key, bool asKey);
+
+  // The number of keys.
+  virtual std::int64_t count();
+
+  // The cursor goes through the keys in their order. Everybody who walks a node shares it:
+  //
+  //   for (node->MoveFirst(); !node->eof; node->MoveNext()) Use(node->CurrentKey());
+  //
+  // MoveNext goes on from the last key to the first and sets `eof`, and MovePrevious from the first
+  // to the last; only MoveFirst clears it. CurrentKey gives "", sets `eof` and goes to the start if
+  // there is no key at the cursor; so on an empty node the loop above runs once, with the key "".
+  virtual void MoveNext();
+  virtual void MoveFirst();
+  virtual void MoveLast();
+  virtual std::string CurrentKey();
+
+  // The getters with their defaults: true, no text, the present moment, 0.
+  virtual bool GetBoolean(std::string_view key);
+  virtual bool Exists(std::string_view key);  // whether the key is in `types`; changes nothing
+  virtual std::string GetData(std::string_view key);
+  virtual Ref<Date> GetDate(std::string_view key);
+  virtual std::int64_t GetInteger(std::string_view key);
+  virtual double GetReal(std::string_view key);
+  virtual std::string GetString(std::string_view key);
+  virtual std::string GetValue(std::string_view key);
+
+  // Sets the document's report, or clears it with false and "". With the document's `debug` on, a
+  // report is shown as well.
+  virtual void SetError(bool flag, const std::string& message);
+
+  // Colours are stored as a "string" of six hexadecimal digits, two for each of red, green and
+  // blue; the fourth channel is not stored and reads as 0. GetColor takes the first two, the two
+  // from the third on and the last two characters of any string; what is no hexadecimal number
+  // counts as 0. A missing key is added with the default, which is black. Any other type gives
+  // Color() and the report "Type Mismatch: " + key + " is a " + type.
+  virtual void SetColor(std::string_view key, Color value);
+  virtual Color GetColor(std::string_view key);
+  virtual Color GetColor(std::string_view key, Color standard);
+
+  virtual void AppendColor(Color value);
+
+  // Where the node stands: the names from the root to it, each behind a ":". The walk upwards ends
+  // at a node that is named "root", printed as ":root", or has no parent.
+  virtual std::string AbsolutePath();
+
+  // The number in hexadecimal, with at least two digits.
+  virtual std::string PaddedHex(std::int64_t n);
+
+  virtual void MovePrevious();
+  virtual void AppendReal(double value);
+
+ private:
+  void ClearReport();
+  bool TypeOK(const Entry& entry, std::string_view key);
+  bool IsDate(const Entry& entry, std::string_view key);
+  std::string_view TextOf(const Entry& entry, std::string_view key);
+  void Store(std::string_view key, std::string_view type, std::string_view text);
+  bool StartElement();
+  void AppendScalar(std::string_view type, std::string_view text);
+  void AppendContainer(std::string_view type);
+  bool AddContainer(std::string_view key, std::string_view type, std::string_view refusal);
+  void NewChild(Entry& entry, std::string_view key, bool asArray);
+
+  std::size_t ChildPlace(std::string_view key);
+  void IndexChildren();
+  void RemoveChild(std::size_t place);
+  void RemoveKey(std::string_view key);
+  void RemoveElement(std::int64_t number);
+  void MoveElementsDown(std::size_t first);
+  void RenumberElement(std::int64_t number);
+  void RenameChild(const Entry& entry, const std::string& key);
+
+  void BuildPath();
+
+  std::size_t indexedChildren_ = 1;  // as many of childrenNames are known to the entries
+};
+
+}  // namespace morvantile
+
+#endif  // MORVANTILE_PLIST_PLISTDICT_H

@@ -1,0 +1,98 @@
+#include <algorithm>
+#include <utility>
+
+#include "platform/base/folding.h"
+#include "platform/base/text.h"
+#include "plist/plistDict.h"
+
+namespace morvantile {
+
+void plistDict::Remove(const Variant& key, bool asKey) {
+  if (key.IsNumeric() && !asKey) {
+    RemoveElement(key.Integer());
+  } else {
+    RemoveKey(key.String());
+  }
+}
+
+void plistDict::RemoveKey(std::string_view key) {
+  values.Remove(key);
+  types.Remove(key);
+  RemoveChild(ChildPlace(key));
+}
+
+// The numbers of an array that a file has brought may have gaps; where there is no element, none
+// can be removed.
+void plistDict::RemoveElement(std::int64_t number) {
+  if (!CheckArray()) return;
+  const std::int64_t last = count() - 1;
+  const std::string key = Str(number);
+  const Entry* const entry = number < 0 || number > last ? nullptr : entries_.FindListed(key);
+  if (entry == nullptr) {
+    SetError(true, "Subscript out of range");
+    return;
+  }
+  if (entry->isContainer) RemoveChild(ChildPlace(key));
+  values.Remove(key);
+  if (entries_.Listed().IsNumbered()) {
+    MoveElementsDown(static_cast<std::size_t>(number));
+    types.Remove(Str(last));
+  } else {
+    types.Remove(key);
+    for (std::int64_t i = number + 1; i <= last; ++i) RenumberElement(i);
+  }
+}
+
+// Moves the elements behind `first` one number down; what stood there is lost, and the last number
+// holds nothing but its type.
+void plistDict::MoveElementsDown(std::size_t first) {
+  Dictionary<Entry>& elements = entries_.Listed();
+  for (std::size_t i = first; i + 1 < elements.Count(); ++i) {
+    Entry& from = elements.ValueAt(i + 1);
+    Entry& to = elements.ValueAt(i);
+    to.type = std::exchange(from.type, CompactText());
+    to.isContainer = from.isContainer;
+    to.text = std::exchange(from.text, CompactText());
+    to.hasText = std::exchange(from.hasText, false);
+    to.child = std::exchange(from.child, 0);
+    RenameChild(to, Str(static_cast<std::int64_t>(i)));
+  }
+}
+
+void plistDict::RenumberElement(std::int64_t number) {
+  const std::string from = Str(number);
+  if (!types.HasKey(from)) return;
+  const std::string to = Str(number - 1);
+  entries_.Renumber(from, to);
+  RenameChild(*entries_.FindListed(to), to);
+}
+
+void plistDict::RenameChild(const Entry& entry, const std::string& key) {
+  if (entry.child == 0) return;
+  childrenNames[entry.child] = key;
+  if (children[entry.child]) children[entry.child]->name = key;
+}
+
+// Takes the node at a place out; 0 stands for none.
+void plistDict::RemoveChild(std::size_t place) {
+  if (place == 0) return;
+  const std::string key = std::move(childrenNames[place]);
+  const auto distance = static_cast<std::ptrdiff_t>(place);
+  childrenNames.erase(childrenNames.begin() + distance);
+  const Ref<plistDict> removed = std::move(children[place]);
+  children.erase(children.begin() + distance);
+  --indexedChildren_;
+
+  if (place < childrenNames.size()) {
+    entries_.ForEach([place](Entry& entry) { entry.child -= entry.child > place ? 1 : 0; });
+  }
+  const auto next = std::find_if(childrenNames.begin() + distance, childrenNames.end(),
+                                 [&](const std::string& other) { return SameText(other, key); });
+  if (Entry* const entry = entries_.Find(key)) {
+    const bool is_repeated = next != childrenNames.end();
+    entry->child = is_repeated ? static_cast<std::uint32_t>(next - childrenNames.begin()) : 0;
+    entries_.Tidy(key);
+  }
+}
+
+}  // namespace morvantile

@@ -1,0 +1,126 @@
+#include "platform/base/folding.h"
+#include "platform/base/number.h"
+#include "platform/base/text.h"
+#include "plist/plistDict.h"
+#include "plist/report.h"
+
+namespace morvantile {
+namespace {
+
+std::string_view WordFor(bool value) { return value ? "true" : "false"; }
+
+}  // namespace
+
+std::string plistDict::GetValue(std::string_view key, std::string_view standard) {
+  const Entry* entry = entries_.FindListed(key);
+  if (entry == nullptr) {
+    SetString(key, standard);
+    entry = entries_.FindListed(key);
+  }
+  return std::string(TextOf(*entry, key));
+}
+
+std::string plistDict::GetValue(std::string_view key) { return GetValue(key, ""); }
+
+std::string plistDict::GetString(std::string_view key, std::string_view standard) {
+  return GetValue(key, standard);
+}
+
+std::string plistDict::GetString(std::string_view key) { return GetString(key, ""); }
+
+std::string plistDict::GetData(std::string_view key, std::string_view standard) {
+  return GetValue(key, standard);
+}
+
+std::string plistDict::GetData(std::string_view key) { return GetData(key, ""); }
+
+std::int64_t plistDict::GetInteger(std::string_view key, std::int64_t standard) {
+  const Entry* entry = entries_.FindListed(key);
+  if (entry == nullptr) {
+    SetInteger(key, static_cast<double>(standard));
+    entry = entries_.FindListed(key);
+  }
+  if (!TypeOK(*entry, key)) return 0;
+  return IsDate(*entry, key) ? -1 : CInt64(TextOf(*entry, key));
+}
+
+std::int64_t plistDict::GetInteger(std::string_view key) { return GetInteger(key, 0); }
+
+double plistDict::GetReal(std::string_view key, double standard) {
+  const Entry* entry = entries_.FindListed(key);
+  if (entry == nullptr) {
+    SetReal(key, standard);
+    entry = entries_.FindListed(key);
+  }
+  if (!TypeOK(*entry, key)) return 0;
+  return IsDate(*entry, key) ? -1 : CDbl(TextOf(*entry, key));
+}
+
+double plistDict::GetReal(std::string_view key) { return GetReal(key, 0); }
+
+// The text of an entry, after clearing the report; "" with a report for an entry without one.
+std::string_view plistDict::TextOf(const Entry& entry, std::string_view key) {
+  ClearReport();
+  if (!entry.hasText) {
+    SetError(true, std::string("Key ").append(key).append(" does not exist"));
+    return "";
+  }
+  return TypeOK(entry, key) ? entry.text.View() : "";
+}
+
+// Whether the entry is a "date", which is no number; if so, with the report.
+bool plistDict::IsDate(const Entry& entry, std::string_view key) {
+  if (!SameText(entry.type.View(), "date")) return false;
+  SetError(true, report::TypeMismatch(key, "date"));
+  return true;
+}
+
+bool plistDict::GetBoolean(std::string_view key, bool standard) {
+  if (!Exists(key)) SetBoolean(key, standard);
+  const Entry& entry = *entries_.FindListed(key);
+  if (!SameText(entry.type.View(), "boolean")) {
+    SetError(true, report::TypeMismatch(key, entry.type.View()));
+    return false;
+  }
+  return SameText(entry.text.View(), "true");
+}
+
+bool plistDict::GetBoolean(std::string_view key) { return GetBoolean(key, true); }
+
+void plistDict::SetString(std::string_view key, std::string_view value) {
+  Store(key, "string", value);
+}
+
+void plistDict::SetInteger(std::string_view key, double value) {
+  Store(key, "integer", Format(value, "-#"));
+}
+
+void plistDict::SetReal(std::string_view key, double value) { Store(key, "real", Str(value)); }
+
+void plistDict::SetBoolean(std::string_view key, bool value) {
+  Store(key, "boolean", WordFor(value));
+}
+
+void plistDict::SetData(std::string_view key, std::string_view value) {
+  Entry& entry = entries_.List(key);
+  entry.SetText(value);
+  entry.SetMark(false);
+  entry.SetType("data");
+}
+
+void plistDict::AppendBoolean(bool value) { AppendScalar("boolean", WordFor(value)); }
+
+// Stores a scalar, unless CheckType refuses it.
+void plistDict::Store(std::string_view key, std::string_view type, std::string_view text) {
+  ClearReport();
+  Entry& entry = entries_.List(key);
+  if (entry.hasType && !SameText(entry.type.View(), type)) {
+    SetError(true, report::TypeMismatch(key, entry.type.View()));
+    return;
+  }
+  entry.SetText(text);
+  entry.SetMark(false);
+  entry.SetType(type);
+}
+
+}  // namespace morvantile

@@ -1,0 +1,59 @@
+#include "platform/imaging/workers.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <set>
+
+namespace morvantile {
+namespace {
+
+TEST(Workers, RunReturnsAfterEveryCallHas) {
+  Workers workers(3);
+  for (int round = 0; round < 200; ++round) {
+    std::atomic<int> next{0};
+    std::atomic<int> done{0};
+    workers.Run(3, [&](int) {
+      while (next.fetch_add(1) < 50) done.fetch_add(1);
+    });
+    ASSERT_EQ(done, 50);
+  }
+}
+
+TEST(Workers, EachCallHasANumberOfItsOwn) {
+  Workers workers(3);
+  std::mutex mutex;
+  std::set<int> numbers;
+  std::atomic<int> arrived{0};
+  workers.Run(2, [&](int number) {
+    arrived.fetch_add(1);
+    while (arrived < 3) std::this_thread::yield();
+    const std::lock_guard lock(mutex);
+    numbers.insert(number);
+  });
+  EXPECT_THAT(numbers, testing::ElementsAre(0, 1, 2));
+}
+
+TEST(Workers, ACallDuringAnotherIsDoneAlone) {
+  Workers workers(1);
+  std::atomic<int> inner{0};
+  workers.Run(1, [&](int number) {
+    if (number != 0) return;
+    workers.Run(1, [&](int innerNumber) {
+      EXPECT_EQ(innerNumber, 0);
+      inner.fetch_add(1);
+    });
+  });
+  EXPECT_EQ(inner, 1);
+}
+
+TEST(Workers, WithoutThreadsTheCallerDoesIt) {
+  Workers workers(0);
+  int calls = 0;
+  workers.Run(4, [&](int) { ++calls; });
+  EXPECT_EQ(calls, 1);
+}
+
+}  // namespace
+}  // namespace morvantile

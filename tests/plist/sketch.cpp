@@ -1,0 +1,43 @@
+#include "tests/plist/sketch.h"
+
+#include "platform/base/folding.h"
+
+namespace morvantile {
+namespace {
+
+std::string SketchOfEntry(plistDict& node, const std::string& key) {
+  const std::string type = node.GetType(key);
+  if (!IsContainer(type)) {
+    if (!node.values.HasKey(key)) return type + " !";
+    return type + " \"" + node.values.Value(key) + "\"";
+  }
+  const Ref<plistDict> child = node.child(key);
+  const bool is_sound = child && child->name == key && child->parent == &node &&
+                        child->isArray == SameText(type, "array") && !node.values.HasKey(key);
+  return is_sound ? Sketch(*child) : "!";
+}
+
+}  // namespace
+
+Ref<plist> NewDocument() {
+  Ref<plist> document = New<plist>();
+  document->root->name = "root";
+  document->root->rootClass = document;
+  return document;
+}
+
+std::string Sketch(plistDict& node) {
+  std::string sketch;
+  for (std::size_t i = 0; i < node.types.Count(); ++i) {
+    const std::string key = node.types.Key(i);
+    if (i > 0) sketch += ", ";
+    sketch += key + ": " + SketchOfEntry(node, key);
+  }
+  return node.isArray ? "[" + sketch + "]" : "{" + sketch + "}";
+}
+
+std::string Report(const Ref<plist>& document) {
+  return document->error ? document->errorMessage : "";
+}
+
+}  // namespace morvantile
