@@ -285,8 +285,41 @@ class plistDict : public Object {
   // at a node that is named "root", printed as ":root", or has no parent.
   virtual std::string AbsolutePath();
 
+  // Carries an entry to another node, or within this one: a scalar with its type, a container with
+  // all that is below it, built anew. An array takes it as its last element, whatever the keys; a
+  // dict under `newKey`, or under the same key if that is empty. A container that is already there
+  // takes the entries in addition to its own; a scalar that is there is overwritten if it has the
+  // same type. With `removeSource` the entry is then removed from here, as Remove(key, false) does
+  // it. The cursors of the nodes below the entry are used.
+  //
+  // An entry of a type without operations of its own, or whose text doesn't read as its type, is
+  // carried as it stands. The source stays if anything below it was refused, and an entry moved onto
+  // itself stays as it is.
+  //
+  // Reports, on this node's document: "Destination is nil", "Source does not exist.", "Destination
+  // is inside " + key, and that of Remove; on the destination's that of what refused an entry. A
+  // report of an inner entry is cleared by the next one. Moving an empty container leaves "Source
+  // does not exist.", though it is moved.
+  virtual void Move(std::string_view key, const Ref<plistDict>& destination, bool removeSource,
+                    std::string_view newKey);
+  // With `removeSource`, and under the same key.
+  virtual void Move(std::string_view key, const Ref<plistDict>& destination);
+  // Without `removeSource`, and under the same key.
+  virtual void Copy(std::string_view key, const Ref<plistDict>& destination);
+
+  // Moves an entry to another key of this node; in an array it becomes the last element. A key in
+  // use, and be it the same in another letter case, is refused with "Key " + newKey + " already
+  // exists."
+  virtual void Rename(std::string_view oldKey, std::string_view newKey);
+
   // The number in hexadecimal, with at least two digits.
   virtual std::string PaddedHex(std::int64_t n);
+
+  // Copies all entries of another node into this one, as Copy does it, in the order of its cursor.
+  virtual void AppendDict(const Ref<plistDict>& other);
+
+  // Copies all entries of another node into a dict of its name in this one, added if it is missing.
+  virtual void AppendAsNewChild(const Ref<plistDict>& other);
 
   virtual void MovePrevious();
   virtual void AppendReal(double value);
@@ -313,6 +346,11 @@ class plistDict : public Object {
   void RenameChild(const Entry& entry, const std::string& key);
 
   void BuildPath();
+
+  bool Carry(const std::string& key, plistDict& destination, const std::string& target);
+  bool CarryScalar(const std::string& key, plistDict& destination, const std::string& target);
+  static Ref<plistDict> MakeContainer(std::string_view type, plistDict& destination,
+                                      const std::string& target);
 
   std::size_t indexedChildren_ = 1;  // as many of childrenNames are known to the entries
 };

@@ -7,7 +7,8 @@ namespace morvantile {
 
 // What RuntimeBackgroundTask calls, or null, as it is at first. A host that has work of its own to
 // do puts it here; it runs on the thread of the loop and must not throw.
-inline constinit void (*background_task)() = nullptr;
+using BackgroundTask = void (*)();
+inline constinit BackgroundTask background_task = nullptr;
 
 // Gives other work a turn. Called in each pass of each loop of the library, and costs next to
 // nothing where no host has work.
