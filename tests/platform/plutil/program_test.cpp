@@ -78,10 +78,9 @@ TEST(ConverterProgram, RefusesAnyOtherCommandLine) {
   const ScratchFolder folder;
   folder.Put("file", kXml);
   const std::string path = folder.Item("file")->ShellPath();
-  for (const std::string& arguments :
-       {std::string(), std::string("-convert xml1"), "-convert json " + path, "-lint " + path,
-        "-convert xml1 " + path + " " + path}) {
-    EXPECT_EQ(StatusOf("plutil " + arguments), 1) << arguments;
+  for (const std::string arguments : {"", "-convert xml1", "-convert json \"$F\"", "-lint \"$F\"",
+                                      "-convert xml1 \"$F\" \"$F\"", "-convert -- xml1 \"$F\""}) {
+    EXPECT_EQ(StatusOf("F=" + path + "; plutil " + arguments), 1) << arguments;
   }
   EXPECT_EQ(folder.Content("file"), kXml);
 }
