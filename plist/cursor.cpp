@@ -1,3 +1,4 @@
+#include <ranges>
 #include <vector>
 
 #include "platform/base/folding.h"
@@ -51,7 +52,9 @@ void plistDict::BuildPath() {
     if (is_root) break;
   }
   std::string above;
-  for (auto walk = names.rbegin(); walk != names.rend(); ++walk) above.append(":").append(*walk);
+  for (const std::string_view above_name : std::views::reverse(names)) {
+    above.append(":").append(above_name);
+  }
   path.insert(0, above);
 }
 

@@ -52,7 +52,7 @@ void plistDict::SetDate(std::string_view key, const Ref<Date>& value) {
 Ref<Date> plistDict::GetDate(std::string_view key, const Ref<Date>& standard) {
   if (!Exists(key)) SetDate(key, standard);
   if (!TypeOK(key)) return nullptr;
-  const Ref<Date> date = New<Date>();
+  Ref<Date> date = New<Date>();
   const std::string text = GetValue(key);
   const DateParts parts = Split(text);
   if (ReadDay(parts.day, *date)) {
@@ -84,7 +84,7 @@ Color plistDict::GetColor(std::string_view key, Color standard) {
   const std::string type = GetType(key);
   if (!SameText(type, "string")) {
     SetError(true, report::TypeMismatch(key, type));
-    return Color();
+    return {};
   }
   const std::string text = GetValue(key);
   return RGB(Channel(Left(text, 2)), Channel(Mid(text, 3, 2)), Channel(Right(text, 2)), 0);

@@ -44,6 +44,32 @@ void AppendFolded(std::string& result, std::string_view text, Character characte
   }
 }
 
+// How much of two texts, from their beginning, has the same folding.
+struct Common {
+  std::size_t in_a = 0;
+  std::size_t in_b = 0;
+};
+
+Common CommonFolding(std::string_view a, std::string_view b) {
+  Common common;
+  while (common.in_a < a.size() && common.in_b < b.size()) {
+    const char from_a = a[common.in_a];
+    const char from_b = b[common.in_b];
+    if (IsAscii(from_a) && IsAscii(from_b)) {
+      if (FoldedAscii(from_a) != FoldedAscii(from_b)) return common;
+      ++common.in_a;
+      ++common.in_b;
+    } else {
+      const Character character_of_a = CharacterAt(a, common.in_a);
+      const Character character_of_b = CharacterAt(b, common.in_b);
+      if (FoldedCode(character_of_a.code) != FoldedCode(character_of_b.code)) return common;
+      common.in_a += character_of_a.length;
+      common.in_b += character_of_b.length;
+    }
+  }
+  return common;
+}
+
 template <typename Word>
 std::uint64_t Load(const char* bytes) {
   Word word;
@@ -135,20 +161,13 @@ std::string Folded(std::string_view text) {
 }
 
 bool SameFolding(std::string_view a, std::string_view b) {
-  std::size_t at = 0;
-  std::size_t bt = 0;
-  while (at < a.size() && bt < b.size()) {
-    if (IsAscii(a[at]) && IsAscii(b[bt])) {
-      if (FoldedAscii(a[at++]) != FoldedAscii(b[bt++])) return false;
-      continue;
-    }
-    const Character from_a = CharacterAt(a, at);
-    const Character from_b = CharacterAt(b, bt);
-    if (FoldedCode(from_a.code) != FoldedCode(from_b.code)) return false;
-    at += from_a.length;
-    bt += from_b.length;
-  }
-  return at == a.size() && bt == b.size();
+  const Common common = CommonFolding(a, b);
+  return common.in_a == a.size() && common.in_b == b.size();
+}
+
+std::size_t LengthOfPrefix(std::string_view text, std::string_view part) {
+  const Common common = CommonFolding(text, part);
+  return common.in_b == part.size() ? common.in_a : 0;
 }
 
 std::uint32_t HashOfText(std::string_view text) {

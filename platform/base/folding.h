@@ -33,6 +33,9 @@ bool SameFolding(std::string_view a, std::string_view b);
 // Whether the two have the same folding.
 inline bool SameText(std::string_view a, std::string_view b) { return a == b || SameFolding(a, b); }
 
+// How many bytes at the beginning of `text` have the folding of `part`; 0 if it doesn't begin so.
+std::size_t LengthOfPrefix(std::string_view text, std::string_view part);
+
 // A hash of the folding of `text`: the same for all texts that are the same to SameText. It differs
 // from one run of the program to the next.
 std::uint32_t HashOfText(std::string_view text);

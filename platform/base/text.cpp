@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/base/text_search.h"
+
 namespace morvantile {
 namespace {
 
@@ -13,62 +15,6 @@ std::size_t Advance(std::string_view text, std::size_t from, std::int64_t count)
   for (; count > 0 && from < text.size(); --count) from += CharacterAt(text, from).length;
   return from;
 }
-
-// Walks the occurrences of a part in a text, which must both outlive it. Folding maps characters
-// one to one, so an occurrence in the folded text is found in the text by counting characters.
-class Occurrences {
- public:
-  Occurrences(std::string_view text, std::string_view part)
-      : text_(text), folded_text_(Folded(text)), folded_part_(Folded(part)) {}
-
-  // Goes to the first occurrence that begins at the end of the current one or behind it.
-  bool Next() {
-    if (folded_part_.empty()) return false;
-    std::size_t found = end_.folded;
-    while ((found = folded_text_.find(folded_part_, found)) != std::string::npos) {
-      begin_ = end_;
-      WalkTo(begin_, found);
-      end_ = begin_;
-      WalkTo(end_, found + folded_part_.size());
-      if (begin_.folded == found && end_.folded == found + folded_part_.size()) return true;
-      end_ = begin_;
-      ++found;
-    }
-    return false;
-  }
-
-  void SkipCharacters(std::int64_t count) {
-    for (; count > 0 && end_.text < text_.size(); --count) Step(end_);
-  }
-
-  std::size_t Begin() const { return begin_.text; }
-  std::size_t End() const { return end_.text; }
-  // The position of the occurrence in characters.
-  std::int64_t Position() const { return begin_.characters + 1; }
-
- private:
-  struct Place {
-    std::size_t text = 0;
-    std::size_t folded = 0;
-    std::int64_t characters = 0;
-  };
-
-  void Step(Place& place) const {
-    place.text += CharacterAt(text_, place.text).length;
-    place.folded += CharacterAt(folded_text_, place.folded).length;
-    ++place.characters;
-  }
-
-  void WalkTo(Place& place, std::size_t folded) const {
-    while (place.folded < folded) Step(place);
-  }
-
-  std::string_view text_;
-  std::string folded_text_;
-  std::string folded_part_;
-  Place begin_;
-  Place end_;
-};
 
 }  // namespace
 

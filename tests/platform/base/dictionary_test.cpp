@@ -59,13 +59,15 @@ TEST(Dictionary, TakesNumbersForPlainKeysOnceTheyHaveGaps) {
 
 TEST(Dictionary, RenamesAtTheSamePlace) {
   Dictionary<int> dictionary;
-  for (const char* key : {"a", "b", "c"}) dictionary.FindOrAdd(key) = key[0];
+  for (const auto& [key, value] : {std::pair{"a", 1}, {"b", 2}, {"c", 3}}) {
+    dictionary.FindOrAdd(key) = value;
+  }
   EXPECT_FALSE(dictionary.Rename("b", "C"));
   EXPECT_FALSE(dictionary.Rename("x", "y"));
   EXPECT_TRUE(dictionary.Rename("b", "B"));
   EXPECT_TRUE(dictionary.Rename("a", "x"));
   EXPECT_THAT(Keys(dictionary), ElementsAre("x", "B", "c"));
-  EXPECT_EQ(dictionary.Value("x"), 'a');
+  EXPECT_EQ(dictionary.Value("x"), 1);
   EXPECT_FALSE(dictionary.HasKey("a"));
 }
 
