@@ -148,8 +148,6 @@ class plist : public Object {
   bool WriteText();
   bool ConvertToBinary();
   void Report(const std::string& message);
-  bool Deliver(plistDict& node, const std::string& key, std::string_view text,
-               std::string_view mode);
   static void YieldProcessorTIme(std::int64_t intervalMs, std::int64_t delayMs,
                                  std::int64_t& lastTick);
 };

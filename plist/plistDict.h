@@ -18,6 +18,13 @@
 
 namespace morvantile {
 
+class CheckBox;
+class EditField;
+class Listbox;
+class PopupMenu;
+class RadioButton;
+class StaticText;
+class Window;
 class plist;
 
 // A dict, or with `isArray` an array. A node holds scalars as text, each under a key and with a
@@ -253,14 +260,107 @@ class plistDict : public Object {
   virtual Color GetColor(std::string_view key);
   virtual Color GetColor(std::string_view key, Color standard);
 
+  // A window's title and rectangle as a record under the key: a dict with the "string"
+  // "windowName" and the dict "WindowPos" of the "integer"s "left", "top", "width" and "height".
+  // GetWindow gives the window what is stored, without regard to the screens; a missing record is
+  // made from the window first, a missing number is 0. If a scalar stands where the record or its
+  // "WindowPos" should, nothing is read or stored there, with the report of child(). All operations
+  // on windows and controls throw NilObjectException for nil.
+  virtual void SetWindow(std::string_view key, const Ref<Window>& window);
+  virtual void GetWindow(std::string_view key, const Ref<Window>& window);
+
   virtual void AppendColor(Color value);
+
+  // The same record as a new element of an array.
+  virtual void AppendWindow(const Ref<Window>& window);
+
+  // The rows of a list or menu as a record under the control's name, "." and index: a dict with the
+  // "string" "default", which is the control's Text, and the array "elements". A row is a "string",
+  // or for a list of several columns an array of them. Set replaces what stood under the key.
+  //
+  // Get adds the stored rows: to the rows that a list has, which should be none, and in place of
+  // those of a menu. With `select` it selects the row whose first cell equals the default. A
+  // missing record is made from the control first. A row of the other form is read as far as it
+  // fits: a string fills the first cell, and of an array a list of one column takes the first.
+  virtual void SetListbox(const Ref<Listbox>& list);
+  virtual void SetPopup(const Ref<PopupMenu>& menu);
+  virtual void GetListbox(const Ref<Listbox>& list, bool select);
+  virtual void GetPopup(const Ref<PopupMenu>& menu, bool select);
+
+  // The same in an array, under the control's key too and not under a number; on a dict they leave
+  // the report of CheckArray and do nothing else.
+  virtual void AppendListbox(const Ref<Listbox>& list);
+  virtual void AppendPopup(const Ref<PopupMenu>& menu);
+
+  // An array of strings under the key, in place of what stood there: the entries of `list` from
+  // `first` to `last`, both included and counted from 0. A `first` that is negative or beyond the
+  // end counts as 0, a `last` beyond the end as the end.
+  virtual void SetList(std::string_view key, const std::vector<std::string>& list,
+                       std::int64_t first, std::int64_t last);
+  // Replaces `list` by the stored strings, behind an empty entry unless `base` is 0. A missing key
+  // is added as an empty dict and gives none; for a scalar the list stays as it is.
+  virtual void GetList(std::string_view key, std::vector<std::string>& list, std::int64_t base);
+  // The same range as SetList takes, as a new element of an array.
+  virtual void AppendList(const std::vector<std::string>& list, std::int64_t first,
+                          std::int64_t last);
+
+  // The one value of a control under its name, without the index: the text of a field or label, the
+  // state of a box or button. The control's own state is the default of the getters, so a missing
+  // key leaves the control as it is and stores that.
+  virtual void SetEditField(const Ref<EditField>& field);
+  virtual void GetEditField(const Ref<EditField>& field);
+  virtual void GetCheckbox(const Ref<CheckBox>& box);
+  virtual void SetCheckbox(const Ref<CheckBox>& box);
+  virtual void SetStaticText(const Ref<StaticText>& text);
+  virtual void GetStaticText(const Ref<StaticText>& text);
+  virtual void SetRadio(const Ref<RadioButton>& button);
+  virtual void GetRadio(const Ref<RadioButton>& button);
 
   // Where the node stands: the names from the root to it, each behind a ":". The walk upwards ends
   // at a node that is named "root", printed as ":root", or has no parent.
   virtual std::string AbsolutePath();
 
+  // Carries an entry to another node, or within this one: a scalar with its type, a container with
+  // all that is below it, built anew. An array takes it as its last element, whatever the keys; a
+  // dict under `newKey`, or under the same key if that is empty. A container that is already there
+  // takes the entries in addition to its own; a scalar that is there is overwritten if it has the
+  // same type. With `removeSource` the entry is then removed from here, as Remove(key, false) does
+  // it. The cursors of the nodes below the entry are used.
+  //
+  // An entry of a type without operations of its own, or whose text doesn't read as its type, is
+  // carried as it stands. The source stays if anything below it was refused, and an entry moved
+  // onto itself stays as it is.
+  //
+  // Reports, on this node's document: "Destination is nil", "Source does not exist.", "Destination
+  // is inside " + key, and where the entry would be merged into a container around it, key + " is
+  // inside the destination", which change nothing; key + " could not be moved as a whole" if no
+  // other report tells why the source stays; and that of Remove. On the destination's that of what
+  // refused an entry. A report of an inner entry is cleared by the next one. Moving an empty
+  // container leaves "Source does not exist.", though it is moved.
+  virtual void Move(std::string_view key, const Ref<plistDict>& destination, bool removeSource,
+                    std::string_view newKey);
+  // With `removeSource`, and under the same key.
+  virtual void Move(std::string_view key, const Ref<plistDict>& destination);
+  // Without `removeSource`, and under the same key.
+  virtual void Copy(std::string_view key, const Ref<plistDict>& destination);
+
+  // Moves an entry to another key of this node; in an array it becomes the last element. A key in
+  // use, and be it the same in another letter case, is refused with "Key " + newKey + " already
+  // exists."
+  virtual void Rename(std::string_view oldKey, std::string_view newKey);
+
   // The number in hexadecimal, with at least two digits.
   virtual std::string PaddedHex(std::int64_t n);
+
+  // Copies all entries of another node into this one, as Copy does it, in the order of its cursor.
+  virtual void AppendDict(const Ref<plistDict>& other);
+
+  // A new document without a file, whose root holds copies of all entries of `source`. The node
+  // that this is called on plays no part.
+  virtual Ref<plist> PlistFromPlistDict(const Ref<plistDict>& source);
+
+  // Copies all entries of another node into a dict of its name in this one, added if it is missing.
+  virtual void AppendAsNewChild(const Ref<plistDict>& other);
 
   virtual void MovePrevious();
   virtual void AppendReal(double value);
@@ -287,6 +387,12 @@ class plistDict : public Object {
   void RenameChild(const Entry& entry, const std::string& key);
 
   void BuildPath();
+
+  bool Carry(const std::string& key, plistDict& destination, const std::string& target);
+  bool CarryScalar(const std::string& key, plistDict& destination, const std::string& target);
+  static Ref<plistDict> MakeContainer(std::string_view type, plistDict& destination,
+                                      const std::string& target);
+  bool Contain(std::string_view key, plistDict& destination, std::string_view target);
 
   friend class Reader;
   friend class TreeText;

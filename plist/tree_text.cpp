@@ -113,10 +113,10 @@ void TreeText::Enter(plistDict& node, std::string_view name) {
   node.IndexChildren();
   std::size_t different_names = 0;
   node.entries_.ForEach([&](const Entry& entry) { different_names += entry.child != 0 ? 1 : 0; });
-  levels_.push_back(
-      {.node = &node,
-       .name = name,
-       .repeats = NextWithSameName(node.childrenNames, different_names, node.entries_)});
+  Level& level = levels_.emplace_back();
+  level.node = &node;
+  level.name = name;
+  level.repeats = NextWithSameName(node.childrenNames, different_names, node.entries_);
 }
 
 void TreeText::Leave() {

@@ -31,7 +31,7 @@ class TreeText {
  private:
   // The writing of one node.
   struct Level {
-    plistDict* node;
+    plistDict* node = nullptr;
     std::string_view name;               // of the node's element
     std::size_t position = 0;            // of the key to be written next
     std::string_view childName;          // of the elements under the key before it

@@ -5,10 +5,9 @@
 
 namespace morvantile {
 
-using BackgroundTask = void (*)();
-
 // What RuntimeBackgroundTask calls, or null, as it is at first. A host that has work of its own to
 // do puts it here; it runs on the thread of the loop and must not throw.
+using BackgroundTask = void (*)();
 inline constinit BackgroundTask background_task = nullptr;
 
 // Gives other work a turn. Called in each pass of each loop of the library, and costs next to

@@ -100,9 +100,9 @@ bool BinaryReader::ReadTrailer() {
 bool BinaryReader::ReadObjects() {
   numbers_.push_back(static_cast<ObjectIndex>(top_));
   index_of_[top_] = 0;
-  for (std::size_t i = 0; i < numbers_.size(); ++i) {
+  while (document_.objects.size() < numbers_.size()) {
     Object object = Object::Boolean(false);
-    if (!ReadObject(numbers_[i], object)) return false;
+    if (!ReadObject(numbers_[document_.objects.size()], object)) return false;
     document_.objects.push_back(object);
   }
   return true;

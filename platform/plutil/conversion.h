@@ -18,9 +18,9 @@ enum class Form { kXml, kBinary };
 //
 // Time is linear in the larger of the two sizes, and nesting is bounded by memory alone. Memory,
 // the content included, stays below 8 times the larger size where the elements of an XML file take
-// a dozen characters or more on average. A binary file may refer to one object many times, so that
-// a small file stands for a huge XML text; one of more than 64 MiB and 100 times the file's size is
-// refused.
+// 16 characters or more on average, and below 16 times in any case. A binary file may refer to one
+// object many times, so that a small file stands for a huge XML text; one of more than 64 MiB and
+// 100 times the file's size is refused.
 //
 // What has no counterpart in the other form is refused and not lost: a null, a UID or an integer
 // of more than 64 bits, a text with a NUL, text that is not sound UTF-16 or, on the way to the

@@ -47,7 +47,7 @@ class Output {
   std::uint64_t Size() const { return size_; }
 
  private:
-  static constexpr std::size_t kBufferSize = std::size_t{512} * 1024;
+  static constexpr std::size_t kBufferSize = std::size_t{64} * 1024;
 
   Sink sink_;
   std::vector<char> buffer_;

@@ -74,8 +74,8 @@ class DataControlClipboard : public SystemClipboard {
   }
 
   void WriteText(const std::string& text) override {
-    const QByteArray bytes = QByteArray::fromStdString(text);
-    Take({kText, "UTF8_STRING", "text/plain"}, [bytes](const QString&) { return bytes; });
+    Take({kText, "UTF8_STRING", "text/plain"},
+         [text](const QString&) { return QByteArray::fromStdString(text); });
   }
 
   bool Owned() override {

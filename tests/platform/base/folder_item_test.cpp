@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/base/binary_stream.h"
 #include "platform/base/shell.h"
@@ -52,8 +53,8 @@ TEST(FolderItem, TakesAPathApartAndTogether) {
 TEST(FolderItem, APathThatIsEmptyOrHoldsANulNamesNothing) {
   const ScratchFolder folder;
   folder.Put("x", "kept");
-  const Ref<FolderItem> items[] = {New<FolderItem>(""),
-                                   folder.Item("x")->Parent()->Child(std::string_view("x\0y", 3))};
+  const std::vector<Ref<FolderItem>> items = {
+      New<FolderItem>(""), folder.Item("x")->Parent()->Child(std::string_view("x\0y", 3))};
   for (const Ref<FolderItem>& item : items) {
     EXPECT_FALSE(item->Exists());
     EXPECT_FALSE(item->Delete());
@@ -82,7 +83,7 @@ TEST(FolderItem, EveryNameComesThroughTheShell) {
   for (int byte = 1; byte < 256; ++byte) {
     if (byte != '/') every_byte += static_cast<char>(byte);
   }
-  const std::string names[] = {
+  const std::vector<std::string> names = {
       every_byte.substr(0, 127), every_byte.substr(127), "-rf", "--", "a b",   "'", "\"",
       "$(touch hacked)",         "`touch hacked`",       "\n",  "\\", "a\\'b", "*", "~",
       "ends in a line break\n"};

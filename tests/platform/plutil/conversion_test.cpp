@@ -59,7 +59,7 @@ TEST(Conversion, LongDataGoesOnLinesOfItsOwn) {
 }
 
 TEST(BinaryReader, ReadsEveryWidthOfNumber) {
-  const std::pair<const char*, const char*> cases[] = {
+  const std::vector<std::pair<const char*, const char*>> cases = {
       {"08", "<false/>"},
       {"09", "<true/>"},
       {"10 FF", "<integer>255</integer>"},
@@ -117,7 +117,7 @@ TEST(BinaryReader, AUidOfAnyWidthIsADictAndBack) {
 }
 
 TEST(BinaryReader, RefusesWhatItCannotKeep) {
-  const std::pair<const char*, const char*> cases[] = {
+  const std::vector<std::pair<const char*, const char*>> cases = {
       {"00", "failed: a null, which property lists do not know"},
       {"14 0000000000000001 0000000000000000", "failed: an integer of more than 64 bits"},
       {"15 00", "failed: an integer of more than 16 bytes"},

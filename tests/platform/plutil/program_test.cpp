@@ -78,10 +78,10 @@ TEST(ConverterProgram, RefusesAnyOtherCommandLine) {
   const ScratchFolder folder;
   folder.Put("file", kXml);
   const std::string path = folder.Item("file")->ShellPath();
-  for (const std::string& arguments :
-       {std::string(), std::string("-convert xml1"), "-convert json " + path, "-lint " + path,
-        "-convert xml1 " + path + " " + path}) {
-    EXPECT_EQ(StatusOf("plutil " + arguments), 1) << arguments;
+  for (const char* arguments : {"", "-convert xml1", "-convert json \"$F\"", "-lint \"$F\"",
+                                      "-convert xml1 \"$F\" \"$F\"", "-convert -- xml1 \"$F\""}) {
+    EXPECT_EQ(StatusOf(std::string("F=").append(path).append("; plutil ").append(arguments)), 1)
+        << arguments;
   }
   EXPECT_EQ(folder.Content("file"), kXml);
 }

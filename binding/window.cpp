@@ -1,0 +1,65 @@
+// Windows kept in a tree.
+
+#include "platform/ui/window.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "platform/base/text.h"
+#include "plist/plistDict.h"
+
+namespace morvantile {
+namespace {
+
+void StoreRectangle(plistDict& position, const Window& window) {
+  position.SetInteger("left", window.Left());
+  position.SetInteger("top", window.Top());
+  position.SetInteger("width", window.Width());
+  position.SetInteger("height", window.Height());
+}
+
+int ReadPixels(plistDict& position, std::string_view key) {
+  constexpr std::int64_t kLeast = std::numeric_limits<int>::min();
+  constexpr std::int64_t kMost = std::numeric_limits<int>::max();
+  return static_cast<int>(std::clamp(position.GetInteger(key), kLeast, kMost));
+}
+
+}  // namespace
+
+void plistDict::SetWindow(std::string_view key, const Ref<Window>& window) {
+  const Window& shown = *window;
+  if (!Exists(key)) AddChild(key);
+  const Ref<plistDict> record = child(key);
+  if (record == nullptr) return;
+  searched.SetValue(key, false);
+  record->SetString("windowName", shown.Title());
+  if (!record->Exists("WindowPos")) record->AddChild("WindowPos");
+  const Ref<plistDict> position = record->child("WindowPos");
+  if (position != nullptr) StoreRectangle(*position, shown);
+}
+
+void plistDict::GetWindow(std::string_view key, const Ref<Window>& window) {
+  Window& shown = *window;
+  if (!Exists(key)) SetWindow(key, window);
+  const Ref<plistDict> record = child(key);
+  if (record == nullptr) return;
+  shown.SetTitle(record->GetString("windowName"));
+  const Ref<plistDict> position = record->child("WindowPos");
+  if (position == nullptr) return;
+  shown.SetLeft(ReadPixels(*position, "left"));
+  shown.SetTop(ReadPixels(*position, "top"));
+  shown.SetWidth(ReadPixels(*position, "width"));
+  shown.SetHeight(ReadPixels(*position, "height"));
+}
+
+void plistDict::AppendWindow(const Ref<Window>& window) {
+  const Window& shown = *window;
+  if (!CheckArray()) return;
+  AppendDict();
+  const Ref<plistDict> record = child(Str(count() - 1));
+  record->SetString("windowName", shown.Title());
+  record->AddChild("WindowPos");
+  StoreRectangle(*record->child("WindowPos"), shown);
+}
+
+}  // namespace morvantile
