@@ -67,6 +67,21 @@ std::size_t LengthOfKeyEnd(std::string_view line) {
   return SameText(end, kEnd) ? end.size() : 0;
 }
 
+// The bytes of the "<key>" that the line begins with, or 0.
+std::size_t LengthOfKeyTag(std::string_view line) {
+  constexpr std::string_view kTag = "<key>";
+  if (line.size() < kTag.size() || !MayBeLetter(line[1], kTag[1])) return 0;
+  return LengthOfPrefix(line, kTag);
+}
+
+bool IsEndTag(std::string_view line, std::string_view end_tag) {
+  return line.starts_with("</") && SameText(line, end_tag);
+}
+
+bool IsEmptyDict(std::string_view line) {
+  return line.ends_with("/>") && SameText(line, "<dict/>");
+}
+
 void Assign(std::string& variable, std::string_view text) {
   if (variable != text) variable = text;
 }
@@ -118,7 +133,7 @@ void Reader::ReadField(Activation& in) {
   in.fields.remove_prefix(line.size());
   in.hasFields = !in.fields.empty();
   plistDict* const opened = StepField(in, line);
-  if (!in.hasFields) in.hasEnded = SameText(line, in.endTag) || SameText(line, "<dict/>");
+  if (!in.hasFields) in.hasEnded = IsEndTag(line, in.endTag) || IsEmptyDict(line);
   RuntimeBackgroundTask();
   if (opened == nullptr) return;
   // The child's lines take the place of this one in the stream.
@@ -131,11 +146,11 @@ void Reader::ReadField(Activation& in) {
 
 // Returns the node to be read next, or null.
 plistDict* Reader::StepField(Activation& in, std::string_view& line) {
-  if (const std::size_t length = LengthOfPrefix(line, "<key>")) {
+  if (const std::size_t length = LengthOfKeyTag(line)) {
     ReadKey(in, line, length);
     return nullptr;
   }
-  if (SameText(line, in.endTag)) return nullptr;
+  if (IsEndTag(line, in.endTag)) return nullptr;
   if (in.inValue && !IsClosingTag(line, in.tag)) {
     Continue(in, line);
     return nullptr;
@@ -147,6 +162,7 @@ void Reader::ReadKey(Activation& in, std::string_view& line, std::size_t length)
   line.remove_prefix(length);
   line.remove_suffix(LengthOfKeyEnd(line));
   in.key = line;
+  in.node.entries_.Listed().Expect(line);
 }
 
 void Reader::Continue(Activation& in, std::string_view& line) {
@@ -167,10 +183,11 @@ plistDict* Reader::ReadTag(Activation& in, std::string_view& line) {
   if (tag.starts_with('<')) tag.remove_prefix(1);
   Assign(in.tag, tag);
 
+  const bool is_self_closed = tag.ends_with('/');
   const bool is_closing = tag.starts_with('/');
-  if (SameText(tag, "false/")) {
+  if (is_self_closed && SameText(tag, "false/")) {
     ReadBoolean(in, "false");
-  } else if (SameText(tag, "true/")) {
+  } else if (is_self_closed && SameText(tag, "true/")) {
     ReadBoolean(in, "true");
   } else if (is_closing && (SameText(tag.substr(1), in.type) || SameText(tag, "/key"))) {
     CloseValue(in);
@@ -200,7 +217,7 @@ void Reader::OpenElement(Activation& in, std::string_view& line, std::size_t end
   Assign(in.type, type);
   Entry& entry = in.node.entries_.List(in.key);
   entry.SetType(type);
-  if (entry.isContainer || SameText(type, "dict/")) return;
+  if (entry.isContainer || (in.selfClosed && SameText(type, "dict/"))) return;
 
   line.remove_prefix(end_of_tag + 1);
   const std::size_t end = FindClosingTag(line, type, "");
@@ -218,8 +235,8 @@ void Reader::OpenElement(Activation& in, std::string_view& line, std::size_t end
 
 // Makes the node of a container, and returns it if it is to be read.
 plistDict* Reader::OpenChild(Activation& in, std::string_view& line) {
+  if (!IsContainer(in.type)) return nullptr;
   const bool is_dict = SameText(in.type, "dict");
-  if (!is_dict && !SameText(in.type, "array")) return nullptr;
   in.node.NewChild(in.node.entries_.FindOrAdd(in.key), in.key, !is_dict);
   if (!in.selfClosed) return in.node.children.back().get();
   if (is_dict) line = {};
