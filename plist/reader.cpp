@@ -23,9 +23,8 @@ std::string_view WithoutLeadingBlanks(std::string_view line) {
 }
 
 // Where the first field of a line ends: in front of the first "<" that follows a ">" and doesn't
-// begin a closing tag.
-std::size_t EndOfField(std::string_view line) {
-  std::size_t at = line.find('>');
+// begin a closing tag. The first ">" of the line is at `at`.
+std::size_t EndOfField(std::string_view line, std::size_t at) {
   while (at != std::string_view::npos && at + 1 < line.size()) {
     if (line[at + 1] == '<' && (at + 2 == line.size() || line[at + 2] != '/')) return at + 1;
     at = line.find('>', at + 1);
@@ -129,10 +128,11 @@ void Reader::ReadLine(Activation& in) {
 }
 
 void Reader::ReadField(Activation& in) {
-  std::string_view line = in.fields.substr(0, EndOfField(in.fields));
+  const std::size_t bracket = in.fields.find('>');
+  std::string_view line = in.fields.substr(0, EndOfField(in.fields, bracket));
   in.fields.remove_prefix(line.size());
   in.hasFields = !in.fields.empty();
-  plistDict* const opened = StepField(in, line);
+  plistDict* const opened = StepField(in, line, bracket);
   if (!in.hasFields) in.hasEnded = IsEndTag(line, in.endTag) || IsEmptyDict(line);
   RuntimeBackgroundTask();
   if (opened == nullptr) return;
@@ -144,8 +144,8 @@ void Reader::ReadField(Activation& in) {
   activations_.emplace_back(*opened);
 }
 
-// Returns the node to be read next, or null.
-plistDict* Reader::StepField(Activation& in, std::string_view& line) {
+// Returns the node to be read next, or null. The first ">" of the line is at `bracket`.
+plistDict* Reader::StepField(Activation& in, std::string_view& line, std::size_t bracket) {
   if (const std::size_t length = LengthOfKeyTag(line)) {
     ReadKey(in, line, length);
     return nullptr;
@@ -155,7 +155,7 @@ plistDict* Reader::StepField(Activation& in, std::string_view& line) {
     Continue(in, line);
     return nullptr;
   }
-  return ReadTag(in, line);
+  return bracket == std::string_view::npos ? nullptr : ReadTag(in, line, bracket);
 }
 
 void Reader::ReadKey(Activation& in, std::string_view& line, std::size_t length) {
@@ -176,13 +176,9 @@ void Reader::Continue(Activation& in, std::string_view& line) {
   if (!in.inValue) StoreValue(in, in.node.entries_.FindOrAdd(in.key));
 }
 
-plistDict* Reader::ReadTag(Activation& in, std::string_view& line) {
-  const std::size_t end = line.find('>');
-  if (end == std::string_view::npos) return nullptr;
-  std::string_view tag = line.substr(0, end);
+plistDict* Reader::ReadTag(Activation& in, std::string_view& line, std::size_t bracket) {
+  std::string_view tag = line.substr(0, bracket);
   if (tag.starts_with('<')) tag.remove_prefix(1);
-  Assign(in.tag, tag);
-
   const bool is_self_closed = tag.ends_with('/');
   const bool is_closing = tag.starts_with('/');
   if (is_self_closed && SameText(tag, "false/")) {
@@ -192,7 +188,7 @@ plistDict* Reader::ReadTag(Activation& in, std::string_view& line) {
   } else if (is_closing && (SameText(tag.substr(1), in.type) || SameText(tag, "/key"))) {
     CloseValue(in);
   } else {
-    OpenElement(in, line, end);
+    OpenElement(in, tag, line);
   }
   return OpenChild(in, line);
 }
@@ -210,8 +206,8 @@ void Reader::CloseValue(Activation& in) {
   in.value.clear();
 }
 
-void Reader::OpenElement(Activation& in, std::string_view& line, std::size_t end_of_tag) {
-  std::string_view type = in.tag;
+void Reader::OpenElement(Activation& in, std::string_view tag, std::string_view& line) {
+  std::string_view type = tag;
   in.selfClosed = type.ends_with('/');
   if (in.selfClosed) type.remove_suffix(1);
   Assign(in.type, type);
@@ -219,18 +215,25 @@ void Reader::OpenElement(Activation& in, std::string_view& line, std::size_t end
   entry.SetType(type);
   if (entry.isContainer || (in.selfClosed && SameText(type, "dict/"))) return;
 
-  line.remove_prefix(end_of_tag + 1);
+  line.remove_prefix(static_cast<std::size_t>(tag.end() - line.begin()) + 1);
   const std::size_t end = FindClosingTag(line, type, "");
-  if (end != std::string_view::npos) {
+  if (end == std::string_view::npos) {
+    OpenValue(in, tag, line);
+  } else {
     in.value = line.substr(0, end);
     StoreValue(in, entry);
-    return;
   }
+}
+
+// Begins a value that goes on in the next lines. Of its first line the text is lost if it holds a
+// ">".
+void Reader::OpenValue(Activation& in, std::string_view tag, std::string_view line) {
   in.inValue = true;
+  in.tag = tag;
   in.value.clear();
   if (line.find('>') != std::string_view::npos) return;
   AppendDecoded(in.value, line);
-  if (!SameText(type, "data")) in.value += kLineSeparator;
+  if (!SameText(in.type, "data")) in.value += kLineSeparator;
 }
 
 // Makes the node of a container, and returns it if it is to be read.
