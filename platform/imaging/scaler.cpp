@@ -4,11 +4,11 @@
 #include <atomic>
 #include <cstring>
 #include <functional>
-#include <memory>
 #include <new>
 #include <thread>
 #include <utility>
 
+#include "platform/imaging/aligned.h"
 #include "platform/imaging/passes.h"
 #include "platform/imaging/resample_internal.h"
 #include "platform/imaging/weights.h"
@@ -83,21 +83,10 @@ std::size_t FilterBytes(const Filter& filter) {
   return filter.first.size() * sizeof(int) + filter.weights.size() * sizeof(std::int32_t);
 }
 
-struct AlignedDelete {
-  void operator()(std::uint8_t* memory) const {
-    ::operator delete (memory, std::align_val_t{kWorkAlignment});
-  }
-};
-
-using Memory = std::unique_ptr<std::uint8_t, AlignedDelete>;
-
-Memory AlignedMemory(std::size_t bytes) {
-  return Memory(
-      static_cast<std::uint8_t*>(::operator new (bytes, std::align_val_t{kWorkAlignment})));
-}
-
-void Run(const Resampling& resampling, const Plan& plan) {
-  const Memory memory = AlignedMemory(plan.AllBytes());
+// False if there is no memory to work in.
+bool Run(const Resampling& resampling, const Plan& plan) {
+  const AlignedBytes memory = MakeAlignedBytes(plan.AllBytes());
+  if (memory == nullptr) return false;
   std::atomic<int> next{0};
   const std::function<void(int)> work = [&](int thread) {
     std::uint8_t* own = memory.get() + plan.workBytes * static_cast<std::size_t>(thread);
@@ -109,6 +98,7 @@ void Run(const Resampling& resampling, const Plan& plan) {
     }
   };
   SharedWorkers().Run(plan.threads - 1, work);
+  return true;
 }
 
 }  // namespace
@@ -131,7 +121,7 @@ Ref<Picture> ResampleWithThreads(const Ref<Picture>& source, std::int64_t width,
   try {
     Resampling resampling = ResamplingOf(*source, result->Width(), result->Height());
     resampling.result = result.get();
-    Run(resampling, PlanFor(resampling, threads));
+    if (!Run(resampling, PlanFor(resampling, threads))) return nullptr;
   } catch (const std::bad_alloc&) {
     return nullptr;
   }
