@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "platform/base/exceptions.h"
-#include "platform/base/folding.h"
 
 namespace morvantile {
 namespace {
@@ -24,10 +23,6 @@ void MoveMark(Entry& from, Entry& to) {
 }
 
 }  // namespace
-
-bool IsContainer(std::string_view type) {
-  return SameText(type, "dict") || SameText(type, "array");
-}
 
 Entry* Entries::Find(std::string_view key) {
   Entry* const listed = listed_.Find(key);

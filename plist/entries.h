@@ -11,11 +11,16 @@
 
 #include "platform/base/compact_text.h"
 #include "platform/base/dictionary.h"
+#include "platform/base/folding.h"
 
 namespace morvantile {
 
 // Whether a type word is "dict" or "array".
-bool IsContainer(std::string_view type);
+inline bool IsContainer(std::string_view type) {
+  if (type.empty()) return false;
+  return (MayBeLetter(type[0], 'd') && SameText(type, "dict")) ||
+         (MayBeLetter(type[0], 'a') && SameText(type, "array"));
+}
 
 // What a node knows of one key. Each part stands for an entry in one of the node's properties: the
 // type word in `types`, the text in `values`, the mark in `searched`, the child in `childrenNames`.

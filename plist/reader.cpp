@@ -23,9 +23,8 @@ std::string_view WithoutLeadingBlanks(std::string_view line) {
 }
 
 // Where the first field of a line ends: in front of the first "<" that follows a ">" and doesn't
-// begin a closing tag.
-std::size_t EndOfField(std::string_view line) {
-  std::size_t at = line.find('>');
+// begin a closing tag. The first ">" of the line is at `at`.
+std::size_t EndOfField(std::string_view line, std::size_t at) {
   while (at != std::string_view::npos && at + 1 < line.size()) {
     if (line[at + 1] == '<' && (at + 2 == line.size() || line[at + 2] != '/')) return at + 1;
     at = line.find('>', at + 1);
@@ -65,6 +64,21 @@ std::size_t LengthOfKeyEnd(std::string_view line) {
   const std::string_view tail = line.substr(line.size() - std::min(line.size(), kMostBytes));
   const std::string end = Right(tail, static_cast<std::int64_t>(kEnd.size()));
   return SameText(end, kEnd) ? end.size() : 0;
+}
+
+// The bytes of the "<key>" that the line begins with, or 0.
+std::size_t LengthOfKeyTag(std::string_view line) {
+  constexpr std::string_view kTag = "<key>";
+  if (line.size() < kTag.size() || !MayBeLetter(line[1], kTag[1])) return 0;
+  return LengthOfPrefix(line, kTag);
+}
+
+bool IsEndTag(std::string_view line, std::string_view end_tag) {
+  return line.starts_with("</") && SameText(line, end_tag);
+}
+
+bool IsEmptyDict(std::string_view line) {
+  return line.ends_with("/>") && SameText(line, "<dict/>");
 }
 
 void Assign(std::string& variable, std::string_view text) {
@@ -114,11 +128,12 @@ void Reader::ReadLine(Activation& in) {
 }
 
 void Reader::ReadField(Activation& in) {
-  std::string_view line = in.fields.substr(0, EndOfField(in.fields));
+  const std::size_t bracket = in.fields.find('>');
+  std::string_view line = in.fields.substr(0, EndOfField(in.fields, bracket));
   in.fields.remove_prefix(line.size());
   in.hasFields = !in.fields.empty();
-  plistDict* const opened = StepField(in, line);
-  if (!in.hasFields) in.hasEnded = SameText(line, in.endTag) || SameText(line, "<dict/>");
+  plistDict* const opened = StepField(in, line, bracket);
+  if (!in.hasFields) in.hasEnded = IsEndTag(line, in.endTag) || IsEmptyDict(line);
   RuntimeBackgroundTask();
   if (opened == nullptr) return;
   // The child's lines take the place of this one in the stream.
@@ -129,24 +144,25 @@ void Reader::ReadField(Activation& in) {
   activations_.emplace_back(*opened);
 }
 
-// Returns the node to be read next, or null.
-plistDict* Reader::StepField(Activation& in, std::string_view& line) {
-  if (const std::size_t length = LengthOfPrefix(line, "<key>")) {
+// Returns the node to be read next, or null. The first ">" of the line is at `bracket`.
+plistDict* Reader::StepField(Activation& in, std::string_view& line, std::size_t bracket) {
+  if (const std::size_t length = LengthOfKeyTag(line)) {
     ReadKey(in, line, length);
     return nullptr;
   }
-  if (SameText(line, in.endTag)) return nullptr;
+  if (IsEndTag(line, in.endTag)) return nullptr;
   if (in.inValue && !IsClosingTag(line, in.tag)) {
     Continue(in, line);
     return nullptr;
   }
-  return ReadTag(in, line);
+  return bracket == std::string_view::npos ? nullptr : ReadTag(in, line, bracket);
 }
 
 void Reader::ReadKey(Activation& in, std::string_view& line, std::size_t length) {
   line.remove_prefix(length);
   line.remove_suffix(LengthOfKeyEnd(line));
   in.key = line;
+  in.node.entries_.Listed().Expect(line);
 }
 
 void Reader::Continue(Activation& in, std::string_view& line) {
@@ -160,22 +176,19 @@ void Reader::Continue(Activation& in, std::string_view& line) {
   if (!in.inValue) StoreValue(in, in.node.entries_.FindOrAdd(in.key));
 }
 
-plistDict* Reader::ReadTag(Activation& in, std::string_view& line) {
-  const std::size_t end = line.find('>');
-  if (end == std::string_view::npos) return nullptr;
-  std::string_view tag = line.substr(0, end);
+plistDict* Reader::ReadTag(Activation& in, std::string_view& line, std::size_t bracket) {
+  std::string_view tag = line.substr(0, bracket);
   if (tag.starts_with('<')) tag.remove_prefix(1);
-  Assign(in.tag, tag);
-
+  const bool is_self_closed = tag.ends_with('/');
   const bool is_closing = tag.starts_with('/');
-  if (SameText(tag, "false/")) {
+  if (is_self_closed && SameText(tag, "false/")) {
     ReadBoolean(in, "false");
-  } else if (SameText(tag, "true/")) {
+  } else if (is_self_closed && SameText(tag, "true/")) {
     ReadBoolean(in, "true");
   } else if (is_closing && (SameText(tag.substr(1), in.type) || SameText(tag, "/key"))) {
     CloseValue(in);
   } else {
-    OpenElement(in, line, end);
+    OpenElement(in, tag, line);
   }
   return OpenChild(in, line);
 }
@@ -193,33 +206,40 @@ void Reader::CloseValue(Activation& in) {
   in.value.clear();
 }
 
-void Reader::OpenElement(Activation& in, std::string_view& line, std::size_t end_of_tag) {
-  std::string_view type = in.tag;
+void Reader::OpenElement(Activation& in, std::string_view tag, std::string_view& line) {
+  std::string_view type = tag;
   in.selfClosed = type.ends_with('/');
   if (in.selfClosed) type.remove_suffix(1);
   Assign(in.type, type);
   Entry& entry = in.node.entries_.List(in.key);
   entry.SetType(type);
-  if (entry.isContainer || SameText(type, "dict/")) return;
+  if (entry.isContainer || (in.selfClosed && SameText(type, "dict/"))) return;
 
-  line.remove_prefix(end_of_tag + 1);
+  line.remove_prefix(static_cast<std::size_t>(tag.end() - line.begin()) + 1);
   const std::size_t end = FindClosingTag(line, type, "");
-  if (end != std::string_view::npos) {
+  if (end == std::string_view::npos) {
+    OpenValue(in, tag, line);
+  } else {
     in.value = line.substr(0, end);
     StoreValue(in, entry);
-    return;
   }
+}
+
+// Begins a value that goes on in the next lines. Of its first line the text is lost if it holds a
+// ">".
+void Reader::OpenValue(Activation& in, std::string_view tag, std::string_view line) {
   in.inValue = true;
+  in.tag = tag;
   in.value.clear();
   if (line.find('>') != std::string_view::npos) return;
   AppendDecoded(in.value, line);
-  if (!SameText(type, "data")) in.value += kLineSeparator;
+  if (!SameText(in.type, "data")) in.value += kLineSeparator;
 }
 
 // Makes the node of a container, and returns it if it is to be read.
 plistDict* Reader::OpenChild(Activation& in, std::string_view& line) {
+  if (!IsContainer(in.type)) return nullptr;
   const bool is_dict = SameText(in.type, "dict");
-  if (!is_dict && !SameText(in.type, "array")) return nullptr;
   in.node.NewChild(in.node.entries_.FindOrAdd(in.key), in.key, !is_dict);
   if (!in.selfClosed) return in.node.children.back().get();
   if (is_dict) line = {};

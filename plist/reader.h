@@ -48,8 +48,8 @@ class Reader {
     std::string key;          // what the next value or node goes under
     std::string type;         // the name of the element opened last
     std::string value;        // the text collected for a value
-    std::string tag;          // what stood between "<" and ">" in the tag read last
     bool inValue = false;     // a value is open across lines
+    std::string tag;          // what stood between the "<" and ">" that opened it
     bool selfClosed = false;  // the opening tag read last ended in "/"
 
     bool hasFields = false;   // of the current line some are left
@@ -60,13 +60,14 @@ class Reader {
 
   void ReadLine(Activation& in);
   void ReadField(Activation& in);
-  plistDict* StepField(Activation& in, std::string_view& line);
+  static plistDict* StepField(Activation& in, std::string_view& line, std::size_t bracket);
   static void ReadKey(Activation& in, std::string_view& line, std::size_t length);
   static void Continue(Activation& in, std::string_view& line);
-  static plistDict* ReadTag(Activation& in, std::string_view& line);
+  static plistDict* ReadTag(Activation& in, std::string_view& line, std::size_t bracket);
   static void ReadBoolean(Activation& in, std::string_view word);
   static void CloseValue(Activation& in);
-  static void OpenElement(Activation& in, std::string_view& line, std::size_t end_of_tag);
+  static void OpenElement(Activation& in, std::string_view tag, std::string_view& line);
+  static void OpenValue(Activation& in, std::string_view tag, std::string_view line);
   static plistDict* OpenChild(Activation& in, std::string_view& line);
   static void StoreValue(Activation& in, Entry& entry);
 

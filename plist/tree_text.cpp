@@ -14,20 +14,6 @@ namespace {
 
 constexpr std::size_t kPieceSize = std::size_t{64} * 1024;
 
-// For each place in childrenNames, the next place of the same name, or 0. Empty if no name stands
-// there twice, as in all trees but those of files that repeat a key.
-std::vector<std::uint32_t> NextWithSameName(const std::vector<std::string>& names,
-                                            std::size_t different_names, Entries& entries) {
-  if (names.size() <= different_names + 1) return {};
-  std::vector<std::uint32_t> next(names.size());
-  std::unordered_map<const Entry*, std::uint32_t> seen;
-  for (std::size_t place = names.size() - 1; place > 0; --place) {
-    const auto [at, is_new] = seen.try_emplace(entries.Find(names[place]), 0);
-    next[place] = std::exchange(at->second, static_cast<std::uint32_t>(place));
-  }
-  return next;
-}
-
 }  // namespace
 
 void plistDict::Write(TextOutputStream& out, std::int64_t depth) {
@@ -110,13 +96,25 @@ void TreeText::WriteChild(Level& level) {
 }
 
 void TreeText::Enter(plistDict& node, std::string_view name) {
-  node.IndexChildren();
-  std::size_t different_names = 0;
-  node.entries_.ForEach([&](const Entry& entry) { different_names += entry.child != 0 ? 1 : 0; });
   Level& level = levels_.emplace_back();
   level.node = &node;
   level.name = name;
-  level.repeats = NextWithSameName(node.childrenNames, different_names, node.entries_);
+  if (node.childrenNames.size() > 1) level.repeats = Repeats(node);
+}
+
+std::vector<std::uint32_t> TreeText::Repeats(plistDict& node) {
+  node.IndexChildren();
+  std::size_t different_names = 0;
+  node.entries_.ForEach([&](const Entry& entry) { different_names += entry.child != 0 ? 1 : 0; });
+  const std::vector<std::string>& names = node.childrenNames;
+  if (names.size() <= different_names + 1) return {};
+  std::vector<std::uint32_t> next(names.size());
+  std::unordered_map<const Entry*, std::uint32_t> seen;
+  for (std::size_t place = names.size() - 1; place > 0; --place) {
+    const auto [at, is_new] = seen.try_emplace(node.entries_.Find(names[place]), 0);
+    next[place] = std::exchange(at->second, static_cast<std::uint32_t>(place));
+  }
+  return next;
 }
 
 void TreeText::Leave() {

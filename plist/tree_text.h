@@ -36,7 +36,7 @@ class TreeText {
     std::size_t position = 0;            // of the key to be written next
     std::string_view childName;          // of the elements under the key before it
     std::uint32_t child = 0;             // the place of the next of them, 0 for none
-    std::vector<std::uint32_t> repeats;  // see NextWithSameName
+    std::vector<std::uint32_t> repeats;  // see Repeats
   };
 
   void WriteEntry(Level& level);
@@ -44,6 +44,9 @@ class TreeText {
   void WriteScalar(const Entry& entry);
   void WriteChild(Level& level);
   void Enter(plistDict& node, std::string_view name);
+  // For each place in childrenNames, the next place of the same name, or 0. Empty if no name stands
+  // there twice, as in all trees but those of files that repeat a key.
+  static std::vector<std::uint32_t> Repeats(plistDict& node);
   void Leave();
   void WriteLine(std::initializer_list<std::string_view> parts);
   void Flush(std::size_t size);

@@ -63,6 +63,11 @@ class Dictionary {
     return at == kNone ? Append(key, hash) : slots_[at].value;
   }
 
+  // A hint that the key will be asked for soon.
+  void Expect(std::string_view key) const {
+    if (index_.IsLarge()) index_.Expect(HashOfText(key));
+  }
+
   // Takes the key out and returns true, or returns false if it isn't there.
   bool Remove(std::string_view key);
 

@@ -165,7 +165,7 @@ bool SameFolding(std::string_view a, std::string_view b) {
   return common.in_a == a.size() && common.in_b == b.size();
 }
 
-std::size_t LengthOfPrefix(std::string_view text, std::string_view part) {
+std::size_t LengthOfFoldedPrefix(std::string_view text, std::string_view part) {
   const Common common = CommonFolding(text, part);
   return common.in_b == part.size() ? common.in_a : 0;
 }

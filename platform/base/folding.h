@@ -33,8 +33,20 @@ bool SameFolding(std::string_view a, std::string_view b);
 // Whether the two have the same folding.
 inline bool SameText(std::string_view a, std::string_view b) { return a == b || SameFolding(a, b); }
 
+// How many bytes at the beginning of `text`, which doesn't begin with `part` itself, have the
+// folding of `part`; 0 if it doesn't begin so.
+std::size_t LengthOfFoldedPrefix(std::string_view text, std::string_view part);
+
 // How many bytes at the beginning of `text` have the folding of `part`; 0 if it doesn't begin so.
-std::size_t LengthOfPrefix(std::string_view text, std::string_view part);
+inline std::size_t LengthOfPrefix(std::string_view text, std::string_view part) {
+  return text.starts_with(part) ? part.size() : LengthOfFoldedPrefix(text, part);
+}
+
+// Whether a text that begins with this byte can be the same to SameText as one that begins with
+// that small ASCII letter: a quick no for most.
+inline bool MayBeLetter(char byte, char small) {
+  return (byte | ('a' - 'A')) == small || static_cast<unsigned char>(byte) >= 0x80;
+}
 
 // A hash of the folding of `text`: the same for all texts that are the same to SameText. It differs
 // from one run of the program to the next.

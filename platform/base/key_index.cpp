@@ -11,7 +11,7 @@ constexpr std::size_t kSmallest = 16;
 
 // The number of cells in which `count` may be used.
 std::size_t CellsFor(std::size_t count) {
-  return std::bit_ceil(std::max(kSmallest, count + count * 3 / 5 + 1));
+  return std::bit_ceil(std::max(kSmallest, count + count / 3 + 1));
 }
 
 }  // namespace

@@ -28,6 +28,12 @@ class KeyIndex {
     return kNone;
   }
 
+  // A hint that a search for `hash` comes soon, which then need not wait for the memory.
+  void Expect(std::uint32_t hash) const { __builtin_prefetch(&cells_[hash & mask_]); }
+
+  // Whether searches are likely to miss the processor's caches.
+  bool IsLarge() const { return cells_.size() > kCellsInCaches; }
+
   // Adds a number that isn't there yet, other than kNone.
   void Add(std::uint32_t hash, std::uint32_t number);
 
@@ -38,6 +44,8 @@ class KeyIndex {
   void Reset(std::size_t count);
 
  private:
+  static constexpr std::size_t kCellsInCaches = std::size_t{1} << 17;
+
   struct Cell {
     std::uint32_t hash = 0;
     std::uint32_t number = kNone;
@@ -46,7 +54,7 @@ class KeyIndex {
   void Resize(std::size_t size);
   void Place(Cell cell);
 
-  std::vector<Cell> cells_;  // a power of two of them, never more than 5/8 in use
+  std::vector<Cell> cells_;  // a power of two of them, never more than 3/4 in use
   std::size_t mask_ = 0;
   std::size_t used_ = 0;
 };

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <limits>
 #include <optional>
+#include <type_traits>
 
 #include "platform/base/number.h"
 #include "platform/base/text.h"
@@ -101,7 +102,8 @@ std::optional<std::int64_t> ReadInteger(std::string_view text) {
 
 template <typename Number, typename... Layout>
 std::string Digits(Number value, Layout... layout) {
-  std::array<char, 350> digits{};
+  constexpr std::size_t kMostDigits = std::is_integral_v<Number> ? 24 : 350;
+  std::array<char, kMostDigits> digits;  // NOLINT(*-member-init): filled as far as it is used
   const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), value, layout...);
   return {digits.data(), result.ptr};
 }
