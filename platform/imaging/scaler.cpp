@@ -22,7 +22,7 @@ constexpr int kMostThreads = 16;
 constexpr std::int64_t kPixelsForThreads = 32 << 10;
 // What a thread may work in, in bytes: a part of its core's own cache, and all threads together a
 // part of the source, but not too little to work at all.
-constexpr std::int64_t kMostWork = 256 << 10;
+constexpr std::int64_t kMostWork = 512 << 10;
 constexpr std::int64_t kLeastWork = 128 << 10;
 constexpr std::int64_t kPartOfSource = 32;
 // The fewest columns that a thread takes at a time, unless there are fewer.
