@@ -30,8 +30,7 @@ std::vector<std::string> Shuffled(std::vector<std::string> keys) {
 }
 
 Ref<plist> DocumentWith(const std::vector<std::string>& keys) {
-  Ref<plist> document = New<plist>();
-  document->root->rootClass = document;
+  Ref<plist> document = New<plist>(New<FolderItem>("/no such file"), false);
   for (const std::string& key : keys) document->root->SetString(key, "a value");
   return document;
 }
@@ -139,7 +138,7 @@ void Overhead(benchmark::State& state, std::int64_t nodes) {
   for (const std::string& key : keys) text += key.size() + 7;
   for (auto _ : state) {
     const std::size_t before = mallinfo2().uordblks + mallinfo2().hblkhd;
-    const Ref<plist> document = New<plist>();
+    const Ref<plist> document = New<plist>(nullptr, false);
     document->root->isArray = true;
     for (std::int64_t i = 0; i < nodes; ++i) {
       document->root->AppendDict();

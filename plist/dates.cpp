@@ -1,41 +1,11 @@
 #include "platform/base/folding.h"
 #include "platform/base/text.h"
+#include "plist/date_text.h"
 #include "plist/plistDict.h"
 #include "plist/report.h"
 
 namespace morvantile {
 namespace {
-
-std::string DateText(plistDict& node, const Date& date) {
-  return Str(date.Year()) + "-" + node.MakeTwo(date.Month()) + "-" + node.MakeTwo(date.Day()) +
-         "T" + node.MakeTwo(date.Hour()) + ":" + node.MakeTwo(date.Minute()) + ":" +
-         node.MakeTwo(date.Second()) + "Z";
-}
-
-struct DateParts {
-  std::string day;
-  std::string time;
-};
-
-DateParts Split(const std::string& text) {
-  const std::int64_t mark = InStr(text, "T");
-  if (mark == 0) return {text, ""};
-  std::string time = Right(text, Len(text) - mark);
-  if (SameText(Right(time, 1), "Z")) time.pop_back();
-  return {Left(text, mark - 1), time};
-}
-
-bool ReadDay(const std::string& day, Date& date) {
-  return ParseDate(
-      NthField(day, "-", 2) + "/" + NthField(day, "-", 3) + "/" + NthField(day, "-", 1), date);
-}
-
-void ReadTime(const std::string& time, Date& date) {
-  if (time.empty()) return;
-  date.SetHour(CInt64(NthField(time, ":", 1)));
-  date.SetMinute(CInt64(NthField(time, ":", 2)));
-  date.SetSecond(CInt64(NthField(time, ":", 3)));
-}
 
 std::string ColorText(plistDict& node, Color color) {
   return node.PaddedHex(color.Red()) + node.PaddedHex(color.Green()) + node.PaddedHex(color.Blue());
@@ -54,10 +24,7 @@ Ref<Date> plistDict::GetDate(std::string_view key, const Ref<Date>& standard) {
   if (!TypeOK(key)) return nullptr;
   Ref<Date> date = New<Date>();
   const std::string text = GetValue(key);
-  const DateParts parts = Split(text);
-  if (ReadDay(parts.day, *date)) {
-    ReadTime(parts.time, *date);
-  } else {
+  if (!ReadDateText(text, *date)) {
     SetError(true, std::string("Could not create date object from ")
                        .append(key)
                        .append("(")

@@ -7,6 +7,8 @@
 #include "platform/base/date.h"
 #include "platform/base/folding.h"
 #include "platform/base/text.h"
+#include "plist/date_text.h"
+#include "plist/plist.h"
 #include "plist/plistDict.h"
 
 namespace morvantile {
@@ -17,13 +19,6 @@ bool IsInside(const plistDict& node, const plistDict* tree) {
     if (above == tree) return true;
   }
   return false;
-}
-
-bool IsDateText(std::string_view text) {
-  const std::string day = Left(text, InStr(text, "T") > 0 ? InStr(text, "T") - 1 : Len(text));
-  Date date(1, 1, 1);
-  return ParseDate(
-      NthField(day, "-", 2) + "/" + NthField(day, "-", 3) + "/" + NthField(day, "-", 1), date);
 }
 
 }  // namespace
@@ -42,11 +37,32 @@ void plistDict::Move(std::string_view key, const Ref<plistDict>& destination, bo
   const std::string source(key);
   const std::string target(newKey.empty() ? key : newKey);
   if (destination.get() == this && !isArray && SameText(source, target)) return;
-  if (IsContainer(GetType(source)) && IsInside(*destination, child(source).get())) {
-    SetError(true, "Destination is inside " + source);
-    return;
+  if (Contain(source, *destination, target)) return;
+
+  const bool is_complete = Carry(source, *destination, target);
+  if (!removeSource) return;
+  if (is_complete) {
+    Remove(source, false);
+  } else if (rootClass && !rootClass->error) {
+    SetError(true, source + " could not be moved as a whole");
   }
-  if (Carry(source, *destination, target) && removeSource) Remove(source, false);
+}
+
+// Whether the container under `key` and the one that it is to become contain each other, so that
+// the walk would feed itself, or the removal take what has arrived; if so, with a report.
+bool plistDict::Contain(std::string_view key, plistDict& destination, std::string_view target) {
+  if (!entries_.FindListed(key)->isContainer) return false;
+  const std::size_t place = ChildPlace(key);
+  if (place != 0 && IsInside(destination, children[place].get())) {
+    SetError(true, std::string("Destination is inside ").append(key));
+    return true;
+  }
+  const std::size_t merged = destination.isArray ? 0 : destination.ChildPlace(target);
+  if (merged != 0 && IsInside(*this, destination.children[merged].get())) {
+    SetError(true, std::string(key).append(" is inside the destination"));
+    return true;
+  }
+  return false;
 }
 
 void plistDict::Move(std::string_view key, const Ref<plistDict>& destination) {
@@ -74,6 +90,12 @@ void plistDict::AppendDict(const Ref<plistDict>& other) {
     other->Copy(other->CurrentKey(), self);
     other->MoveNext();
   }
+}
+
+Ref<plist> plistDict::PlistFromPlistDict(const Ref<plistDict>& source) {
+  Ref<plist> document = New<plist>(nullptr, false);
+  document->root->AppendDict(source);
+  return document;
 }
 
 void plistDict::AppendAsNewChild(const Ref<plistDict>& other) {
@@ -152,10 +174,13 @@ bool plistDict::CarryScalar(const std::string& key, plistDict& destination,
                             const std::string& target) {
   const std::string type = GetType(key);
   const std::string text = GetString(key);
-  if (!destination.isArray && !SameText(type, "data") && destination.CheckType(target, type) == 0) {
-    return false;
-  }
   const bool appends = destination.isArray;
+  if (!appends && destination.Exists(target)) {
+    // SetData asks for no type, and would cover a container.
+    const bool covers = SameText(type, "data") && !IsContainer(destination.GetType(target));
+    if (!covers && destination.CheckType(target, type) == 0) return false;
+  }
+  Date date(1, 1, 1);
   if (SameText(type, "string")) {
     appends ? destination.AppendString(text) : destination.SetString(target, text);
   } else if (SameText(type, "boolean")) {
@@ -170,7 +195,7 @@ bool plistDict::CarryScalar(const std::string& key, plistDict& destination,
             : destination.SetInteger(target, static_cast<double>(value));
   } else if (SameText(type, "data")) {
     appends ? destination.AppendData(text) : destination.SetData(target, text);
-  } else if (SameText(type, "date") && IsDateText(text)) {
+  } else if (SameText(type, "date") && ReadDateText(text, date)) {
     const Ref<Date> value = GetDate(key);
     appends ? destination.AppendDate(value) : destination.SetDate(target, value);
   } else {

@@ -3,55 +3,153 @@
 #ifndef MORVANTILE_PLIST_PLIST_H
 #define MORVANTILE_PLIST_PLIST_H
 
+#include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "platform/base/folder_item.h"
 #include "platform/base/ref.h"
+#include "platform/base/text_input_stream.h"
 #include "plist/plistDict.h"
 
 namespace morvantile {
 
-// A document: a tree of nodes under `root`, and the report of the operation that failed last.
+// A document: a tree of nodes under `root`, the lines in front of it, the file that it came from
+// and the one that it goes to, and the report of the operation that failed last.
+//
+// Files are in the XML form. One in binary form, which begins with "bplist" in any letter case, is
+// copied to a file beside it, named as it and " temp.plist"; the program `plutil` turns the copy
+// into XML, and from then on the document works on the copy. Save puts it back over the file, in
+// binary form.
+//
+// Nothing is shown, and nothing but wrong calls throws: a failure leaves `error` and
+// `errorMessage`. Neither Load nor Save clears them.
 class plist : public Object {
  public:
-  plist() : root(New<plistDict>()) {}
+  // Loads `file`; `flag` plays no part.
+  plist(const Ref<FolderItem>& file, bool flag);
+  // Loads `file`, or `templateFile` where there is no `file` yet: see Load.
+  plist(const Ref<FolderItem>& file, const Ref<FolderItem>& templateFile);
+  // A document from the bytes of a file, XML or binary. Its savePath is a temporary file that is
+  // gone; Save creates it anew. Throws NilObjectException where no temporary file can be made.
+  explicit plist(std::string_view text);
 
   // The topmost node.
   Ref<plistDict> root;
 
-  // The last report: whether there is one, and its text. Operations that check something clear it
-  // first, so it is to be read right after the call that matters.
+  // The last report: whether there is one, and its text. Operations of nodes that check something
+  // clear it first, so it is to be read right after the call that matters.
   bool error = false;
   std::string errorMessage;
+
+  // The file that Save writes; nil for a document without one.
+  Ref<FolderItem> savePath;
+  // The lines of the file up to and including <dict>; the first stands at 1, behind a placeholder.
+  std::vector<std::string> headers = {""};
+  // Whether a file in binary form has been read, and then that file.
+  bool isBinary = false;
+  Ref<FolderItem> org;
 
   // Whether every report of a node is shown in a message box as well.
   bool debug = false;
 
-  // What the search delivered last: the node that holds the entry, its key, text and type word.
+  // What Find and FindNext delivered last: the node, the key, its text and its type.
   Ref<plistDict> foundDict;
   std::string foundKey;
   std::string foundValue;
   std::string foundType;
-  std::string lastSearch;  // the text of the running search
+  bool brk = false;          // not used
+  bool findingNext = false;  // not used
+  // The text of the running search.
+  std::string lastSearch;
 
-  // Searches the texts of all scalars for one that holds `text`, without regard to letter case,
-  // delivers the first into the properties above and returns true; or clears them and returns
-  // false. An empty text is found everywhere.
+  // Writes the document to savePath, in binary form if it was read so or `makeBinary` is set, and
+  // with `cleanup` does Cleanup after that. Throws NilObjectException without a savePath.
+  //
+  // If the file can't be opened the report is "Could not open file for saving", and if it can't be
+  // written in full, or a binary file not be put back, "Could not save file"; the files are then as
+  // they were. `makeBinary` doesn't make the document one that is binary: the next Save() writes
+  // text.
+  virtual void Save(bool cleanup, bool makeBinary);
+
+  // Replaces the tree by what is in `file`, and sets savePath to it. Where there is no `file`, the
+  // text of `templateFile` is taken, and savePath is `file` all the same. A document that is not
+  // read gets the lines of MakeHeaders:
+  //
+  //   file nil                 an empty root, without a name and without a document to report to
+  //   neither file exists      an empty root; the report is the path and " does not exist"
+  //   the file can't be read   the same, with " could not be opened"
+  //   no line is just <dict>   the root is empty, its report goes nowhere, and `headers` holds all
+  //                            lines; the report is "Not a plist file"
+  //   reading fails half-way   what stands in front of it is there; the report is the path and
+  //                            " could not be read to its end"
+  //
+  // `headers` is not cleared, so a second Load adds to it. A `templateFile` of nil is allowed only
+  // if `file` exists. One in binary form is only read: Save creates `file`, in binary form.
+  virtual void Load(const Ref<FolderItem>& file, const Ref<FolderItem>& templateFile);
+
+  // Puts the text of the document on the clipboard for debugging, as the file would be, but with
+  // Chr(13) at the end of each line, and behind each key of a dict whether the search has a mark
+  // for it.
+  virtual void Dump();
+
+  // Deletes the copy of a document from a binary file; nothing for another. A later Save makes it
+  // anew.
+  virtual void Cleanup();
+
+  // Save(false, false).
+  virtual void Save();
+
+  // Starts a search and delivers the first scalar in whose text `text` occurs, in any letter case,
+  // into foundDict and the others; false if there is none, and these are empty then. An empty text
+  // occurs in every scalar. Scalars come in the order of the keys, those of a node at the place of
+  // its key.
   virtual bool Find(std::string_view text);
 
-  // Delivers the next one, in the order of the tree. Each comes once, unless it is set anew in the
-  // meantime. After the last one it returns false and leaves the properties as they are. A text
-  // other than that of the running search starts a new one.
-  //
-  // Both walk the tree from the root by the nodes' own cursors, and clear the report if they come
-  // upon a scalar.
+  // Delivers the next one; false, with the results as they were, if there is none. With another
+  // text than before it begins anew. A search keeps no position but a mark at each scalar that it
+  // has delivered: setting the scalar again makes it deliverable again, and each call walks from
+  // the root. Uses the cursors of all nodes, and clears the report when it meets a scalar.
   virtual bool FindNext(std::string_view text);
 
-  // Makes all entries of the node and below it deliverable again. Throws NilObjectException.
+  // Takes the marks of all scalars of a node and below it away. Throws NilObjectException for nil.
   virtual void ClearSearch(const Ref<plistDict>& node);
 
- private:
+  // Load(file, templateFile).
+  virtual void LoadWithOptionalTemplate(const Ref<FolderItem>& file,
+                                        const Ref<FolderItem>& templateFile);
+
+  // Adds the four lines that begin a new file to `headers`.
+  virtual void MakeHeaders();
+
+  // The bytes that Save() writes, through a temporary file; of a document from a binary file that
+  // is the binary form, and the file is written as well. If there is a report then, it is shown in
+  // a message box. "" if no temporary file can be made.
+  virtual std::string asString();
+
+  // A new document, as plist(text) makes it. The object that this is called on plays no part.
+  virtual Ref<plist> FromString(std::string_view text);
+
+  // asString() encrypted with the Blowfish cipher; platform/base/cipher.h tells the layout and how
+  // to decrypt it. A key of no bytes or of more than 56 gives "" and the report "Could not
+  // encrypt".
+  virtual std::string Encrypt(std::string_view key);
+
+ protected:
+  // Delivers the next scalar of a node or below it that holds `text`: in its text if `mode` is
+  // "valueSearch", in its key if it is "keySearch"; another mode finds nothing.
   bool ReadStructure(const Ref<plistDict>& node, std::string_view text, std::string_view mode);
+
+ private:
+  void MakeEmpty(const std::string& report);
+  Ref<TextInputStream> OpenConverted(const Ref<FolderItem>& file, const Ref<FolderItem>& source);
+  void ReadHeaders(TextInputStream& stream, std::string line);
+  bool WriteText();
+  bool ConvertToBinary();
+  void Report(const std::string& message);
+  static void YieldProcessorTIme(std::int64_t intervalMs, std::int64_t delayMs,
+                                 std::int64_t& lastTick);
 };
 
 }  // namespace morvantile

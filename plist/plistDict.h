@@ -11,6 +11,8 @@
 #include "platform/base/color.h"
 #include "platform/base/date.h"
 #include "platform/base/ref.h"
+#include "platform/base/text_input_stream.h"
+#include "platform/base/text_output_stream.h"
 #include "platform/base/variant.h"
 #include "plist/entries.h"
 
@@ -84,6 +86,24 @@ class plistDict : public Object {
   // The last result of AbsolutePath.
   std::string path;
 
+  // Makes the node an empty one with that name, kind, parent and document; its children stay, and
+  // so do the marks in `searched`. Then, if `read` is set, reads its body from the stream, up to
+  // its end tag or the end of the stream. The stream may be null if `read` isn't set.
+  //
+  // The text is read by lines; see docs/hacking.md for the rules. In short: one element or one
+  // <key> on a line, whatever its leading blanks. The name of an element becomes the type of the
+  // key and its text the value, verbatim but for "&lt;" and "&gt;"; <true/> and <false/> become a
+  // "boolean". Keys are not decoded. A value may span lines, which its text then holds with Chr(13)
+  // behind each, without leading blanks; only those of <data> are joined. Elements that are not
+  // closed as they should be swallow what follows, up to the end tag of the node. Nothing is
+  // rejected and nothing reported: bad input makes a smaller tree, and all that stands in front of
+  // it stays.
+  virtual void Load(TextInputStream* stream, std::string_view ownName, bool asArray,
+                    const BackRef<plistDict>& above, const BackRef<plist>& document, bool read);
+
+  // The text without the control characters and blanks at its left end.
+  virtual std::string StripAll(std::string_view text);
+
   // The sub-node of that key, added as an empty dict if the key is free. Nil, with the report
   // "Child exists: " + name + " already exists", if the key holds a scalar. Where a file has
   // repeated a key, the first of its nodes. Leaves the report alone if it adds nothing.
@@ -98,6 +118,12 @@ class plistDict : public Object {
 
   // The sub-node whose key is that number; nil if there is none, without a report.
   virtual Ref<plistDict> index(std::int64_t number);
+
+  // Writes the entries of the node, and all below them, as XML text that Load reads: each line
+  // behind as many tabs as `depth` says, none if it is 0 or less, and in the order of the keys.
+  // Texts are written as they are, with "<" and ">" escaped; keys are not escaped. An entry without
+  // a text is written with an empty one. Errors show in the stream's Close.
+  virtual void Write(TextOutputStream& out, std::int64_t depth);
 
   // As GetValue.
   virtual std::string GetString(std::string_view key, std::string_view standard);
@@ -212,9 +238,18 @@ class plistDict : public Object {
   virtual std::string GetString(std::string_view key);
   virtual std::string GetValue(std::string_view key);
 
+  // The text with "<" and ">" as "&lt;" and "&gt;", and back. Nothing else is changed.
+  virtual std::string BracketsToCode(std::string_view text);
+  virtual std::string CodeToBrackets(std::string_view text);
+
   // Sets the document's report, or clears it with false and "". With the document's `debug` on, a
   // report is shown as well.
   virtual void SetError(bool flag, const std::string& message);
+
+  // Adds to the text on the clipboard what Write writes, with Chr(13) at the end of each line, and
+  // with a line "<search/>" behind each key that has a mark in `searched`, "<nosearch/>" behind
+  // those without.
+  virtual void Dump(std::int64_t depth);
 
   // Colours are stored as a "string" of six hexadecimal digits, two for each of red, green and
   // blue; the fourth channel is not stored and reads as 0. GetColor takes the first two, the two
@@ -293,13 +328,15 @@ class plistDict : public Object {
   // it. The cursors of the nodes below the entry are used.
   //
   // An entry of a type without operations of its own, or whose text doesn't read as its type, is
-  // carried as it stands. The source stays if anything below it was refused, and an entry moved onto
-  // itself stays as it is.
+  // carried as it stands. The source stays if anything below it was refused, and an entry moved
+  // onto itself stays as it is.
   //
   // Reports, on this node's document: "Destination is nil", "Source does not exist.", "Destination
-  // is inside " + key, and that of Remove; on the destination's that of what refused an entry. A
-  // report of an inner entry is cleared by the next one. Moving an empty container leaves "Source
-  // does not exist.", though it is moved.
+  // is inside " + key, and where the entry would be merged into a container around it, key + " is
+  // inside the destination", which change nothing; key + " could not be moved as a whole" if no
+  // other report tells why the source stays; and that of Remove. On the destination's that of what
+  // refused an entry. A report of an inner entry is cleared by the next one. Moving an empty
+  // container leaves "Source does not exist.", though it is moved.
   virtual void Move(std::string_view key, const Ref<plistDict>& destination, bool removeSource,
                     std::string_view newKey);
   // With `removeSource`, and under the same key.
@@ -317,6 +354,10 @@ class plistDict : public Object {
 
   // Copies all entries of another node into this one, as Copy does it, in the order of its cursor.
   virtual void AppendDict(const Ref<plistDict>& other);
+
+  // A new document without a file, whose root holds copies of all entries of `source`. The node
+  // that this is called on plays no part.
+  virtual Ref<plist> PlistFromPlistDict(const Ref<plistDict>& source);
 
   // Copies all entries of another node into a dict of its name in this one, added if it is missing.
   virtual void AppendAsNewChild(const Ref<plistDict>& other);
@@ -351,6 +392,10 @@ class plistDict : public Object {
   bool CarryScalar(const std::string& key, plistDict& destination, const std::string& target);
   static Ref<plistDict> MakeContainer(std::string_view type, plistDict& destination,
                                       const std::string& target);
+  bool Contain(std::string_view key, plistDict& destination, std::string_view target);
+
+  friend class Reader;
+  friend class TreeText;
 
   std::size_t indexedChildren_ = 1;  // as many of childrenNames are known to the entries
 };

@@ -36,7 +36,7 @@ class ListBinding : public testing::Test {
  protected:
   ListBinding() { node->rootClass = document; }
 
-  Ref<plist> document = New<plist>();
+  Ref<plist> document = New<plist>(nullptr, false);
   Ref<plistDict> node = document->root;
 };
 

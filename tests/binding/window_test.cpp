@@ -28,7 +28,7 @@ class WindowBinding : public testing::Test {
            std::to_string(window.Height());
   }
 
-  Ref<plist> document = New<plist>();
+  Ref<plist> document = New<plist>(nullptr, false);
   Ref<plistDict> node = document->root;
 };
 

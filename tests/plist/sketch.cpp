@@ -20,9 +20,8 @@ std::string SketchOfEntry(plistDict& node, const std::string& key) {
 }  // namespace
 
 Ref<plist> NewDocument() {
-  Ref<plist> document = New<plist>();
-  document->root->name = "root";
-  document->root->rootClass = document;
+  Ref<plist> document = New<plist>(New<FolderItem>("/no such file"), false);
+  document->error = false;
   return document;
 }
 

@@ -1,0 +1,195 @@
+#include <utility>
+
+#include "platform/base/binary_stream.h"
+#include "platform/base/cipher.h"
+#include "platform/base/folding.h"
+#include "platform/base/number.h"
+#include "platform/base/shell.h"
+#include "platform/base/text.h"
+#include "platform/base/time.h"
+#include "platform/ui/msg_box.h"
+#include "plist/plist.h"
+
+namespace morvantile {
+namespace {
+
+constexpr std::string_view kEndOfHeaders = "<dict>";
+
+// Runs the converter on a file, which it changes in place. Whether it succeeds shows in the file.
+void Convert(const char* form, const FolderItem& file) {
+  New<Shell>()->Execute(std::string("plutil -convert ") + form + " " + file.ShellPath());
+}
+
+}  // namespace
+
+plist::plist(const Ref<FolderItem>& file, bool) { plist::LoadWithOptionalTemplate(file, file); }
+
+plist::plist(const Ref<FolderItem>& file, const Ref<FolderItem>& templateFile) {
+  plist::Load(file, templateFile);
+}
+
+plist::plist(std::string_view text) {
+  const Ref<FolderItem> item = GetTemporaryFolderItem();
+  if (const Ref<BinaryStream> stream = BinaryStream::Create(item, true)) {
+    stream->Write(text);
+    stream->Close();
+  }
+  plist::Load(item, item);
+  item->Delete();
+}
+
+void plist::LoadWithOptionalTemplate(const Ref<FolderItem>& file,
+                                     const Ref<FolderItem>& templateFile) {
+  Load(file, templateFile);
+}
+
+void plist::Load(const Ref<FolderItem>& file, const Ref<FolderItem>& templateFile) {
+  root = New<plistDict>();
+  savePath = file;
+  if (!file) {
+    MakeHeaders();
+    return;
+  }
+  const Ref<FolderItem> source = file->Exists() ? file : templateFile;
+  if (!source->Exists()) {
+    MakeEmpty(source->AbsolutePath() + " does not exist");
+    return;
+  }
+  Ref<TextInputStream> stream = TextInputStream::Open(source);
+  if (!stream) {
+    MakeEmpty(source->AbsolutePath() + " could not be opened");
+    return;
+  }
+  std::string line = stream->ReadLine();
+  stream->Close();
+  const bool is_binary = SameText(Left(line, 6), "bplist");
+  stream = is_binary ? OpenConverted(file, source) : TextInputStream::Open(source);
+  if (!stream) {
+    Report("Not a plist file");
+    return;
+  }
+  ReadHeaders(*stream, std::move(line));
+  if (stream->ReadError()) Report(source->AbsolutePath() + " could not be read to its end");
+  stream->Close();
+}
+
+// Makes the copy of a binary file that the document works on, as XML, and opens it.
+Ref<TextInputStream> plist::OpenConverted(const Ref<FolderItem>& file,
+                                          const Ref<FolderItem>& source) {
+  isBinary = true;
+  const Ref<FolderItem> copy = file->Parent()->Child(file->Name() + " temp.plist");
+  if (copy->Exists()) copy->Delete();
+  if (source->CopyFileTo(copy)) Convert("xml1", *copy);
+  org = file;
+  savePath = copy;
+  return TextInputStream::Open(copy);
+}
+
+// Reads the lines up to the one that begins the tree, and then the tree. `line` is the line in
+// hand, which the stream may give once more.
+void plist::ReadHeaders(TextInputStream& stream, std::string line) {
+  std::int64_t last_tick = 0;
+  while (!stream.AtEOF() && !SameText(line, kEndOfHeaders)) {
+    YieldProcessorTIme(300, 10, last_tick);
+    line = stream.ReadLine();
+    headers.push_back(line);
+  }
+  if (SameText(line, kEndOfHeaders)) {
+    root->Load(&stream, "root", false, nullptr, this, true);
+  } else {
+    Report("Not a plist file");
+  }
+}
+
+void plist::MakeEmpty(const std::string& report) {
+  Report(report);
+  MakeHeaders();
+  root->Load(nullptr, "root", false, nullptr, this, false);
+}
+
+void plist::MakeHeaders() {
+  headers.insert(headers.end(), {R"(<?xml version="1.0" encoding="UTF-8"?>)",
+                                 R"(<!DOCTYPE plist PUBLIC "-//Apple Computer//DTD PLIST 1.0//EN" )"
+                                 R"("http://www.apple.com/DTDs/PropertyList-1.0.dtd">)",
+                                 R"(<plist version="1.0">)", std::string(kEndOfHeaders)});
+}
+
+void plist::Save() { Save(false, false); }
+
+void plist::Save(bool cleanup, bool makeBinary) {
+  const bool is_saved = WriteText() && (!(isBinary || makeBinary) || ConvertToBinary());
+  // Until a binary file has been put back, the copy is all that there is of its changes.
+  if (cleanup && is_saved) Cleanup();
+}
+
+bool plist::WriteText() {
+  const Ref<TextOutputStream> stream = savePath->CreateTextFile();
+  if (!stream) {
+    Report("Could not open file for saving");
+    return false;
+  }
+  for (std::size_t i = 1; i < headers.size(); ++i) stream->WriteLine(headers[i]);
+  root->Write(*stream, 1);
+  stream->WriteLine("</dict>");
+  stream->WriteLine("</plist>");
+  if (!stream->Close()) {
+    Report("Could not save file");
+    return false;
+  }
+  return true;
+}
+
+// Turns what has been written into the binary form and puts it over the file that was read.
+// CopyFileTo replaces that file whole, so that it is never missing.
+bool plist::ConvertToBinary() {
+  Convert("binary1", *savePath);
+  if (!org || savePath->CopyFileTo(org)) return true;
+  Report("Could not save file");
+  return false;
+}
+
+void plist::Cleanup() {
+  if (isBinary) savePath->Delete();
+}
+
+void plist::Report(const std::string& message) {
+  error = true;
+  errorMessage = message;
+}
+
+std::string plist::asString() {
+  const Ref<FolderItem> item = GetTemporaryFolderItem();
+  if (!item) return "";
+  const Ref<FolderItem> kept = std::exchange(savePath, item);
+  Save();
+  if (error) MsgBox(errorMessage);
+  std::string text;
+  if (const Ref<TextInputStream> stream = TextInputStream::Open(item)) {
+    text = stream->ReadAll();
+    stream->Close();
+  }
+  savePath = kept;
+  item->Delete();
+  return text;
+}
+
+Ref<plist> plist::FromString(std::string_view text) { return New<plist>(text); }
+
+std::string plist::Encrypt(std::string_view key) {
+  std::optional<std::string> encrypted = EncryptBlowfish(key, asString());
+  if (!encrypted) {
+    Report("Could not encrypt");
+    return "";
+  }
+  return std::move(*encrypted);
+}
+
+// Gives up `delayMs` milliseconds at most every `intervalMs`.
+void plist::YieldProcessorTIme(std::int64_t intervalMs, std::int64_t delayMs,
+                               std::int64_t& lastTick) {
+  if (Microseconds() <= static_cast<double>(lastTick + intervalMs * 1000)) return;
+  Delay(static_cast<double>(delayMs) / 1000.0);
+  lastTick = Truncate(Microseconds());
+}
+
+}  // namespace morvantile

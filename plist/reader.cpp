@@ -1,0 +1,239 @@
+#include "plist/reader.h"
+
+#include <algorithm>
+
+#include "platform/base/background.h"
+#include "platform/base/folding.h"
+#include "platform/base/text.h"
+#include "platform/base/text_search.h"
+#include "plist/brackets.h"
+#include "plist/plist.h"
+
+namespace morvantile {
+namespace {
+
+constexpr char kLineSeparator = '\r';
+
+std::string_view WithoutLeadingBlanks(std::string_view line) {
+  while (!line.empty() && static_cast<unsigned char>(line.front()) <= ' ') {
+    line.remove_prefix(1);
+    RuntimeBackgroundTask();
+  }
+  return line;
+}
+
+// Where the first field of a line ends: in front of the first "<" that follows a ">" and doesn't
+// begin a closing tag.
+std::size_t EndOfField(std::string_view line) {
+  std::size_t at = line.find('>');
+  while (at != std::string_view::npos && at + 1 < line.size()) {
+    if (line[at + 1] == '<' && (at + 2 == line.size() || line[at + 2] != '/')) return at + 1;
+    at = line.find('>', at + 1);
+  }
+  return line.size();
+}
+
+// Where "</", `name` and then `end` first stand in the line, as one would find them with InStr;
+// npos if they don't. Long names, which nothing but broken files have, are left to the general
+// search.
+std::size_t FindClosingTag(std::string_view line, std::string_view name, std::string_view end) {
+  constexpr std::size_t kLongName = 64;
+  if (name.size() > kLongName) {
+    Occurrences tags(line, std::string("</").append(name).append(end));
+    return tags.Next() ? tags.Begin() : std::string_view::npos;
+  }
+  for (std::size_t at = line.find("</"); at != std::string_view::npos;
+       at = line.find("</", at + 1)) {
+    const std::string_view rest = line.substr(at + 2);
+    const std::size_t length = LengthOfPrefix(rest, name);
+    if ((length > 0 || name.empty()) && rest.substr(length).starts_with(end)) return at;
+  }
+  return std::string_view::npos;
+}
+
+bool IsClosingTag(std::string_view line, std::string_view name) {
+  return line.starts_with("</") && line.ends_with(">") &&
+         SameText(line.substr(2, line.size() - 3), name);
+}
+
+// How many bytes the last six characters of the line have if they are "</key>"; else 0.
+std::size_t LengthOfKeyEnd(std::string_view line) {
+  constexpr std::string_view kEnd = "</key>";
+  constexpr std::size_t kMostBytes = 4 * kEnd.size();
+  if (line.ends_with(kEnd)) return kEnd.size();
+  if (!line.ends_with('>')) return 0;
+  const std::string_view tail = line.substr(line.size() - std::min(line.size(), kMostBytes));
+  const std::string end = Right(tail, static_cast<std::int64_t>(kEnd.size()));
+  return SameText(end, kEnd) ? end.size() : 0;
+}
+
+void Assign(std::string& variable, std::string_view text) {
+  if (variable != text) variable = text;
+}
+
+}  // namespace
+
+void plistDict::Load(TextInputStream* stream, std::string_view ownName, bool asArray,
+                     const BackRef<plistDict>& above, const BackRef<plist>& document, bool read) {
+  types.Clear();
+  values.Clear();
+  name = ownName;
+  parent = above;
+  rootClass = document;
+  indexOf = -1;
+  isArray = asArray;
+  if (read) Reader(*stream).Read(*this);
+}
+
+std::string plistDict::StripAll(std::string_view text) {
+  return std::string(WithoutLeadingBlanks(text));
+}
+
+void Reader::Read(plistDict& root) {
+  activations_.emplace_back(root);
+  while (!activations_.empty()) {
+    Activation& innermost = activations_.back();
+    if (innermost.hasFields) {
+      ReadField(innermost);
+    } else if (innermost.hasEnded || stream_.AtEOF()) {
+      activations_.pop_back();
+    } else {
+      ReadLine(innermost);
+    }
+  }
+}
+
+void Reader::ReadLine(Activation& in) {
+  if (in.node.isArray && !in.inValue) in.key = Str(++in.node.indexOf);
+  std::string_view line;
+  stream_.ReadLine(line);
+  in.fields = WithoutLeadingBlanks(line);
+  in.hasFields = true;
+  if (!in.keptFields.empty()) in.keptFields = std::string();
+  RuntimeBackgroundTask();
+}
+
+void Reader::ReadField(Activation& in) {
+  std::string_view line = in.fields.substr(0, EndOfField(in.fields));
+  in.fields.remove_prefix(line.size());
+  in.hasFields = !in.fields.empty();
+  plistDict* const opened = StepField(in, line);
+  if (!in.hasFields) in.hasEnded = SameText(line, in.endTag) || SameText(line, "<dict/>");
+  RuntimeBackgroundTask();
+  if (opened == nullptr) return;
+  // The child's lines take the place of this one in the stream.
+  if (in.hasFields && in.keptFields.empty()) {
+    in.keptFields = in.fields;
+    in.fields = in.keptFields;
+  }
+  activations_.emplace_back(*opened);
+}
+
+// Returns the node to be read next, or null.
+plistDict* Reader::StepField(Activation& in, std::string_view& line) {
+  if (const std::size_t length = LengthOfPrefix(line, "<key>")) {
+    ReadKey(in, line, length);
+    return nullptr;
+  }
+  if (SameText(line, in.endTag)) return nullptr;
+  if (in.inValue && !IsClosingTag(line, in.tag)) {
+    Continue(in, line);
+    return nullptr;
+  }
+  return ReadTag(in, line);
+}
+
+void Reader::ReadKey(Activation& in, std::string_view& line, std::size_t length) {
+  line.remove_prefix(length);
+  line.remove_suffix(LengthOfKeyEnd(line));
+  in.key = line;
+}
+
+void Reader::Continue(Activation& in, std::string_view& line) {
+  const std::size_t end = FindClosingTag(line, in.tag, ">");
+  if (end != std::string_view::npos) {
+    line = line.substr(0, end);
+    in.inValue = false;
+  }
+  AppendDecoded(in.value, line);
+  if (!SameText(in.tag, "data")) in.value += kLineSeparator;
+  if (!in.inValue) StoreValue(in, in.node.entries_.FindOrAdd(in.key));
+}
+
+plistDict* Reader::ReadTag(Activation& in, std::string_view& line) {
+  const std::size_t end = line.find('>');
+  if (end == std::string_view::npos) return nullptr;
+  std::string_view tag = line.substr(0, end);
+  if (tag.starts_with('<')) tag.remove_prefix(1);
+  Assign(in.tag, tag);
+
+  const bool is_closing = tag.starts_with('/');
+  if (SameText(tag, "false/")) {
+    ReadBoolean(in, "false");
+  } else if (SameText(tag, "true/")) {
+    ReadBoolean(in, "true");
+  } else if (is_closing && (SameText(tag.substr(1), in.type) || SameText(tag, "/key"))) {
+    CloseValue(in);
+  } else {
+    OpenElement(in, line, end);
+  }
+  return OpenChild(in, line);
+}
+
+void Reader::ReadBoolean(Activation& in, std::string_view word) {
+  Entry& entry = in.node.entries_.List(in.key);
+  entry.SetType("boolean");
+  entry.SetText(word);
+  Assign(in.type, "boolean");
+}
+
+void Reader::CloseValue(Activation& in) {
+  in.inValue = false;
+  StoreValue(in, in.node.entries_.FindOrAdd(in.key));
+  in.value.clear();
+}
+
+void Reader::OpenElement(Activation& in, std::string_view& line, std::size_t end_of_tag) {
+  std::string_view type = in.tag;
+  in.selfClosed = type.ends_with('/');
+  if (in.selfClosed) type.remove_suffix(1);
+  Assign(in.type, type);
+  Entry& entry = in.node.entries_.List(in.key);
+  entry.SetType(type);
+  if (entry.isContainer || SameText(type, "dict/")) return;
+
+  line.remove_prefix(end_of_tag + 1);
+  const std::size_t end = FindClosingTag(line, type, "");
+  if (end != std::string_view::npos) {
+    in.value = line.substr(0, end);
+    StoreValue(in, entry);
+    return;
+  }
+  in.inValue = true;
+  in.value.clear();
+  if (line.find('>') != std::string_view::npos) return;
+  AppendDecoded(in.value, line);
+  if (!SameText(type, "data")) in.value += kLineSeparator;
+}
+
+// Makes the node of a container, and returns it if it is to be read.
+plistDict* Reader::OpenChild(Activation& in, std::string_view& line) {
+  const bool is_dict = SameText(in.type, "dict");
+  if (!is_dict && !SameText(in.type, "array")) return nullptr;
+  in.node.NewChild(in.node.entries_.FindOrAdd(in.key), in.key, !is_dict);
+  if (!in.selfClosed) return in.node.children.back().get();
+  if (is_dict) line = {};
+  return nullptr;
+}
+
+void Reader::StoreValue(Activation& in, Entry& entry) {
+  if (in.value.find('&') == std::string::npos) {
+    entry.SetText(in.value);
+  } else {
+    std::string decoded;
+    AppendDecoded(decoded, in.value);
+    entry.SetText(decoded);
+  }
+}
+
+}  // namespace morvantile

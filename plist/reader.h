@@ -1,0 +1,79 @@
+// Reading a tree from the text of a property list.
+
+#ifndef MORVANTILE_PLIST_READER_H
+#define MORVANTILE_PLIST_READER_H
+
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <string>
+#include <string_view>
+
+#include "platform/base/text_input_stream.h"
+#include "plist/plistDict.h"
+
+namespace morvantile {
+
+// Fills a node from the lines of a stream. It is a scanner of lines and not an XML parser: it knows
+// the layout that the writer produces, one key or one element on a line, and treats everything else
+// by a few rules. plistDict::Load describes what comes out.
+//
+// A line is cut into fields in front of each opening tag that directly follows a ">". Each field is
+// handled by the first of these that fits, in StepField:
+//
+//   begins with "<key>"             ReadKey      the key of what follows
+//   is the end tag of the node      nothing      the node ends if it was the line's last field
+//   anything, while a value is open Continue     more of the value, or its end
+//   holds a ">"                     ReadTag      a boolean, a closing tag, or an opening tag
+//   anything else                   nothing
+//
+// A "dict" or "array" that is opened gets an activation of its own, which reads on from the next
+// line of the stream to its end tag. Fields of the line that opened it wait for its end.
+class Reader {
+ public:
+  // The stream must outlive the reader.
+  explicit Reader(TextInputStream& stream) : stream_(stream) {}
+
+  // Reads the body of `root`, up to its end tag or the end of the stream.
+  void Read(plistDict& root);
+
+ private:
+  // The reading of one node.
+  struct Activation {
+    explicit Activation(plistDict& read)
+        : node(read), endTag(read.isArray ? "</array>" : "</dict>") {}
+
+    plistDict& node;
+    std::string_view endTag;
+    std::string key;          // what the next value or node goes under
+    std::string type;         // the name of the element opened last
+    std::string value;        // the text collected for a value
+    std::string tag;          // what stood between "<" and ">" in the tag read last
+    bool inValue = false;     // a value is open across lines
+    bool selfClosed = false;  // the opening tag read last ended in "/"
+
+    bool hasFields = false;   // of the current line some are left
+    std::string_view fields;  // these, in the stream or in keptFields
+    std::string keptFields;
+    bool hasEnded = false;
+  };
+
+  void ReadLine(Activation& in);
+  void ReadField(Activation& in);
+  plistDict* StepField(Activation& in, std::string_view& line);
+  static void ReadKey(Activation& in, std::string_view& line, std::size_t length);
+  static void Continue(Activation& in, std::string_view& line);
+  static plistDict* ReadTag(Activation& in, std::string_view& line);
+  static void ReadBoolean(Activation& in, std::string_view word);
+  static void CloseValue(Activation& in);
+  static void OpenElement(Activation& in, std::string_view& line, std::size_t end_of_tag);
+  static plistDict* OpenChild(Activation& in, std::string_view& line);
+  static void StoreValue(Activation& in, Entry& entry);
+
+  TextInputStream& stream_;
+  std::deque<Activation> activations_;  // the innermost last
+};
+
+}  // namespace morvantile
+
+#endif  // MORVANTILE_PLIST_READER_H
