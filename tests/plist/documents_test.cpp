@@ -78,7 +78,7 @@ TEST_F(Documents, AFirstLineThatIsTheDictLeavesNoHeaders) {
   const Ref<plist> document =
       New<plist>(folder.Put("file", "<dict>\n<key>a</key>\n<true/>\n"), false);
   EXPECT_EQ(document->headers.size(), 1);
-  EXPECT_EQ(Sketch(*document->root), R"({a: boolean "true"})");
+  EXPECT_EQ(Sketch(*document->root), R"({: {a: boolean "true"}})") << "and is read as an entry";
 }
 
 TEST_F(Documents, ABinaryFileStaysBinaryWhateverItsName) {
