@@ -1,5 +1,6 @@
 #include "app/app.h"
 
+#include "app/prefs_module.h"
 #include "dialogs/resizer_window.h"
 #include "platform/ui/clipboard.h"
 
@@ -8,11 +9,11 @@ namespace morvantile {
 void App::Event_Open() {
   Clipboard clipboard;
   if (clipboard.PictureAvailable()) {
-    // The remembered settings are opened here.
-    const Ref<Picture> picture = ResizerWindow::Instance()->GetClip();
+    PrefsModule::OpenPrefs();
+    const Ref<Picture> picture = ResizerWindow::Instance(PrefsModule::Prefs)->GetClip();
     if (picture != nullptr) {
       clipboard.SetPicture(picture);
-      // The settings are saved here.
+      PrefsModule::Prefs->Save();
     }
   }
   Quit(0);

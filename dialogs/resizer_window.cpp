@@ -14,6 +14,8 @@
 namespace morvantile {
 namespace {
 
+constexpr const char* kModeKey = "Scale Mode";
+constexpr const char* kSliderKey = "Slider Value";
 constexpr std::int64_t kDefaultMode = 2;
 constexpr double kDefaultSlider = 50.0;
 
@@ -25,9 +27,9 @@ int PreviewOrigin(int canvasSide, int pictureSide) {
 
 }  // namespace
 
-Ref<ResizerWindow> ResizerWindow::Instance() {
+Ref<ResizerWindow> ResizerWindow::Instance(const Ref<plist>& settings) {
   static BackRef<ResizerWindow> instance;
-  return OpenWindow(instance);
+  return OpenWindow(instance, settings);
 }
 
 Ref<Picture> ResizerWindow::GetClip() {
@@ -50,12 +52,15 @@ void ResizerWindow::Event_Open() {
     return;
   }
   OriginalSize()->SetSuffix(Str(Clip->Width()) + " x " + Str(Clip->Height()));
-  RestoreMode(kDefaultMode);
-  ScaleSlider()->SetValue(Truncate(kDefaultSlider));
+  RestoreMode(settings_->root->GetInteger(kModeKey, kDefaultMode));
+  ScaleSlider()->SetValue(Truncate(settings_->root->GetReal(kSliderKey, kDefaultSlider)));
   Update();
 }
 
-void ResizerWindow::Event_Close() {}
+void ResizerWindow::Event_Close() {
+  settings_->root->SetInteger(kModeKey, static_cast<double>(Mode));
+  settings_->root->SetReal(kSliderKey, ScaleSlider()->Value());
+}
 
 void ResizerWindow::Event_Deactivate() {
   if (!ShowingInfo) Close();

@@ -11,6 +11,7 @@
 #include "platform/ui/segmented_control.h"
 #include "platform/ui/slider.h"
 #include "platform/ui/window.h"
+#include "plist/plist.h"
 
 namespace morvantile {
 
@@ -33,8 +34,13 @@ class ResizerWindow : public Window {
   ScaleMode Mode = ScaleMode::Width;
   bool ShowingInfo = false;  // the info window is up
 
-  // The open dialog, made from the clipboard's picture by the first call.
-  static Ref<ResizerWindow> Instance();
+  // The open dialog, made from the clipboard's picture by the first call. It takes mode and slider
+  // from the root of `settings`, from the integer "Scale Mode" and the real "Slider Value", and
+  // hands them back when it closes; it saves nothing.
+  static Ref<ResizerWindow> Instance(const Ref<plist>& settings);
+
+  // For Instance.
+  explicit ResizerWindow(const Ref<plist>& settings) : settings_(settings) {}
 
   virtual const Ref<PushButton>& ScaleButton() const { return scaleButton_; }
   virtual const Ref<PushButton>& CancelButton() const { return cancelButton_; }
@@ -75,6 +81,7 @@ class ResizerWindow : public Window {
   // Scales the original by what slider and mode say, into NewClip, and shows the outcome.
   void Update();
 
+  Ref<plist> settings_;
   Ref<PushButton> scaleButton_;
   Ref<PushButton> cancelButton_;
   Ref<PrefixedLabel> newSizeLabel_;

@@ -1,4 +1,3 @@
-#include <ranges>
 #include <vector>
 
 #include "platform/base/folding.h"
@@ -52,9 +51,7 @@ void plistDict::BuildPath() {
     if (is_root) break;
   }
   std::string above;
-  for (const std::string_view above_name : std::views::reverse(names)) {
-    above.append(":").append(above_name);
-  }
+  for (; !names.empty(); names.pop_back()) above.append(":").append(names.back());
   path.insert(0, above);
 }
 

@@ -27,9 +27,8 @@ struct Columns {
   int begin, end;
 };
 
-// The alignment in bytes of the memory that ResampleColumns works in, and the size of it that it
-// needs for `count` columns, whichever they are.
-inline constexpr std::size_t kWorkAlignment = 64;
+// The size in bytes of the memory, aligned to kAlignment, that ResampleColumns needs for `count`
+// columns, whichever they are; a multiple of kAlignment.
 std::size_t WorkBytes(const Resampling& resampling, int count);
 
 // Makes these columns of the result, all rows of them. Calls for other columns may run at the same

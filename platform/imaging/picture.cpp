@@ -1,6 +1,5 @@
 #include "platform/imaging/picture.h"
 
-#include <new>
 #include <utility>
 
 namespace morvantile {
@@ -10,8 +9,7 @@ Ref<Picture> Picture::Create(std::int64_t width, std::int64_t height, bool hasAl
     return nullptr;
   }
   const std::int64_t stride = 4 * width;
-  std::unique_ptr<std::uint8_t[]> storage(
-      new (std::nothrow) std::uint8_t[static_cast<std::size_t>(stride * height)]);
+  AlignedBytes storage = MakeAlignedBytes(static_cast<std::size_t>(stride * height));
   if (storage == nullptr) return nullptr;
 
   Ref<Picture> picture(new Picture);

@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "platform/base/ref.h"
+#include "platform/imaging/aligned.h"
 
 namespace morvantile {
 
@@ -46,7 +47,7 @@ class Picture : public Object {
   std::ptrdiff_t stride_ = 0;
   bool hasAlpha_ = false;
   const std::uint8_t* pixels_ = nullptr;
-  std::unique_ptr<std::uint8_t[]> own_;
+  AlignedBytes own_;
   std::shared_ptr<const void> keeper_;
 };
 

@@ -4,11 +4,11 @@
 #include <atomic>
 #include <cstring>
 #include <functional>
-#include <memory>
 #include <new>
 #include <thread>
 #include <utility>
 
+#include "platform/imaging/aligned.h"
 #include "platform/imaging/passes.h"
 #include "platform/imaging/resample_internal.h"
 #include "platform/imaging/weights.h"
@@ -22,7 +22,7 @@ constexpr int kMostThreads = 16;
 constexpr std::int64_t kPixelsForThreads = 32 << 10;
 // What a thread may work in, in bytes: a part of its core's own cache, and all threads together a
 // part of the source, but not too little to work at all.
-constexpr std::int64_t kMostWork = 256 << 10;
+constexpr std::int64_t kMostWork = 512 << 10;
 constexpr std::int64_t kLeastWork = 128 << 10;
 constexpr std::int64_t kPartOfSource = 32;
 // The fewest columns that a thread takes at a time, unless there are fewer.
@@ -61,43 +61,39 @@ struct Plan {
   std::size_t AllBytes() const { return workBytes * static_cast<std::size_t>(threads); }
 };
 
+// About as many columns as can be made in `bytes`.
+int ColumnsWithin(const Resampling& resampling, std::int64_t bytes) {
+  const auto few = static_cast<std::int64_t>(WorkBytes(resampling, kFewestColumns));
+  const auto twice = static_cast<std::int64_t>(WorkBytes(resampling, 2 * kFewestColumns));
+  const std::int64_t columns =
+      kFewestColumns * (1 + std::max<std::int64_t>(bytes - few, 0) / (twice - few));
+  return static_cast<int>(std::min<std::int64_t>(columns, resampling.Width()));
+}
+
 Plan PlanFor(const Resampling& resampling, int threads) {
   const int width = resampling.Width();
   const std::int64_t sourcePixels =
       std::int64_t{resampling.source->Width()} * resampling.source->Height();
   if (sourcePixels + std::int64_t{width} * resampling.Height() < kPixelsForThreads) threads = 1;
-  const auto mostWork = static_cast<std::size_t>(
-      std::clamp(4 * sourcePixels / kPartOfSource / threads, kLeastWork, kMostWork));
+  threads = std::clamp(width / kFewestColumns, 1, threads);
+  const std::int64_t bytes =
+      std::clamp(4 * sourcePixels / kPartOfSource / threads, kLeastWork, kMostWork);
 
-  Plan plan{};
-  for (int pieces = threads;; pieces += threads) {
-    plan.columns = std::min(width, std::max(kFewestColumns, (width + pieces - 1) / pieces));
-    plan.workBytes = WorkBytes(resampling, plan.columns);
-    if (plan.workBytes <= mostWork || plan.columns <= kFewestColumns) break;
-  }
-  plan.threads = std::min(threads, (width + plan.columns - 1) / plan.columns);
-  return plan;
+  // As many pieces as give each thread the same number of them.
+  const int pieces = (width - 1) / ColumnsWithin(resampling, bytes) + 1;
+  const int evenPieces = (pieces + threads - 1) / threads * threads;
+  const int columns = (width - 1) / evenPieces + 1;
+  return {threads, columns, WorkBytes(resampling, columns)};
 }
 
 std::size_t FilterBytes(const Filter& filter) {
   return filter.first.size() * sizeof(int) + filter.weights.size() * sizeof(std::int32_t);
 }
 
-struct AlignedDelete {
-  void operator()(std::uint8_t* memory) const {
-    ::operator delete (memory, std::align_val_t{kWorkAlignment});
-  }
-};
-
-using Memory = std::unique_ptr<std::uint8_t, AlignedDelete>;
-
-Memory AlignedMemory(std::size_t bytes) {
-  return Memory(
-      static_cast<std::uint8_t*>(::operator new (bytes, std::align_val_t{kWorkAlignment})));
-}
-
-void Run(const Resampling& resampling, const Plan& plan) {
-  const Memory memory = AlignedMemory(plan.AllBytes());
+// False if there is no memory to work in.
+bool Run(const Resampling& resampling, const Plan& plan) {
+  const AlignedBytes memory = MakeAlignedBytes(plan.AllBytes());
+  if (memory == nullptr) return false;
   std::atomic<int> next{0};
   const std::function<void(int)> work = [&](int thread) {
     std::uint8_t* own = memory.get() + plan.workBytes * static_cast<std::size_t>(thread);
@@ -109,6 +105,7 @@ void Run(const Resampling& resampling, const Plan& plan) {
     }
   };
   SharedWorkers().Run(plan.threads - 1, work);
+  return true;
 }
 
 }  // namespace
@@ -131,7 +128,7 @@ Ref<Picture> ResampleWithThreads(const Ref<Picture>& source, std::int64_t width,
   try {
     Resampling resampling = ResamplingOf(*source, result->Width(), result->Height());
     resampling.result = result.get();
-    Run(resampling, PlanFor(resampling, threads));
+    if (!Run(resampling, PlanFor(resampling, threads))) return nullptr;
   } catch (const std::bad_alloc&) {
     return nullptr;
   }

@@ -9,14 +9,22 @@
 
 namespace morvantile {
 
-// A new picture of `width` x `height` pixels made from `source`, which stays as it is.
+// A new picture of `width` x `height` pixels made from `source`, which stays as it is. A side below
+// 1 is taken as 1. Nil if `source` is nil, if the result would be larger than a Picture can be, or
+// if there isn't the memory.
 //
 // The method is Lanczos with three lobes, widened by the reduction factor, its weights normalised
 // over the samples that exist; pixel centres are aligned, colours are weighted by alpha, and no
-// gamma is applied. The original size gives the same pixels, bit for bit.
+// gamma is applied. Each channel of a pixel whose alpha is 255 is within one level of what exact
+// arithmetic gives, and so are alpha and the colours times alpha elsewhere. The original size gives
+// the same pixels, bit for bit.
 //
-// A side below 1 is taken as 1. Nil if `source` is nil or the result would be larger than a Picture
-// can be.
+// The result has alpha if the source has. At any other size than the original, the alpha bytes of
+// an opaque result are 255, and a pixel whose alpha comes to 0 is 0 in all channels. The bytes are
+// the same on every processor.
+//
+// The call returns when the work is done. Threads of the scaler's own, started by the first call
+// and asleep between calls, take a part in it; they touch nothing but the pixels.
 Ref<Picture> Resample(const Ref<Picture>& source, std::int64_t width, std::int64_t height);
 
 }  // namespace morvantile

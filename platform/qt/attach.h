@@ -48,7 +48,7 @@ Ref<CheckBox> Attach(QCheckBox& widget);
 Ref<RadioButton> Attach(QRadioButton& widget);
 Ref<StaticText> Attach(QLabel& widget);
 // A top-level window: its title and the rectangle of its content.
-Ref<Window> Attach(QWidget& window);
+Ref<Window> AttachWindow(QWidget& widget);
 
 }  // namespace morvantile
 

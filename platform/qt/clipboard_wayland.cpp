@@ -201,37 +201,42 @@ class DataControlClipboard : public SystemClipboard {
         registry, name, newer ? &ext_data_control_manager_v1_interface : &kOlder, 1));
   }
 
-  static constexpr wl_registry_listener kRegistryListener = {
-      [](void* self, wl_registry* registry, std::uint32_t name, const char* interface,
-         std::uint32_t) { Self(self).Bind(registry, name, interface); },
-      [](void*, wl_registry*, std::uint32_t) {}};
-
-  static constexpr ext_data_control_offer_v1_listener kOfferListener = {
-      [](void* self, ext_data_control_offer_v1*, const char* format) {
-        Self(self).announced_ << QString::fromUtf8(format);
-      }};
-
-  static constexpr ext_data_control_device_v1_listener kDeviceListener = {
-      [](void* self, ext_data_control_device_v1*, ext_data_control_offer_v1* offer) {
-        Self(self).announced_.clear();
-        ext_data_control_offer_v1_add_listener(offer, &kOfferListener, self);
-      },
-      [](void* self, ext_data_control_device_v1*, ext_data_control_offer_v1* offer) {
-        Self(self).TakeOffer(offer);
-      },
-      [](void*, ext_data_control_device_v1*) {},
-      [](void*, ext_data_control_device_v1*, ext_data_control_offer_v1* offer) {
-        if (offer != nullptr) ext_data_control_offer_v1_destroy(offer);
-      }};
-
-  static constexpr ext_data_control_source_v1_listener kSourceListener = {
-      [](void* self, ext_data_control_source_v1*, const char* format, int descriptor) {
-        DataControlClipboard& clipboard = Self(self);
-        clipboard.transfers_.Add(OwnedDescriptor(descriptor),
-                                 clipboard.provider_(QString::fromUtf8(format)));
-      },
-      [](void* self, ext_data_control_source_v1* source) { Self(self).Lost(source); }};
+  static const wl_registry_listener kRegistryListener;
+  static const ext_data_control_offer_v1_listener kOfferListener;
+  static const ext_data_control_device_v1_listener kDeviceListener;
+  static const ext_data_control_source_v1_listener kSourceListener;
 };
+
+const wl_registry_listener DataControlClipboard::kRegistryListener = {
+    [](void* self, wl_registry* registry, std::uint32_t name, const char* interface,
+       std::uint32_t) { Self(self).Bind(registry, name, interface); },
+    [](void*, wl_registry*, std::uint32_t) {}};
+
+const ext_data_control_offer_v1_listener DataControlClipboard::kOfferListener = {
+    [](void* self, ext_data_control_offer_v1*, const char* format) {
+      Self(self).announced_ << QString::fromUtf8(format);
+    }};
+
+const ext_data_control_device_v1_listener DataControlClipboard::kDeviceListener = {
+    [](void* self, ext_data_control_device_v1*, ext_data_control_offer_v1* offer) {
+      Self(self).announced_.clear();
+      ext_data_control_offer_v1_add_listener(offer, &kOfferListener, self);
+    },
+    [](void* self, ext_data_control_device_v1*, ext_data_control_offer_v1* offer) {
+      Self(self).TakeOffer(offer);
+    },
+    [](void*, ext_data_control_device_v1*) {},
+    [](void*, ext_data_control_device_v1*, ext_data_control_offer_v1* offer) {
+      if (offer != nullptr) ext_data_control_offer_v1_destroy(offer);
+    }};
+
+const ext_data_control_source_v1_listener DataControlClipboard::kSourceListener = {
+    [](void* self, ext_data_control_source_v1*, const char* format, int descriptor) {
+      DataControlClipboard& clipboard = Self(self);
+      clipboard.transfers_.Add(OwnedDescriptor(descriptor),
+                               clipboard.provider_(QString::fromUtf8(format)));
+    },
+    [](void* self, ext_data_control_source_v1* source) { Self(self).Lost(source); }};
 
 }  // namespace
 

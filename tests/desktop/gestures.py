@@ -42,6 +42,18 @@ class Gestures:
         self.assertEqual(self.pasted('image/png').size, (320, 240))
         self.assertEqual(self.pasted('image/bmp').size, (320, 240))
 
+    def test_mode_and_slider_are_remembered(self):
+        self.desktop.copy(encoded(landscape(640, 480)), 'image/png')
+        run, _ = self.start()
+        self.desktop.key('Right')
+        self.desktop.key('Return')
+        self.finish(run)
+        self.desktop.copy(encoded(landscape(1000, 500)), 'image/png')
+        run, _ = self.start()
+        self.desktop.key('Return')
+        self.finish(run)
+        self.assertEqual(self.pasted().size, (510, 255))
+
     def test_escape_leaves_the_original_bytes(self):
         original = encoded(landscape(640, 480))
         self.desktop.copy(original, 'image/png')

@@ -46,7 +46,7 @@ class ResizerWindowTest : public testing::Test {
   void OpenOn(int width, int height) {
     if (window != nullptr) window->Close();
     host.clipboardPicture = Plain(width, height);
-    window = ResizerWindow::Instance();
+    window = ResizerWindow::Instance(settings);
   }
 
   void Set(ScaleMode mode, int slider) {
@@ -68,6 +68,7 @@ class ResizerWindowTest : public testing::Test {
   }
 
   HeadlessHost host;
+  Ref<plist> settings = New<plist>(nullptr, false);
   Ref<ResizerWindow> window;
 };
 
@@ -78,6 +79,28 @@ TEST_F(ResizerWindowTest, OpensOnHalfTheSizeOfTheClipboardsPicture) {
   EXPECT_TRUE(window->ModeSelector()->Items(2).Selected());
   EXPECT_EQ(window->ScaleSlider()->Value(), 50);
   EXPECT_EQ(Outcome(), "50%, New Size: 320 x 240, 320 x 240");
+}
+
+TEST_F(ResizerWindowTest, OpensOnTheRememberedModeAndSliderAndHandsThemBack) {
+  settings->root->SetInteger("Scale Mode", 1);
+  settings->root->SetReal("Slider Value", 33.9);
+  OpenOn(640, 480);
+  EXPECT_TRUE(window->ModeSelector()->Items(1).Selected());
+  EXPECT_EQ(Outcome(), "198, New Size: 264 x 198, 264 x 198");
+  Set(ScaleMode::Width, 20);
+  window->CancelButton()->UserPress();
+  EXPECT_EQ(settings->root->GetString("Scale Mode"), "0");
+  EXPECT_EQ(settings->root->GetReal("Slider Value"), 20.0);
+}
+
+TEST_F(ResizerWindowTest, AModeThatThereIsNotLightsPercentButMeansAWidth) {
+  settings->root->SetInteger("Scale Mode", 5);
+  settings->root->SetReal("Slider Value", 1e300);
+  OpenOn(1200, 600);
+  EXPECT_TRUE(window->ModeSelector()->Items(2).Selected());
+  EXPECT_EQ(Outcome(), "600, New Size: 600 x 300, 600 x 300");
+  window->Close();
+  EXPECT_EQ(settings->root->GetInteger("Scale Mode"), 0);
 }
 
 TEST_F(ResizerWindowTest, TheSliderMeansWidthHeightOrPercent) {
@@ -196,7 +219,7 @@ TEST_F(ResizerWindowTest, TheInfoWindowMayTakeTheActivation) {
 }
 
 TEST_F(ResizerWindowTest, APictureTakenAwayBeforeItOpensEndsItAtOnce) {
-  window = ResizerWindow::Instance();
+  window = ResizerWindow::Instance(settings);
   EXPECT_EQ(window->GetClip(), nullptr);
   EXPECT_EQ(host.windowsShown, 0);
 }

@@ -1,70 +1,34 @@
 #include <gtest/gtest.h>
-#include <unistd.h>
 
-#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
 #include "platform/ui/headless_host.h"
+#include "tests/platform/base/scratch_folder.h"
 #include "tests/plist/sketch.h"
 
 namespace morvantile {
 namespace {
 
-namespace fs = std::filesystem;
-
 class Documents : public testing::Test {
  protected:
-  Documents() { fs::create_directory(folder); }
-  ~Documents() override { fs::remove_all(folder); }
-  Documents(const Documents&) = delete;
-  Documents& operator=(const Documents&) = delete;
-
-  Ref<FolderItem> Item(const std::string& name) const {
-    return New<FolderItem>((folder / name).string());
-  }
-
-  Ref<FolderItem> File(const std::string& name, const std::string& content) const {
-    std::ofstream(folder / name, std::ios::binary) << content;
-    return Item(name);
-  }
-
-  std::string Content(const std::string& name) const {
-    std::ostringstream content;
-    content << std::ifstream(folder / name, std::ios::binary).rdbuf();
-    return content.str();
-  }
-
-  // The names of all files.
-  std::vector<std::string> Names() const {
-    std::vector<std::string> names;
-    for (const auto& entry : fs::directory_iterator(folder)) {
-      names.push_back(entry.path().filename().string());
-    }
-    std::sort(names.begin(), names.end());
-    return names;
-  }
-
   // A document in binary form under that name, with the key "k".
   Ref<FolderItem> BinaryFile(const std::string& name) const {
-    const Ref<plist> document = New<plist>(Item(name), false);
+    const Ref<plist> document = New<plist>(folder.Item(name), false);
     document->root->SetString("k", "Größe");
     document->Save(false, true);
-    EXPECT_EQ(Content(name).substr(0, 8), "bplist00") << name;
-    return Item(name);
+    EXPECT_EQ(folder.Content(name).substr(0, 8), "bplist00") << name;
+    return folder.Item(name);
   }
 
   static constexpr const char* kText =
       "<?xml?>\n<plist>\n<DICT>\n\t<key>k</key>\n\t<string>v</string>\n</dict>\n</plist>\n";
 
-  const fs::path folder =
-      fs::temp_directory_path() / ("morvantile documents " + std::to_string(getpid()));
+  ScratchFolder folder;
 };
 
 TEST_F(Documents, ATextFileIsLoadedAndSavedWithItsHeaders) {
-  const Ref<plist> document = New<plist>(File("a", kText), true);
+  const Ref<plist> document = New<plist>(folder.Put("a", kText), true);
   EXPECT_EQ(document->headers, (std::vector<std::string>{"", "<?xml?>", "<plist>", "<DICT>"}));
   EXPECT_EQ(Sketch(*document->root), R"({k: string "v"})");
   EXPECT_EQ(document->root->name, "root");
@@ -73,20 +37,21 @@ TEST_F(Documents, ATextFileIsLoadedAndSavedWithItsHeaders) {
   EXPECT_FALSE(document->isBinary);
   EXPECT_TRUE(document->org == nullptr);
   document->Save();
-  EXPECT_EQ(Content("a"), kText);
+  EXPECT_EQ(folder.Content("a"), kText);
   document->Save();
-  EXPECT_EQ(Content("a"), kText);
-  EXPECT_EQ(Names(), std::vector<std::string>{"a"});
+  EXPECT_EQ(folder.Content("a"), kText);
+  EXPECT_EQ(folder.Names(), std::vector<std::string>{"a"});
 }
 
 TEST_F(Documents, AMissingFileGivesAnEmptyDocumentThatSaveCreates) {
-  const Ref<plist> document = New<plist>(Item("new"), false);
-  EXPECT_EQ(Report(document), (folder / "new").string() + " does not exist");
+  const Ref<plist> document = New<plist>(folder.Item("new"), false);
+  EXPECT_EQ(Report(document), folder.Path("new") + " does not exist");
   EXPECT_EQ(document->headers.size(), 5U);
   EXPECT_EQ(document->root->name, "root");
-  EXPECT_FALSE(fs::exists(folder / "new"));
+  EXPECT_FALSE(std::filesystem::exists(folder.Path("new")));
   document->Save();
-  EXPECT_EQ(Content("new").substr(Content("new").find("<dict>")), "<dict>\n</dict>\n</plist>\n");
+  EXPECT_EQ(folder.Content("new").substr(folder.Content("new").find("<dict>")),
+            "<dict>\n</dict>\n</plist>\n");
 }
 
 TEST_F(Documents, NoFileGivesARootThatReportsNowhere) {
@@ -97,54 +62,56 @@ TEST_F(Documents, NoFileGivesARootThatReportsNowhere) {
   EXPECT_EQ(document->root->name, "");
   EXPECT_TRUE(document->root->rootClass == nullptr);
   EXPECT_THROW(document->Save(), NilObjectException);
-  EXPECT_THROW(New<plist>(Item("missing"), nullptr), NilObjectException);
+  EXPECT_THROW(New<plist>(folder.Item("missing"), nullptr), NilObjectException);
 }
 
 TEST_F(Documents, ATemplateIsReadWhereTheFileIsMissing) {
-  const Ref<plist> document = New<plist>(Item("new"), File("template", kText));
+  const Ref<plist> document = New<plist>(folder.Item("new"), folder.Put("template", kText));
   EXPECT_EQ(Sketch(*document->root), R"({k: string "v"})");
   document->Save();
-  EXPECT_EQ(Content("new"), kText);
-  const Ref<plist> existing = New<plist>(Item("new"), Item("no template"));
+  EXPECT_EQ(folder.Content("new"), kText);
+  const Ref<plist> existing = New<plist>(folder.Item("new"), folder.Item("no template"));
   EXPECT_FALSE(existing->error);
 }
 
 TEST_F(Documents, AFileWithoutADictLineIsNoPropertyList) {
   for (const std::string content : {"", "hello", "<plist>\n <dict>\n</plist>", "<plist><dict>\n",
                                     "<array>\n\t<dict>\n\t</dict>\n</array>\n"}) {
-    const Ref<plist> document = New<plist>(File("a", content), false);
+    const Ref<plist> document = New<plist>(folder.Put("a", content), false);
     EXPECT_EQ(Report(document), "Not a plist file") << content;
     EXPECT_TRUE(document->root->rootClass == nullptr);
     EXPECT_EQ(document->root->count(), 0);
   }
-  const Ref<plist> document = New<plist>(File("a", "one\ntwo"), false);
+  const Ref<plist> document = New<plist>(folder.Put("a", "one\ntwo"), false);
   document->root->SetString("k", "v");
   document->Save();
-  EXPECT_EQ(Content("a"), "one\ntwo\n\t<key>k</key>\n\t<string>v</string>\n</dict>\n</plist>\n")
+  EXPECT_EQ(folder.Content("a"),
+            "one\ntwo\n\t<key>k</key>\n\t<string>v</string>\n</dict>\n</plist>\n")
       << "the lines stay, and the entries come behind them";
 }
 
 TEST_F(Documents, ADictLineMayBeTheFirstOrTheLast) {
-  const Ref<plist> last = New<plist>(File("a", "<plist>\n<dict>"), false);
+  const Ref<plist> last = New<plist>(folder.Put("a", "<plist>\n<dict>"), false);
   EXPECT_FALSE(last->error);
   EXPECT_EQ(last->root->name, "root");
-  const Ref<plist> first = New<plist>(File("a", "<dict>\n<key>k</key>\n<true/>\n</dict>"), false);
+  const Ref<plist> first =
+      New<plist>(folder.Put("a", "<dict>\n<key>k</key>\n<true/>\n</dict>"), false);
   EXPECT_EQ(first->headers.size(), 1U);
   EXPECT_EQ(Sketch(*first->root), R"({: {k: boolean "true"}})") << "it is read once more";
 }
 
 TEST_F(Documents, LoadingAgainReplacesTheTreeAndAddsToTheHeaders) {
-  const Ref<plist> document = New<plist>(File("a", kText), false);
+  const Ref<plist> document = New<plist>(folder.Put("a", kText), false);
   const Ref<plistDict> before = document->root;
-  document->LoadWithOptionalTemplate(Item("a"), Item("a"));
+  document->LoadWithOptionalTemplate(folder.Item("a"), folder.Item("a"));
   EXPECT_FALSE(document->root == before);
   EXPECT_EQ(document->headers.size(), 7U);
 }
 
 TEST_F(Documents, AFolderInPlaceOfTheFileIsReportedTwice) {
-  fs::create_directory(folder / "d");
-  const Ref<plist> document = New<plist>(Item("d"), false);
-  EXPECT_EQ(Report(document), (folder / "d").string() + " could not be opened");
+  std::filesystem::create_directory(folder.Path("d"));
+  const Ref<plist> document = New<plist>(folder.Item("d"), false);
+  EXPECT_EQ(Report(document), folder.Path("d") + " could not be opened");
   document->root->SetString("k", "v");
   document->Save();
   EXPECT_EQ(Report(document), "Could not open file for saving");
@@ -159,65 +126,65 @@ TEST_F(Documents, ABinaryFileIsWorkedOnInACopyAndStaysBinary) {
   EXPECT_EQ(document->savePath->Name(), "a temp.plist");
   document->root->SetString("k", "other");
   document->Save();
-  EXPECT_EQ(Content("a").substr(0, 8), "bplist00");
-  EXPECT_EQ(Content("a temp.plist"), Content("a"));
+  EXPECT_EQ(folder.Content("a").substr(0, 8), "bplist00");
+  EXPECT_EQ(folder.Content("a temp.plist"), folder.Content("a"));
   document->root->SetBoolean("b", true);
   document->Save(true, false);
-  EXPECT_EQ(Names(), std::vector<std::string>{"a"});
-  EXPECT_EQ(Sketch(*New<plist>(Item("a"), false)->root),
+  EXPECT_EQ(folder.Names(), std::vector<std::string>{"a"});
+  EXPECT_EQ(Sketch(*New<plist>(folder.Item("a"), false)->root),
             R"({k: string "other", b: boolean "true"})");
   document->Save();
-  EXPECT_EQ(Names(), (std::vector<std::string>{"a", "a temp.plist"}));
+  EXPECT_EQ(folder.Names(), (std::vector<std::string>{"a", "a temp.plist"}));
   document->Cleanup();
-  EXPECT_EQ(Names(), std::vector<std::string>{"a"});
+  EXPECT_EQ(folder.Names(), std::vector<std::string>{"a"});
 }
 
 TEST_F(Documents, ALeftoverCopyIsReplaced) {
-  File("a temp.plist", kText);
+  folder.Put("a temp.plist", kText);
   EXPECT_EQ(Sketch(*New<plist>(BinaryFile("a"), false)->root), R"({k: string "Größe"})");
 }
 
 TEST_F(Documents, MakingATextDocumentBinaryLastsForOneSave) {
-  const Ref<plist> document = New<plist>(Item("a"), false);
+  const Ref<plist> document = New<plist>(folder.Item("a"), false);
   document->Save();
-  const std::string text = Content("a");
+  const std::string text = folder.Content("a");
   document->Save(false, true);
-  EXPECT_EQ(Content("a").substr(0, 8), "bplist00");
+  EXPECT_EQ(folder.Content("a").substr(0, 8), "bplist00");
   EXPECT_FALSE(document->isBinary);
   document->Save();
-  EXPECT_EQ(Content("a"), text);
+  EXPECT_EQ(folder.Content("a"), text);
 }
 
 TEST_F(Documents, ATemplateInBinaryFormIsOnlyRead) {
   BinaryFile("template");
-  const std::string before = Content("template");
-  const Ref<plist> document = New<plist>(Item("new"), Item("template"));
+  const std::string before = folder.Content("template");
+  const Ref<plist> document = New<plist>(folder.Item("new"), folder.Item("template"));
   EXPECT_EQ(Sketch(*document->root), R"({k: string "Größe"})");
   document->root->SetString("k", "mine");
   document->Save(true, false);
-  EXPECT_EQ(Content("template"), before);
-  EXPECT_EQ(Names(), (std::vector<std::string>{"new", "template"}));
-  EXPECT_EQ(Content("new").substr(0, 8), "bplist00");
-  EXPECT_EQ(Sketch(*New<plist>(Item("new"), false)->root), R"({k: string "mine"})");
+  EXPECT_EQ(folder.Content("template"), before);
+  EXPECT_EQ(folder.Names(), (std::vector<std::string>{"new", "template"}));
+  EXPECT_EQ(folder.Content("new").substr(0, 8), "bplist00");
+  EXPECT_EQ(Sketch(*New<plist>(folder.Item("new"), false)->root), R"({k: string "mine"})");
 }
 
 TEST_F(Documents, WhatOnlyLooksBinaryIsNoPropertyListAndIsNotTouched) {
-  const Ref<plist> document = New<plist>(File("a", "BPLIST is no such file\n"), false);
+  const Ref<plist> document = New<plist>(folder.Put("a", "BPLIST is no such file\n"), false);
   EXPECT_EQ(Report(document), "Not a plist file");
   EXPECT_TRUE(document->isBinary);
   EXPECT_EQ(document->org->Name(), "a");
-  EXPECT_EQ(Content("a"), "BPLIST is no such file\n");
+  EXPECT_EQ(folder.Content("a"), "BPLIST is no such file\n");
 }
 
 TEST_F(Documents, ABinaryFileOutlivesACopyThatCannotBeWritten) {
   const Ref<plist> document = New<plist>(BinaryFile("a"), false);
-  const std::string before = Content("a");
+  const std::string before = folder.Content("a");
   document->Cleanup();
-  fs::create_directory(folder / "a temp.plist");
+  std::filesystem::create_directory(folder.Path("a temp.plist"));
   document->root->SetString("k", "other");
   document->Save();
   EXPECT_EQ(Report(document), "Could not open file for saving");
-  EXPECT_EQ(Content("a"), before);
+  EXPECT_EQ(folder.Content("a"), before);
 }
 
 TEST_F(Documents, FileNamesOfAnyBytesSurviveTheBinaryRoundTrip) {
@@ -227,16 +194,17 @@ TEST_F(Documents, FileNamesOfAnyBytesSurviveTheBinaryRoundTrip) {
     EXPECT_EQ(Sketch(*document->root), R"({k: string "Größe"})") << name;
     document->root->SetString("k", "changed");
     document->Save(true, false);
-    EXPECT_EQ(Names(), std::vector<std::string>{name});
-    EXPECT_EQ(New<plist>(Item(name), false)->root->GetString("k"), "changed") << name;
-    fs::remove_all(folder);
-    fs::create_directory(folder);
+    EXPECT_EQ(folder.Names(), std::vector<std::string>{name});
+    const Ref<plist> changed = New<plist>(folder.Item(name), false);
+    EXPECT_EQ(changed->root->GetString("k"), "changed") << name;
+    changed->Cleanup();
+    folder.Item(name)->Delete();
   }
-  EXPECT_FALSE(fs::exists("oops"));
+  EXPECT_FALSE(std::filesystem::exists("oops"));
 }
 
 TEST_F(Documents, TheBytesOfADocumentMakeAnother) {
-  const Ref<plist> document = New<plist>(File("a", kText), false);
+  const Ref<plist> document = New<plist>(folder.Put("a", kText), false);
   const Ref<FolderItem> path = document->savePath;
   EXPECT_EQ(document->asString(), kText);
   EXPECT_TRUE(document->savePath == path);
@@ -252,7 +220,7 @@ TEST_F(Documents, TheBytesOfADocumentMakeAnother) {
 TEST_F(Documents, AStringShowsTheReportThatStands) {
   HeadlessHost host;
   InstallHost(&host);
-  const Ref<plist> document = New<plist>(File("a", kText), false);
+  const Ref<plist> document = New<plist>(folder.Put("a", kText), false);
   document->root->CheckArray();
   EXPECT_EQ(document->asString(), kText);
   EXPECT_EQ(host.messages, std::vector<std::string>{"root is not an array"});
@@ -260,7 +228,7 @@ TEST_F(Documents, AStringShowsTheReportThatStands) {
 }
 
 TEST_F(Documents, WithoutAPlaceForTemporaryFilesThereIsNoString) {
-  const Ref<plist> document = New<plist>(File("a", kText), false);
+  const Ref<plist> document = New<plist>(folder.Put("a", kText), false);
   const Ref<FolderItem> path = document->savePath;
   setenv("TMPDIR", "/no such folder", 1);
   EXPECT_EQ(document->asString(), "");
@@ -270,7 +238,7 @@ TEST_F(Documents, WithoutAPlaceForTemporaryFilesThereIsNoString) {
 }
 
 TEST_F(Documents, EncryptionRefusesKeysThatTheCipherDoes) {
-  const Ref<plist> document = New<plist>(File("a", kText), false);
+  const Ref<plist> document = New<plist>(folder.Put("a", kText), false);
   EXPECT_EQ(document->Encrypt("key").size(), 8 + (std::string(kText).size() / 8 + 1) * 8);
   EXPECT_FALSE(document->error);
   EXPECT_EQ(document->Encrypt(""), "");
@@ -281,7 +249,7 @@ TEST_F(Documents, EncryptionRefusesKeysThatTheCipherDoes) {
 }
 
 TEST_F(Documents, ANewDocumentOfANodeSharesNothingWithIt) {
-  const Ref<plist> document = New<plist>(File("a", kText), false);
+  const Ref<plist> document = New<plist>(folder.Put("a", kText), false);
   document->root->child("c")->SetString("x", "y");
   const Ref<plist> copy = document->root->PlistFromPlistDict(document->root);
   EXPECT_EQ(Sketch(*copy->root), R"({k: string "v", c: {x: string "y"}})");

@@ -178,14 +178,22 @@ TEST(Reader, TakesTimeLinearInLinesThatSpanTheFile) {
   Read("<key>k</key>\n</" + name + ">\n</" + name + name);
 }
 
+TEST(Reader, LeavesNothingOfAKeyWithoutAValueAndTakesTheLastForAValueWithoutAKey) {
+  EXPECT_EQ(Outcome("<string>first</string>\n<key>gone</key>\n<key>k\n<true/>\n<false/>"),
+            "{: string \"first\", k: boolean \"false\"}");
+}
+
 TEST(Reader, HasNoLimitOfNesting) {
-  constexpr int kDepth = 200'000;
+  constexpr int kLevels = 1'000'000;
   std::string text;
-  for (int i = 0; i < kDepth; ++i) text += "<key>k</key>\n<dict>\n";
-  Ref<plistDict> node = Read(text)->root;
-  int depth = 0;
-  for (; node->count() > 0; node = node->child("k")) ++depth;
-  EXPECT_EQ(depth, kDepth);
+  for (int i = 0; i < kLevels; ++i) text += "<key>k</key>\n<dict>\n";
+  text += "<key>deep</key>\n<true/>\n";
+  for (int i = 0; i < kLevels; ++i) text += "</dict>\n";
+  const Ref<plist> document = Read(text + "<key>last</key>\n<true/>");
+  ASSERT_TRUE(document->Find("true"));
+  EXPECT_EQ(document->foundKey, "deep");
+  ASSERT_TRUE(document->FindNext("true"));
+  EXPECT_EQ(document->foundKey, "last");
 }
 
 TEST(Load, MakesAnEmptyNodeWhoseChildrenAndMarksStay) {

@@ -78,8 +78,8 @@ TEST(ConverterProgram, RefusesAnyOtherCommandLine) {
   const ScratchFolder folder;
   folder.Put("file", kXml);
   const std::string path = folder.Item("file")->ShellPath();
-  for (const char* arguments : {"", "-convert xml1", "-convert json \"$F\"", "-lint \"$F\"",
-                                      "-convert xml1 \"$F\" \"$F\"", "-convert -- xml1 \"$F\""}) {
+  for (const char* arguments : {"", "-convert xml1", R"(-convert json "$F")", R"(-lint "$F")",
+                                R"(-convert xml1 "$F" "$F")", R"(-convert -- xml1 "$F")"}) {
     EXPECT_EQ(StatusOf(std::string("F=").append(path).append("; plutil ").append(arguments)), 1)
         << arguments;
   }
