@@ -110,6 +110,32 @@ TEST_F(MoveTest, ADestinationInsideTheSourceIsRefused) {
   EXPECT_EQ(Sketch(*Child("from")), kFilled);
 }
 
+TEST_F(MoveTest, ASourceInsideTheNodeThatItWouldBeMergedIntoIsRefused) {
+  Child("from")->child("from")->child("from")->SetString("k", "v");
+  Child("from")->Move("from", root);
+  EXPECT_EQ(Report(document), "from is inside the destination");
+  EXPECT_EQ(Sketch(*Child("from")), R"({from: {from: {k: string "v"}}})");
+}
+
+TEST_F(MoveTest, DataDoesNotCoverAContainer) {
+  Child("from")->SetData("list", "QUJD");
+  Child("from")->Move("list", root);
+  EXPECT_EQ(Report(document), "Type Mismatch: list is a array");
+  EXPECT_EQ(Sketch(*root), R"({s: string "text", from: {list: data "QUJD"}, to: {}, list: []})");
+  Child("from")->Move("list", root, true, "s");
+  EXPECT_EQ(Sketch(*root), R"({s: data "QUJD", from: {}, to: {}, list: []})");
+}
+
+TEST_F(MoveTest, WhatStaysBecauseOfAnEntryBelowItIsReportedInTheEnd) {
+  Child("from")->SetString("a", "refused");
+  Child("from")->SetString("b", "taken");
+  Child("to")->child("from")->SetInteger("a", 1);
+  root->Move("from", Child("to"));
+  EXPECT_EQ(Report(document), "from could not be moved as a whole");
+  EXPECT_EQ(Sketch(*Child("from")), R"({a: string "refused", b: string "taken"})");
+  EXPECT_EQ(Sketch(*Child("to")), R"({from: {a: integer "1", b: string "taken"}})");
+}
+
 TEST_F(MoveTest, RenamingKeepsTheEntryAndInAnArrayMakesItTheLast) {
   FillFrom();
   root->Rename("from", "new");

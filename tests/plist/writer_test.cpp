@@ -1,9 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <random>
-
-#include "platform/base/text.h"
 #include "platform/ui/headless_host.h"
+#include "tests/plist/drawing.h"
 #include "tests/plist/sketch.h"
 
 namespace morvantile {
@@ -124,99 +122,10 @@ TEST(Brackets, AreTheOnlyCharactersWithCodes) {
   EXPECT_EQ(node->CodeToBrackets("&lt;&LT;&gT;&amp;lt;&&lt"), "<<>&amp;lt;&&lt");
 }
 
-// Draws trees of every type and size; the same seed gives the same tree.
-class Drawing {
- public:
-  explicit Drawing(unsigned seed) : random_(seed) {}
-
-  void Fill(plistDict& node, int depth) {
-    const std::int64_t entries = Below(depth == 0 ? 30 : 8);
-    for (std::int64_t i = 0; i < entries; ++i) {
-      if (node.isArray) {
-        Append(node, depth);
-      } else {
-        Set(node, Key(i), depth);
-      }
-    }
-  }
-
- private:
-  std::int64_t Below(std::int64_t bound) {
-    return static_cast<std::int64_t>(random_() % static_cast<std::uint64_t>(bound));
-  }
-
-  std::string Key(std::int64_t number) { return Text() + "#" + Str(number); }
-
-  // A text of one line that no rule of the reader changes.
-  std::string Text() {
-    static const std::vector<std::string> pieces = {"a",  "Größe", " ",   "<",     ">",  "€", "/",
-                                                    "k>", "\t",    "&x;", "\xFF.", "\"", "Z"};
-    std::string text = "t";
-    for (std::int64_t i = Below(12); i > 0; --i) {
-      text += pieces[static_cast<std::size_t>(Below(static_cast<std::int64_t>(pieces.size())))];
-    }
-    return text.find("><") == std::string::npos ? text : "t";
-  }
-
-  Ref<Date> ADate() {
-    return New<Date>(Below(3000), Below(12), Below(31), Below(24), Below(60), Below(60));
-  }
-
-  void Set(plistDict& node, const std::string& key, int depth) {
-    switch (Below(depth < 6 ? 8 : 6)) {
-      case 0:
-        return node.SetString(key, Text());
-      case 1:
-        return node.SetInteger(key, static_cast<double>(Below(1 << 30)));
-      case 2:
-        return node.SetReal(key, static_cast<double>(random_()) / 7);
-      case 3:
-        return node.SetBoolean(key, Below(2) == 0);
-      case 4:
-        return node.SetData(key, "QUJD");
-      case 5:
-        return node.SetDate(key, ADate());
-      case 6:
-        node.AddChild(key);
-        break;
-      default:
-        node.AddArray(key);
-    }
-    Fill(*node.child(key), depth + 1);
-  }
-
-  void Append(plistDict& node, int depth) {
-    switch (Below(depth < 6 ? 9 : 7)) {
-      case 0:
-        return node.AppendString(Text());
-      case 1:
-        return node.AppendInteger(static_cast<std::int64_t>(random_()));
-      case 2:
-        return node.AppendReal(static_cast<double>(random_()) / 7);
-      case 3:
-        return node.AppendDouble(0.5);
-      case 4:
-        return node.AppendBoolean(Below(2) == 0);
-      case 5:
-        return node.AppendData("QUJD");
-      case 6:
-        return node.AppendDate(ADate());
-      case 7:
-        node.AppendDict();
-        break;
-      default:
-        node.AppendArray();
-    }
-    Fill(*node.index(node.count() - 1), depth + 1);
-  }
-
-  std::mt19937_64 random_;
-};
-
 TEST(Writer, WhatItWritesReadsBackAsTheSameTreeAndText) {
   for (unsigned seed = 1; seed <= 60; ++seed) {
     const Ref<plist> document = NewDocument();
-    Drawing(seed).Fill(*document->root, 0);
+    Drawing(seed, Drawing::Alphabet::kAnything).Fill(*document->root);
     const std::string text = document->asString();
     const Ref<plist> again = document->FromString(text);
     ASSERT_EQ(Sketch(*again->root), Sketch(*document->root)) << "seed " << seed;
