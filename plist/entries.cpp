@@ -30,16 +30,6 @@ Entry* Entries::Find(std::string_view key) {
   return aside_->Find(key);
 }
 
-Entry& Entries::List(std::string_view key) {
-  Entry& entry = listed_.FindOrAdd(key);
-  if (entry.hasType || aside_ == nullptr) return entry;
-  if (Entry* const known = aside_->Find(key)) {
-    entry = std::move(*known);
-    aside_->Remove(key);
-  }
-  return entry;
-}
-
 Entry& Entries::FindOrAdd(std::string_view key) {
   Entry* const entry = Find(key);
   return entry != nullptr ? *entry : Aside().FindOrAdd(key);
@@ -75,6 +65,14 @@ void Entries::Renumber(std::string_view from, std::string_view to) {
     Tidy(to);
   }
   Keep(from, std::move(left));
+}
+
+Entry& Entries::TakeFromAside(Entry& entry, std::string_view key) {
+  if (Entry* const known = aside_->Find(key)) {
+    entry = std::move(*known);
+    aside_->Remove(key);
+  }
+  return entry;
 }
 
 Dictionary<Entry>& Entries::Aside() {

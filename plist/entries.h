@@ -65,7 +65,10 @@ class Entries {
   Entry* Find(std::string_view key);
 
   // The entry of a key, listed from now on. One that is new there has no type; the caller sets it.
-  Entry& List(std::string_view key);
+  Entry& List(std::string_view key) {
+    Entry& entry = listed_.FindOrAdd(key);
+    return entry.hasType || aside_ == nullptr ? entry : TakeFromAside(entry, key);
+  }
 
   // The entry of a key, which stands aside if it is new.
   Entry& FindOrAdd(std::string_view key);
@@ -92,6 +95,7 @@ class Entries {
   void Renumber(std::string_view from, std::string_view to);
 
  private:
+  Entry& TakeFromAside(Entry& entry, std::string_view key);
   Dictionary<Entry>& Aside();
   void Keep(std::string_view key, Entry entry);
 

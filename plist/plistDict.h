@@ -90,7 +90,7 @@ class plistDict : public Object {
   // so do the marks in `searched`. Then, if `read` is set, reads its body from the stream, up to
   // its end tag or the end of the stream. The stream may be null if `read` isn't set.
   //
-  // The text is read by lines; see docs/hacking.md for the rules. In short: one element or one
+  // The text is read by lines; plist/reader.h tells the rules. In short: one element or one
   // <key> on a line, whatever its leading blanks. The name of an element becomes the type of the
   // key and its text the value, verbatim but for "&lt;" and "&gt;"; <true/> and <false/> become a
   // "boolean". Keys are not decoded. A value may span lines, which its text then holds with Chr(13)

@@ -15,11 +15,9 @@ namespace {
 constexpr char kLineSeparator = '\r';
 
 std::string_view WithoutLeadingBlanks(std::string_view line) {
-  while (!line.empty() && static_cast<unsigned char>(line.front()) <= ' ') {
-    line.remove_prefix(1);
-    RuntimeBackgroundTask();
-  }
-  return line;
+  const auto* const text = std::find_if(line.begin(), line.end(),
+                                        [](char c) { return static_cast<unsigned char>(c) > ' '; });
+  return {text, line.end()};
 }
 
 // Where the first field of a line ends: in front of the first "<" that follows a ">" and doesn't

@@ -31,14 +31,19 @@ TextInputStream::TextInputStream(int file) : file_(file), buffer_(kFirstCapacity
 
 TextInputStream::~TextInputStream() { Close(); }
 
-bool TextInputStream::AtEOF() { return position_ == end_ && !Fill(); }
-
 std::string TextInputStream::ReadLine() {
   std::string_view line;
   return ReadLine(line) ? std::string(line) : std::string();
 }
 
 bool TextInputStream::ReadLine(std::string_view& line) {
+  if (line_feed_.at < carriage_return_.at) {
+    // The whole line is there, and a line feed ends it, as with almost all lines.
+    line = {buffer_.data() + position_, line_feed_.at - position_};
+    position_ = line_feed_.at + 1;
+    Find(line_feed_, position_);
+    return true;
+  }
   if (AtEOF()) return false;
   while (EndOfLine() == end_ && Fill()) {
   }

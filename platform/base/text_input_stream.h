@@ -25,7 +25,7 @@ class TextInputStream : public Object {
   ~TextInputStream() override;
 
   // True when no further line can be read, also after Close. (The C library has a macro EOF.)
-  bool AtEOF();
+  bool AtEOF() { return position_ == end_ && !Fill(); }
 
   // The next line without its line end; "" when there is none.
   std::string ReadLine();
