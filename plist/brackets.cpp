@@ -1,7 +1,5 @@
 #include "plist/brackets.h"
 
-#include <algorithm>
-
 #include "platform/base/folding.h"
 #include "plist/plistDict.h"
 
@@ -10,6 +8,13 @@ namespace {
 
 constexpr std::string_view kLess = "&lt;";
 constexpr std::string_view kGreater = "&gt;";
+
+// The place of the first bracket, or the end of the text.
+std::size_t FindBracket(std::string_view text) {
+  std::size_t at = 0;
+  while (at < text.size() && text[at] != '<' && text[at] != '>') ++at;
+  return at;
+}
 
 }  // namespace
 
@@ -27,12 +32,11 @@ std::string plistDict::CodeToBrackets(std::string_view text) {
 
 void AppendEncoded(std::string& result, std::string_view text) {
   while (true) {
-    const auto bracket =
-        std::find_if(text.begin(), text.end(), [](char c) { return c == '<' || c == '>'; });
-    result.append(text.begin(), bracket);
-    if (bracket == text.end()) return;
-    result.append(*bracket == '<' ? kLess : kGreater);
-    text = {bracket + 1, text.end()};
+    const std::size_t bracket = FindBracket(text);
+    result.append(text, 0, bracket);
+    if (bracket == text.size()) return;
+    result.append(text[bracket] == '<' ? kLess : kGreater);
+    text.remove_prefix(bracket + 1);
   }
 }
 

@@ -10,8 +10,8 @@
 #include <string>
 #include <string_view>
 #include <utility>
-#include <vector>
 
+#include "platform/base/chunked_list.h"
 #include "platform/base/compact_text.h"
 #include "platform/base/exceptions.h"
 #include "platform/base/folding.h"
@@ -110,7 +110,6 @@ class Dictionary {
   std::size_t PositionOf(std::string_view key) const;
   std::size_t PositionOf(std::string_view key, std::uint32_t hash) const;
   T& Append(std::string_view key, std::uint32_t hash);
-  void Grow();
   void LeaveNumbering();
   void RebuildIndex();
   void RemoveAt(std::size_t at);
@@ -118,7 +117,7 @@ class Dictionary {
   void CloseGaps();
   std::size_t Nth(std::size_t position);
 
-  std::vector<Slot> slots_;  // in order; removed keys leave gaps, but none at the end
+  ChunkedList<Slot> slots_;  // in order; removed keys leave gaps, but none at the end
   KeyIndex index_;           // of the slots, if there are more than kMostWithoutIndex keys
   std::uint32_t live_ = 0;   // slots that are not removed
   std::uint32_t first_ = 0;  // the slots before are all removed
@@ -159,7 +158,7 @@ std::size_t Dictionary<T>::PositionOf(std::string_view key, std::uint32_t hash) 
 
 template <typename T>
 T& Dictionary<T>::Append(std::string_view key, std::uint32_t hash) {
-  if (slots_.size() == slots_.capacity()) Grow();
+  if (slots_.size() == kNone) throw std::length_error("Dictionary");
   Slot& slot = slots_.emplace_back();
   slot.key.Assign(key);
   slot.hash = hash;
@@ -173,18 +172,12 @@ T& Dictionary<T>::Append(std::string_view key, std::uint32_t hash) {
 }
 
 template <typename T>
-void Dictionary<T>::Grow() {
-  constexpr std::size_t kFirst = 2;
-  constexpr std::size_t kSecond = 8;
-  if (slots_.size() == kNone) throw std::length_error("Dictionary");
-  slots_.reserve(slots_.empty() ? kFirst : std::max(kSecond, slots_.size() * 2));
-}
-
-template <typename T>
 void Dictionary<T>::LeaveNumbering() {
   if (!numbered_) return;
   numbered_ = false;
-  for (Slot& slot : slots_) slot.hash = HashOfText(slot.key.View());
+  for (std::size_t at = 0; at < slots_.size(); ++at) {
+    slots_[at].hash = HashOfText(slots_[at].key.View());
+  }
   RebuildIndex();
 }
 
@@ -232,7 +225,11 @@ void Dictionary<T>::Trim() {
 
 template <typename T>
 void Dictionary<T>::CloseGaps() {
-  std::erase_if(slots_, [](const Slot& slot) { return slot.is_removed; });
+  std::size_t kept = 0;
+  for (std::size_t at = first_; at < slots_.size(); ++at) {
+    if (!slots_[at].is_removed) std::swap(slots_[kept++], slots_[at]);
+  }
+  while (slots_.size() > kept) slots_.pop_back();
   first_ = 0;
   last_asked_ = {};
   RebuildIndex();
