@@ -52,7 +52,7 @@ class ChunkedList {
     constexpr std::size_t kSmallest = 2;
     constexpr std::size_t kSmall = 8;
     if (first_.size() == first_.capacity()) {
-      first_.reserve(first_.empty() ? kSmallest : std::max(kSmall, first_.size() * 2));
+      first_.reserve(first_.empty() ? kSmallest : std::max(kSmall, first_.size() * 3 / 2));
     }
     return first_.emplace_back();
   }
