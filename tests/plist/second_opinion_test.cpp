@@ -47,7 +47,7 @@ void AddEntry(plistDict& node, const std::string& key, std::mt19937& random) {
 
 void Grow(plistDict& node, std::mt19937& random, int depth) {
   const auto entries = static_cast<int>(random() % 9);
-  for (int i = 0; i < entries; ++i) AddEntry(node, "key > " + std::to_string(i), random);
+  for (int i = 0; i < entries; ++i) AddEntry(node, "key " + std::to_string(i), random);
   for (std::size_t i = 1; depth > 0 && i < node.children.size(); ++i) {
     Grow(*node.children[i], random, depth - 1);
   }
