@@ -35,6 +35,18 @@ std::string Sketch(plistDict& node) {
   return node.isArray ? "[" + sketch + "]" : "{" + sketch + "}";
 }
 
+Ref<plist> Read(const std::string& body) {
+  return New<plist>("<plist version=\"1.0\">\n<dict>\n" + body + "\n</dict>\n</plist>\n");
+}
+
+std::string Written(const Ref<plist>& document) {
+  const std::string begin = "<dict>\n";
+  const std::string end = "</dict>\n</plist>\n";
+  const std::string text = document->asString();
+  const std::size_t from = text.find(begin) + begin.size();
+  return text.ends_with(end) ? text.substr(from, text.size() - end.size() - from) : "no end";
+}
+
 std::string Report(const Ref<plist>& document) {
   return document->error ? document->errorMessage : "";
 }

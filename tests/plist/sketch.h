@@ -18,6 +18,12 @@ Ref<plist> NewDocument();
 // A container whose node is missing or misnamed, and a scalar without a text, show a "!".
 std::string Sketch(plistDict& node);
 
+// A document from the lines of a root's body; the last one need not end in a line end.
+Ref<plist> Read(const std::string& body);
+
+// The lines that the document writes between those of its root.
+std::string Written(const Ref<plist>& document);
+
 // The text of the report on a document, "" for none.
 std::string Report(const Ref<plist>& document);
 

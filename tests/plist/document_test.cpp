@@ -1,0 +1,295 @@
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "platform/ui/headless_host.h"
+#include "tests/plist/sketch.h"
+
+namespace morvantile {
+namespace {
+
+namespace fs = std::filesystem;
+
+class Documents : public testing::Test {
+ protected:
+  Documents() { fs::create_directory(folder); }
+  ~Documents() override { fs::remove_all(folder); }
+  Documents(const Documents&) = delete;
+  Documents& operator=(const Documents&) = delete;
+
+  Ref<FolderItem> Item(const std::string& name) const {
+    return New<FolderItem>((folder / name).string());
+  }
+
+  Ref<FolderItem> File(const std::string& name, const std::string& content) const {
+    std::ofstream(folder / name, std::ios::binary) << content;
+    return Item(name);
+  }
+
+  std::string Content(const std::string& name) const {
+    std::ostringstream content;
+    content << std::ifstream(folder / name, std::ios::binary).rdbuf();
+    return content.str();
+  }
+
+  // The names of all files.
+  std::vector<std::string> Names() const {
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator(folder)) {
+      names.push_back(entry.path().filename().string());
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+  }
+
+  // A document in binary form under that name, with the key "k".
+  Ref<FolderItem> BinaryFile(const std::string& name) const {
+    const Ref<plist> document = New<plist>(Item(name), false);
+    document->root->SetString("k", "Größe");
+    document->Save(false, true);
+    EXPECT_EQ(Content(name).substr(0, 8), "bplist00") << name;
+    return Item(name);
+  }
+
+  static constexpr const char* kText =
+      "<?xml?>\n<plist>\n<DICT>\n\t<key>k</key>\n\t<string>v</string>\n</dict>\n</plist>\n";
+
+  const fs::path folder =
+      fs::temp_directory_path() / ("morvantile documents " + std::to_string(getpid()));
+};
+
+TEST_F(Documents, ATextFileIsLoadedAndSavedWithItsHeaders) {
+  const Ref<plist> document = New<plist>(File("a", kText), true);
+  EXPECT_EQ(document->headers, (std::vector<std::string>{"", "<?xml?>", "<plist>", "<DICT>"}));
+  EXPECT_EQ(Sketch(*document->root), R"({k: string "v"})");
+  EXPECT_EQ(document->root->name, "root");
+  EXPECT_TRUE(document->root->rootClass == document);
+  EXPECT_FALSE(document->error);
+  EXPECT_FALSE(document->isBinary);
+  EXPECT_TRUE(document->org == nullptr);
+  document->Save();
+  EXPECT_EQ(Content("a"), kText);
+  document->Save();
+  EXPECT_EQ(Content("a"), kText);
+  EXPECT_EQ(Names(), std::vector<std::string>{"a"});
+}
+
+TEST_F(Documents, AMissingFileGivesAnEmptyDocumentThatSaveCreates) {
+  const Ref<plist> document = New<plist>(Item("new"), false);
+  EXPECT_EQ(Report(document), (folder / "new").string() + " does not exist");
+  EXPECT_EQ(document->headers.size(), 5U);
+  EXPECT_EQ(document->root->name, "root");
+  EXPECT_FALSE(fs::exists(folder / "new"));
+  document->Save();
+  EXPECT_EQ(Content("new").substr(Content("new").find("<dict>")), "<dict>\n</dict>\n</plist>\n");
+}
+
+TEST_F(Documents, NoFileGivesARootThatReportsNowhere) {
+  const Ref<plist> document = New<plist>(nullptr, nullptr);
+  EXPECT_EQ(document->headers.size(), 5U);
+  EXPECT_TRUE(document->savePath == nullptr);
+  EXPECT_FALSE(document->error);
+  EXPECT_EQ(document->root->name, "");
+  EXPECT_TRUE(document->root->rootClass == nullptr);
+  EXPECT_THROW(document->Save(), NilObjectException);
+  EXPECT_THROW(New<plist>(Item("missing"), nullptr), NilObjectException);
+}
+
+TEST_F(Documents, ATemplateIsReadWhereTheFileIsMissing) {
+  const Ref<plist> document = New<plist>(Item("new"), File("template", kText));
+  EXPECT_EQ(Sketch(*document->root), R"({k: string "v"})");
+  document->Save();
+  EXPECT_EQ(Content("new"), kText);
+  const Ref<plist> existing = New<plist>(Item("new"), Item("no template"));
+  EXPECT_FALSE(existing->error);
+}
+
+TEST_F(Documents, AFileWithoutADictLineIsNoPropertyList) {
+  for (const std::string content : {"", "hello", "<plist>\n <dict>\n</plist>", "<plist><dict>\n",
+                                    "<array>\n\t<dict>\n\t</dict>\n</array>\n"}) {
+    const Ref<plist> document = New<plist>(File("a", content), false);
+    EXPECT_EQ(Report(document), "Not a plist file") << content;
+    EXPECT_TRUE(document->root->rootClass == nullptr);
+    EXPECT_EQ(document->root->count(), 0);
+  }
+  const Ref<plist> document = New<plist>(File("a", "one\ntwo"), false);
+  document->root->SetString("k", "v");
+  document->Save();
+  EXPECT_EQ(Content("a"), "one\ntwo\n\t<key>k</key>\n\t<string>v</string>\n</dict>\n</plist>\n")
+      << "the lines stay, and the entries come behind them";
+}
+
+TEST_F(Documents, ADictLineMayBeTheFirstOrTheLast) {
+  const Ref<plist> last = New<plist>(File("a", "<plist>\n<dict>"), false);
+  EXPECT_FALSE(last->error);
+  EXPECT_EQ(last->root->name, "root");
+  const Ref<plist> first = New<plist>(File("a", "<dict>\n<key>k</key>\n<true/>\n</dict>"), false);
+  EXPECT_EQ(first->headers.size(), 1U);
+  EXPECT_EQ(Sketch(*first->root), R"({: {k: boolean "true"}})") << "it is read once more";
+}
+
+TEST_F(Documents, LoadingAgainReplacesTheTreeAndAddsToTheHeaders) {
+  const Ref<plist> document = New<plist>(File("a", kText), false);
+  const Ref<plistDict> before = document->root;
+  document->LoadWithOptionalTemplate(Item("a"), Item("a"));
+  EXPECT_FALSE(document->root == before);
+  EXPECT_EQ(document->headers.size(), 7U);
+}
+
+TEST_F(Documents, AFolderInPlaceOfTheFileIsReportedTwice) {
+  fs::create_directory(folder / "d");
+  const Ref<plist> document = New<plist>(Item("d"), false);
+  EXPECT_EQ(Report(document), (folder / "d").string() + " could not be opened");
+  document->root->SetString("k", "v");
+  document->Save();
+  EXPECT_EQ(Report(document), "Could not open file for saving");
+}
+
+TEST_F(Documents, ABinaryFileIsWorkedOnInACopyAndStaysBinary) {
+  const Ref<plist> document = New<plist>(BinaryFile("a"), false);
+  EXPECT_TRUE(document->isBinary);
+  EXPECT_FALSE(document->error) << document->errorMessage;
+  EXPECT_EQ(Sketch(*document->root), R"({k: string "Größe"})");
+  EXPECT_EQ(document->org->Name(), "a");
+  EXPECT_EQ(document->savePath->Name(), "a temp.plist");
+  document->root->SetString("k", "other");
+  document->Save();
+  EXPECT_EQ(Content("a").substr(0, 8), "bplist00");
+  EXPECT_EQ(Content("a temp.plist"), Content("a"));
+  document->root->SetBoolean("b", true);
+  document->Save(true, false);
+  EXPECT_EQ(Names(), std::vector<std::string>{"a"});
+  EXPECT_EQ(Sketch(*New<plist>(Item("a"), false)->root),
+            R"({k: string "other", b: boolean "true"})");
+  document->Save();
+  EXPECT_EQ(Names(), (std::vector<std::string>{"a", "a temp.plist"}));
+  document->Cleanup();
+  EXPECT_EQ(Names(), std::vector<std::string>{"a"});
+}
+
+TEST_F(Documents, ALeftoverCopyIsReplaced) {
+  File("a temp.plist", kText);
+  EXPECT_EQ(Sketch(*New<plist>(BinaryFile("a"), false)->root), R"({k: string "Größe"})");
+}
+
+TEST_F(Documents, MakingATextDocumentBinaryLastsForOneSave) {
+  const Ref<plist> document = New<plist>(Item("a"), false);
+  document->Save();
+  const std::string text = Content("a");
+  document->Save(false, true);
+  EXPECT_EQ(Content("a").substr(0, 8), "bplist00");
+  EXPECT_FALSE(document->isBinary);
+  document->Save();
+  EXPECT_EQ(Content("a"), text);
+}
+
+TEST_F(Documents, ATemplateInBinaryFormIsOnlyRead) {
+  BinaryFile("template");
+  const std::string before = Content("template");
+  const Ref<plist> document = New<plist>(Item("new"), Item("template"));
+  EXPECT_EQ(Sketch(*document->root), R"({k: string "Größe"})");
+  document->root->SetString("k", "mine");
+  document->Save(true, false);
+  EXPECT_EQ(Content("template"), before);
+  EXPECT_EQ(Names(), (std::vector<std::string>{"new", "template"}));
+  EXPECT_EQ(Content("new").substr(0, 8), "bplist00");
+  EXPECT_EQ(Sketch(*New<plist>(Item("new"), false)->root), R"({k: string "mine"})");
+}
+
+TEST_F(Documents, WhatOnlyLooksBinaryIsNoPropertyListAndIsNotTouched) {
+  const Ref<plist> document = New<plist>(File("a", "BPLIST is no such file\n"), false);
+  EXPECT_EQ(Report(document), "Not a plist file");
+  EXPECT_TRUE(document->isBinary);
+  EXPECT_EQ(document->org->Name(), "a");
+  EXPECT_EQ(Content("a"), "BPLIST is no such file\n");
+}
+
+TEST_F(Documents, ABinaryFileOutlivesACopyThatCannotBeWritten) {
+  const Ref<plist> document = New<plist>(BinaryFile("a"), false);
+  const std::string before = Content("a");
+  document->Cleanup();
+  fs::create_directory(folder / "a temp.plist");
+  document->root->SetString("k", "other");
+  document->Save();
+  EXPECT_EQ(Report(document), "Could not open file for saving");
+  EXPECT_EQ(Content("a"), before);
+}
+
+TEST_F(Documents, FileNamesOfAnyBytesSurviveTheBinaryRoundTrip) {
+  for (const std::string name : {"with blank", "-convert", "--", "'", "\"$(touch oops)\"", "`a`",
+                                 "line\nbreak", "Größe €", "a;b&c|d>e", "\\", "*", "\xFF"}) {
+    const Ref<plist> document = New<plist>(BinaryFile(name), false);
+    EXPECT_EQ(Sketch(*document->root), R"({k: string "Größe"})") << name;
+    document->root->SetString("k", "changed");
+    document->Save(true, false);
+    EXPECT_EQ(Names(), std::vector<std::string>{name});
+    EXPECT_EQ(New<plist>(Item(name), false)->root->GetString("k"), "changed") << name;
+    fs::remove_all(folder);
+    fs::create_directory(folder);
+  }
+  EXPECT_FALSE(fs::exists("oops"));
+}
+
+TEST_F(Documents, TheBytesOfADocumentMakeAnother) {
+  const Ref<plist> document = New<plist>(File("a", kText), false);
+  const Ref<FolderItem> path = document->savePath;
+  EXPECT_EQ(document->asString(), kText);
+  EXPECT_TRUE(document->savePath == path);
+  const Ref<plist> copy = document->FromString(document->asString());
+  EXPECT_EQ(Sketch(*copy->root), R"({k: string "v"})");
+  EXPECT_FALSE(copy->savePath->Exists());
+  const Ref<plist> binary = New<plist>(BinaryFile("b"), false);
+  const Ref<plist> from_binary = binary->FromString(binary->asString());
+  EXPECT_EQ(Sketch(*from_binary->root), R"({k: string "Größe"})");
+  EXPECT_TRUE(from_binary->isBinary);
+}
+
+TEST_F(Documents, AStringShowsTheReportThatStands) {
+  HeadlessHost host;
+  InstallHost(&host);
+  const Ref<plist> document = New<plist>(File("a", kText), false);
+  document->root->CheckArray();
+  EXPECT_EQ(document->asString(), kText);
+  EXPECT_EQ(host.messages, std::vector<std::string>{"root is not an array"});
+  InstallHost(nullptr);
+}
+
+TEST_F(Documents, WithoutAPlaceForTemporaryFilesThereIsNoString) {
+  const Ref<plist> document = New<plist>(File("a", kText), false);
+  const Ref<FolderItem> path = document->savePath;
+  setenv("TMPDIR", "/no such folder", 1);
+  EXPECT_EQ(document->asString(), "");
+  EXPECT_THROW(New<plist>("text"), NilObjectException);
+  unsetenv("TMPDIR");
+  EXPECT_TRUE(document->savePath == path);
+}
+
+TEST_F(Documents, EncryptionRefusesKeysThatTheCipherDoes) {
+  const Ref<plist> document = New<plist>(File("a", kText), false);
+  EXPECT_EQ(document->Encrypt("key").size(), 8 + (std::string(kText).size() / 8 + 1) * 8);
+  EXPECT_FALSE(document->error);
+  EXPECT_EQ(document->Encrypt(""), "");
+  EXPECT_EQ(Report(document), "Could not encrypt");
+  document->error = false;
+  EXPECT_EQ(document->Encrypt(std::string(57, 'k')), "");
+  EXPECT_EQ(Report(document), "Could not encrypt");
+}
+
+TEST_F(Documents, ANewDocumentOfANodeSharesNothingWithIt) {
+  const Ref<plist> document = New<plist>(File("a", kText), false);
+  document->root->child("c")->SetString("x", "y");
+  const Ref<plist> copy = document->root->PlistFromPlistDict(document->root);
+  EXPECT_EQ(Sketch(*copy->root), R"({k: string "v", c: {x: string "y"}})");
+  copy->root->child("c")->SetString("x", "z");
+  EXPECT_EQ(document->root->child("c")->GetString("x"), "y");
+  EXPECT_TRUE(copy->savePath == nullptr);
+  EXPECT_EQ(copy->root->name, "");
+}
+
+}  // namespace
+}  // namespace morvantile
