@@ -37,6 +37,20 @@ TEST_F(SearchTest, DeliversEachMatchOnceInTheOrderOfTheTree) {
   EXPECT_EQ(Found(), "root/a=one fish (string)") << "a new search begins at the start";
 }
 
+TEST_F(SearchTest, LooksAtKeysOrValuesByItsMode) {
+  struct Searchable : plist {
+    using plist::plist;
+    using plist::ReadStructure;
+  };
+  const Ref<Searchable> walker = New<Searchable>(nullptr, false);
+  ASSERT_TRUE(walker->ReadStructure(document->root, "FISH", "KeySearch"));
+  EXPECT_EQ(walker->foundKey + "=" + walker->foundValue, "fish=none");
+  EXPECT_FALSE(walker->ReadStructure(document->root, "fish", "keySearch"));
+  ASSERT_TRUE(walker->ReadStructure(document->root, "fish", "valueSearch"));
+  EXPECT_EQ(walker->foundKey, "a");
+  EXPECT_FALSE(walker->ReadStructure(document->root, "fish", "otherSearch"));
+}
+
 TEST_F(SearchTest, FindsEveryScalarOnceForTheEmptyText) {
   int count = 0;
   for (bool found = document->Find(""); found; found = document->FindNext("")) ++count;
