@@ -27,6 +27,10 @@ constexpr std::int64_t kLeastWork = 128 << 10;
 constexpr std::int64_t kPartOfSource = 32;
 // The fewest columns that a thread takes at a time, unless there are fewer.
 constexpr int kFewestColumns = 16;
+// Pieces for each thread, so that one that comes late leaves little to wait for; but pieces of
+// fewer columns than these would convert too many pixels twice.
+constexpr int kPiecesPerThread = 4;
+constexpr int kWorthwhileColumns = 64;
 
 int Threads() {
   static const int threads =
@@ -80,7 +84,10 @@ Plan PlanFor(const Resampling& resampling, int threads) {
       std::clamp(4 * sourcePixels / kPartOfSource / threads, kLeastWork, kMostWork);
 
   // As many pieces as give each thread the same number of them.
-  const int pieces = (width - 1) / ColumnsWithin(resampling, bytes) + 1;
+  int pieces = (width - 1) / ColumnsWithin(resampling, bytes) + 1;
+  if (threads > 1) {
+    pieces = std::max(pieces, std::min(kPiecesPerThread * threads, width / kWorthwhileColumns));
+  }
   const int evenPieces = (pieces + threads - 1) / threads * threads;
   const int columns = (width - 1) / evenPieces + 1;
   return {threads, columns, WorkBytes(resampling, columns)};
