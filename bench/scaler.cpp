@@ -4,11 +4,11 @@
 #include <benchmark/benchmark.h>
 
 #include <QImage>
-#include <array>
 #include <cstdint>
 #include <cstring>
 #include <memory>
 #include <random>
+#include <string>
 #include <thread>
 #include <vector>
 
@@ -21,16 +21,14 @@ struct Row {
   int sourceWidth, sourceHeight, width, height;
 };
 
+// A picture in memory of somebody else's, as one from the clipboard is.
 Ref<Picture> Noise(int width, int height, bool hasAlpha) {
-  Ref<Picture> picture = Picture::Create(width, height, hasAlpha);
+  const std::ptrdiff_t stride = std::ptrdiff_t{4} * width;
+  const auto bytes =
+      std::make_shared<std::vector<std::uint8_t>>(static_cast<std::size_t>(stride * height));
   std::minstd_rand random(1);
-  for (int y = 0; y < height; ++y) {
-    std::uint8_t* row = picture->MutableRow(y);
-    for (std::ptrdiff_t i = 0; i < std::ptrdiff_t{4} * width; ++i) {
-      row[i] = static_cast<std::uint8_t>(random() >> 16);
-    }
-  }
-  return picture;
+  for (std::uint8_t& byte : *bytes) byte = static_cast<std::uint8_t>(random() >> 16);
+  return Picture::Wrap(width, height, stride, bytes->data(), hasAlpha, bytes);
 }
 
 void Copy(benchmark::State& state, Row row) {

@@ -1,31 +1,28 @@
-// Memory for vector code.
+// Memory for pixels and vector code.
 
 #ifndef MORVANTILE_PLATFORM_IMAGING_ALIGNED_H
 #define MORVANTILE_PLATFORM_IMAGING_ALIGNED_H
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <memory>
-#include <new>
 
 namespace morvantile {
 
-// What such memory is aligned to: the widest vector, and a line of the cache.
+// What such memory is aligned to at least: the widest vector, and a line of the cache.
 inline constexpr std::size_t kAlignment = 64;
 
-struct AlignedDelete {
-  void operator()(std::uint8_t* bytes) const {
-    ::operator delete[](bytes, std::align_val_t{kAlignment});
-  }
+struct AlignedFree {
+  void operator()(std::uint8_t* bytes) const { std::free(bytes); }
 };
 
-using AlignedBytes = std::unique_ptr<std::uint8_t[], AlignedDelete>;
+using AlignedBytes = std::unique_ptr<std::uint8_t[], AlignedFree>;
 
-// `size` bytes whose content is not set; null if there isn't so much memory.
-inline AlignedBytes MakeAlignedBytes(std::size_t size) {
-  return AlignedBytes(static_cast<std::uint8_t*>(
-      ::operator new[](size, std::align_val_t{kAlignment}, std::nothrow)));
-}
+// `size` bytes whose content is not set; null if there isn't so much memory. Where the system can,
+// large memory comes in large pages: fetching the small ones of a picture, on its first use, takes
+// as long as resampling it.
+AlignedBytes MakeAlignedBytes(std::size_t size);
 
 }  // namespace morvantile
 

@@ -27,6 +27,12 @@ constexpr std::int64_t kLeastWork = 128 << 10;
 constexpr std::int64_t kPartOfSource = 32;
 // The fewest columns that a thread takes at a time, unless there are fewer.
 constexpr int kFewestColumns = 16;
+// Pixels in a line of the cache, which two threads had better not write to at a time.
+constexpr int kLine = 16;
+// Pieces for each thread, so that one that comes late leaves little to wait for; but pieces of
+// fewer columns than these would convert too many pixels twice.
+constexpr int kPiecesPerThread = 4;
+constexpr int kWorthwhileColumns = 64;
 
 int Threads() {
   static const int threads =
@@ -55,7 +61,8 @@ Resampling ResamplingOf(const Picture& source, int width, int height) {
 // How the columns of the result are shared out.
 struct Plan {
   int threads;
-  int columns;  // at a time
+  int columns;  // of a piece
+  int pieces;
   std::size_t workBytes;
 
   std::size_t AllBytes() const { return workBytes * static_cast<std::size_t>(threads); }
@@ -80,14 +87,24 @@ Plan PlanFor(const Resampling& resampling, int threads) {
       std::clamp(4 * sourcePixels / kPartOfSource / threads, kLeastWork, kMostWork);
 
   // As many pieces as give each thread the same number of them.
-  const int pieces = (width - 1) / ColumnsWithin(resampling, bytes) + 1;
+  int pieces = (width - 1) / ColumnsWithin(resampling, bytes) + 1;
+  if (threads > 1) {
+    pieces = std::max(pieces, std::min(kPiecesPerThread * threads, width / kWorthwhileColumns));
+  }
   const int evenPieces = (pieces + threads - 1) / threads * threads;
-  const int columns = (width - 1) / evenPieces + 1;
-  return {threads, columns, WorkBytes(resampling, columns)};
+  const int even = (width - 1) / evenPieces + 1;
+  const int columns = even < kWorthwhileColumns ? even : (even + kLine - 1) / kLine * kLine;
+  return {threads, columns, (width - 1) / columns + 1, WorkBytes(resampling, columns)};
 }
 
 std::size_t FilterBytes(const Filter& filter) {
   return filter.first.size() * sizeof(int) + filter.weights.size() * sizeof(std::int32_t);
+}
+
+// From the left edge and from the middle in turn: neighbours that two threads make at the same time
+// would share lines of the cache along their common edge.
+int PieceInTurn(int turn, int pieces) {
+  return turn % 2 == 0 ? turn / 2 : (pieces + 1) / 2 + turn / 2;
 }
 
 // False if there is no memory to work in.
@@ -98,8 +115,9 @@ bool Run(const Resampling& resampling, const Plan& plan) {
   const std::function<void(int)> work = [&](int thread) {
     std::uint8_t* own = memory.get() + plan.workBytes * static_cast<std::size_t>(thread);
     for (;;) {
-      const std::int64_t begin = std::int64_t{next.fetch_add(1)} * plan.columns;
-      if (begin >= resampling.Width()) return;
+      const int turn = next.fetch_add(1);
+      if (turn >= plan.pieces) return;
+      const std::int64_t begin = std::int64_t{PieceInTurn(turn, plan.pieces)} * plan.columns;
       const std::int64_t end = std::min<std::int64_t>(begin + plan.columns, resampling.Width());
       ResampleColumns(resampling, {static_cast<int>(begin), static_cast<int>(end)}, own);
     }

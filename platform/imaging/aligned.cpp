@@ -1,0 +1,26 @@
+#include "platform/imaging/aligned.h"
+
+#ifdef __linux__
+#include <sys/mman.h>
+#endif
+
+namespace morvantile {
+namespace {
+
+constexpr std::size_t kLargePage = std::size_t{2} << 20;
+
+}  // namespace
+
+AlignedBytes MakeAlignedBytes(std::size_t size) {
+  const bool large = size >= kLargePage / 2;
+  const std::size_t alignment = large ? kLargePage : kAlignment;
+  const std::size_t whole = (size + alignment - 1) / alignment * alignment;
+  AlignedBytes bytes(static_cast<std::uint8_t*>(std::aligned_alloc(alignment, whole)));
+#ifdef MADV_HUGEPAGE
+  // It is a wish; nothing is lost if it isn't granted.
+  if (large && bytes != nullptr) madvise(bytes.get(), whole, MADV_HUGEPAGE);
+#endif
+  return bytes;
+}
+
+}  // namespace morvantile
