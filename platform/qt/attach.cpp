@@ -19,11 +19,14 @@
 namespace morvantile {
 namespace {
 
-// Lets a peer live as long as its widget.
+// Lets a peer live as long as its widget is whole: a widget that is deleted says so before its
+// children, the model among them, go one by one.
 class Tie : public QObject {
  public:
   Tie(QWidget& widget, std::unique_ptr<ControlPeer> peer)
-      : QObject(&widget), peer_(std::move(peer)) {}
+      : QObject(&widget), peer_(std::move(peer)) {
+    connect(&widget, &QObject::destroyed, this, [this] { peer_.reset(); });
+  }
 
  private:
   std::unique_ptr<ControlPeer> peer_;

@@ -3,7 +3,6 @@
 #include <malloc.h>
 #include <unistd.h>
 
-#include <QApplication>
 #include <QDesktopServices>
 #include <QEventLoop>
 #include <QIcon>
@@ -12,42 +11,18 @@
 #include <QTimer>
 #include <QUrl>
 #include <cstdio>
-#include <exception>
 #include <utility>
 
 #include "platform/base/exceptions.h"
 #include "platform/qt/clipboard_qt.h"
 #include "platform/qt/desktop_choice.h"
+#include "platform/qt/guarded_application.h"
 #include "platform/qt/theme.h"
 #include "platform/qt/window_widget.h"
 #include "platform/ui/application.h"
 
 namespace morvantile {
 namespace {
-
-// Keeps an exception that a handler lets out, and ends all event loops for it: the toolkit itself
-// can't carry it.
-class GuardedApplication : public QApplication {
- public:
-  using QApplication::QApplication;
-
-  bool notify(QObject* receiver, QEvent* event) override {
-    try {
-      return QApplication::notify(receiver, event);
-    } catch (...) {
-      escaped_ = std::current_exception();
-      exit(1);
-      return true;
-    }
-  }
-
-  void RethrowEscaped() {
-    if (escaped_) std::rethrow_exception(std::exchange(escaped_, nullptr));
-  }
-
- private:
-  std::exception_ptr escaped_;
-};
 
 // The toolkit's talk is nothing for the user; only what ends the program is said, in one line.
 void SayOnlyWhatIsFatal(QtMsgType type, const QMessageLogContext& /*context*/,

@@ -29,7 +29,7 @@ RowMirror::RowMirror(ListControl& control, int columns, QAbstractItemModel& mode
 RowMirror::~RowMirror() { control_->AttachListPeer(nullptr); }
 
 void RowMirror::Follow() {
-  QObject::connect(model_, &QAbstractItemModel::rowsInserted, model_,
+  QObject::connect(model_, &QAbstractItemModel::rowsInserted, this,
                    [this](const QModelIndex& parent, int first, int last) {
                      if (applying_ || parent.isValid()) return;
                      for (int row = first; row <= last; ++row) {
@@ -37,13 +37,13 @@ void RowMirror::Follow() {
                      }
                      WidgetSelected();
                    });
-  QObject::connect(model_, &QAbstractItemModel::rowsRemoved, model_,
+  QObject::connect(model_, &QAbstractItemModel::rowsRemoved, this,
                    [this](const QModelIndex& parent, int first, int last) {
                      if (applying_ || parent.isValid()) return;
                      for (int row = last; row >= first; --row) control_->UserRemoveRow(row);
                      WidgetSelected();
                    });
-  QObject::connect(model_, &QAbstractItemModel::dataChanged, model_,
+  QObject::connect(model_, &QAbstractItemModel::dataChanged, this,
                    [this](const QModelIndex& first, const QModelIndex& last) {
                      if (applying_ || first.parent().isValid()) return;
                      for (int row = first.row(); row <= last.row(); ++row) {
@@ -56,9 +56,9 @@ void RowMirror::Follow() {
   const auto reload = [this] {
     if (!applying_) TakeFromWidget();
   };
-  QObject::connect(model_, &QAbstractItemModel::modelReset, model_, reload);
-  QObject::connect(model_, &QAbstractItemModel::layoutChanged, model_, reload);
-  QObject::connect(model_, &QAbstractItemModel::rowsMoved, model_, reload);
+  QObject::connect(model_, &QAbstractItemModel::modelReset, this, reload);
+  QObject::connect(model_, &QAbstractItemModel::layoutChanged, this, reload);
+  QObject::connect(model_, &QAbstractItemModel::rowsMoved, this, reload);
 }
 
 void RowMirror::TakeFromWidget() {

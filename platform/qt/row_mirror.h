@@ -2,6 +2,7 @@
 #define MORVANTILE_PLATFORM_QT_ROW_MIRROR_H
 
 #include <QAbstractItemModel>
+#include <QObject>
 #include <functional>
 
 #include "platform/ui/list_control.h"
@@ -16,9 +17,9 @@ struct RowSelector {
 
 // Keeps the rows of a list or menu and those of a widget's model alike, in both directions. Of a
 // tree the top-level rows count.
-class RowMirror : public ListPeer {
+class RowMirror : public QObject, public ListPeer {
  public:
-  // Ties the two together, for as long as the mirror lives. It has to live as long as the model.
+  // Ties the two together, for as long as the mirror lives; the model has to live at least as long.
   RowMirror(ListControl& control, int columns, QAbstractItemModel& model, RowSelector selector);
   ~RowMirror() override;
   RowMirror(const RowMirror&) = delete;

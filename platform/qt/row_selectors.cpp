@@ -23,12 +23,12 @@ RowSelector SelectorOf(QComboBox& box) {
 }
 
 void FollowSelection(QAbstractItemView& view, RowMirror& mirror) {
-  QObject::connect(view.selectionModel(), &QItemSelectionModel::currentRowChanged, &view,
+  QObject::connect(view.selectionModel(), &QItemSelectionModel::currentRowChanged, &mirror,
                    [&mirror] { mirror.WidgetSelected(); });
 }
 
 void FollowSelection(QComboBox& box, RowMirror& mirror) {
-  QObject::connect(&box, &QComboBox::currentIndexChanged, &box,
+  QObject::connect(&box, &QComboBox::currentIndexChanged, &mirror,
                    [&mirror] { mirror.WidgetSelected(); });
 }
 

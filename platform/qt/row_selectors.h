@@ -11,8 +11,7 @@ namespace morvantile {
 RowSelector SelectorOf(QAbstractItemView& view);
 RowSelector SelectorOf(QComboBox& box);
 
-// Tells the mirror whenever the widget has another row selected. The mirror has to live as long as
-// the widget.
+// Tells the mirror whenever the widget has another row selected, for as long as both live.
 void FollowSelection(QAbstractItemView& view, RowMirror& mirror);
 void FollowSelection(QComboBox& box, RowMirror& mirror);
 
