@@ -9,7 +9,9 @@ import unittest
 
 from desktop import Unavailable
 from gestures import Gestures
-from sway import Sway
+from sway import Sway, ensure_shared_memory
+
+ensure_shared_memory()
 
 
 class OnSway(Gestures, unittest.TestCase):
