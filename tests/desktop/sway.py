@@ -18,9 +18,9 @@ def ensure_shared_memory():
     """Starts the running test anew, with a /dev/shm of its own, where the machine's is for root
     alone: without it a compositor that isn't root can't hand out the keys of its keyboard."""
     if os.getuid() == 0 and not os.stat('/dev/shm').st_mode & stat.S_IWOTH:
-        os.execvp('unshare', ['unshare', '--mount', 'sh', '-c',
-                              'mount -t tmpfs shm /dev/shm && exec "$@"', 'sh',
-                              sys.executable, *sys.argv])
+        private = 'mount --make-private /dev && mount -t tmpfs shm /dev/shm && exec "$@"'
+        os.execvp('unshare', ['unshare', '--mount', '--propagation', 'unchanged',
+                              'sh', '-c', private, 'sh', sys.executable, *sys.argv])
 
 
 class Sway(Desktop):
