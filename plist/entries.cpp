@@ -10,7 +10,7 @@ namespace {
 bool IsEmpty(const Entry& entry) { return !entry.hasText && !entry.hasMark && entry.child == 0; }
 
 void ForgetText(Entry& entry) {
-  entry.text = CompactText();
+  entry.text = CompactText<24>();
   entry.hasText = false;
 }
 
@@ -83,7 +83,7 @@ Dictionary<Entry>& Entries::Aside() {
 // Keeps aside what is known of a key besides its type.
 void Entries::Keep(std::string_view key, Entry entry) {
   if (IsEmpty(entry)) return;
-  entry.type = CompactText();
+  entry.type = TypeWord();
   entry.hasType = false;
   Aside().FindOrAdd(key) = std::move(entry);
 }

@@ -12,6 +12,7 @@
 #include "platform/base/compact_text.h"
 #include "platform/base/dictionary.h"
 #include "platform/base/folding.h"
+#include "plist/type_word.h"
 
 namespace morvantile {
 
@@ -25,8 +26,8 @@ inline bool IsContainer(std::string_view type) {
 // What a node knows of one key. Each part stands for an entry in one of the node's properties: the
 // type word in `types`, the text in `values`, the mark in `searched`, the child in `childrenNames`.
 struct Entry {
-  CompactText type;
-  CompactText text;
+  TypeWord type;
+  CompactText<24> text;
   std::uint32_t child = 0;  // the first place of the key in childrenNames, 0 for none
   bool hasType = false;
   bool isContainer = false;

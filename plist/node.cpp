@@ -10,24 +10,36 @@
 namespace morvantile {
 namespace {
 
-// Moves those children that would release further nodes with themselves out of a node.
-void TakeFamilies(plistDict& node, std::vector<Ref<plistDict>>& families) {
-  for (Ref<plistDict>& child : node.children) {
-    if (child.IsOnlyOwner() && child->children.size() > 1) families.push_back(std::move(child));
+// Releases the children of a node from the last one on, up to one that would release further nodes
+// with itself, and takes that one out; nil if there is none.
+Ref<plistDict> TakeFamily(plistDict& node) {
+  while (node.children.size() > 1) {
+    Ref<plistDict> child = std::move(node.children.back());
+    node.children.pop_back();
+    if (child.IsOnlyOwner() && child->children.size() > 1) return child;
   }
+  return nullptr;
 }
 
 }  // namespace
 
-plistDict::plistDict() : children(1), childrenNames(1) {}
+plistDict::plistDict() = default;
 
+// Releases what is below the node one after the other, the innermost first. Each node is looked at
+// only when its turn comes: by then the memory of the one before is still at hand.
 plistDict::~plistDict() {
-  std::vector<Ref<plistDict>> families;
-  TakeFamilies(*this, families);
-  while (!families.empty()) {
-    const Ref<plistDict> node = std::move(families.back());
-    families.pop_back();
-    TakeFamilies(*node, families);
+  std::vector<Ref<plistDict>> open;
+  plistDict* node = this;
+  while (true) {
+    if (Ref<plistDict> family = TakeFamily(*node)) {
+      node = family.get();
+      open.push_back(std::move(family));
+    } else if (open.empty()) {
+      return;
+    } else {
+      open.pop_back();
+      node = open.empty() ? this : open.back().get();
+    }
   }
 }
 

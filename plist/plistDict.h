@@ -10,6 +10,7 @@
 
 #include "platform/base/color.h"
 #include "platform/base/date.h"
+#include "platform/base/list_from_one.h"
 #include "platform/base/ref.h"
 #include "platform/base/text_input_stream.h"
 #include "platform/base/text_output_stream.h"
@@ -62,10 +63,10 @@ class plistDict : public Object {
 
   // The sub-nodes and beside them their keys; the first of each stands at 1, behind a placeholder.
   // To add directly, add to both; nodes are taken out by Remove.
-  std::vector<Ref<plistDict>> children;
+  ListFromOne<Ref<plistDict>> children;
   // The key of this node in its parent; "root" for the top of a document that has been loaded.
   std::string name;
-  std::vector<std::string> childrenNames;
+  ListFromOne<std::string> childrenNames;
 
   // In an array, the number of the element appended or read last; -1 before the first.
   std::int64_t indexOf = -1;
@@ -395,6 +396,7 @@ class plistDict : public Object {
   bool Contain(std::string_view key, plistDict& destination, std::string_view target);
 
   friend class Reader;
+  friend class ScalarWalk;
   friend class TreeText;
 
   std::size_t indexedChildren_ = 1;  // as many of childrenNames are known to the entries

@@ -102,21 +102,34 @@ std::string plistDict::StripAll(std::string_view text) {
 }
 
 void Reader::Read(plistDict& root) {
-  activations_.emplace_back(root);
-  while (!activations_.empty()) {
-    Activation& innermost = activations_.back();
+  Enter(root);
+  while (depth_ > 0) {
+    Activation& innermost = activations_[depth_ - 1];
     if (innermost.hasFields) {
       ReadField(innermost);
     } else if (innermost.hasEnded || stream_.AtEOF()) {
-      activations_.pop_back();
+      --depth_;
     } else {
       ReadLine(innermost);
     }
   }
 }
 
+void Reader::Activation::Begin(plistDict& read) {
+  node = &read;
+  endTag = read.isArray ? "</array>" : "</dict>";
+  for (std::string* text : {&key, &type, &value, &tag, &keptFields}) text->clear();
+  inValue = selfClosed = hasFields = hasEnded = false;
+  fields = {};
+}
+
+void Reader::Enter(plistDict& node) {
+  if (depth_ == activations_.size()) activations_.emplace_back();
+  activations_[depth_++].Begin(node);
+}
+
 void Reader::ReadLine(Activation& in) {
-  if (in.node.isArray && !in.inValue) in.key = Str(++in.node.indexOf);
+  if (in.node->isArray && !in.inValue) in.key = Str(++in.node->indexOf);
   std::string_view line;
   stream_.ReadLine(line);
   in.fields = WithoutLeadingBlanks(line);
@@ -139,7 +152,7 @@ void Reader::ReadField(Activation& in) {
     in.keptFields = in.fields;
     in.fields = in.keptFields;
   }
-  activations_.emplace_back(*opened);
+  Enter(*opened);
 }
 
 // Returns the node to be read next, or null. The first ">" of the line is at `bracket`.
@@ -160,7 +173,7 @@ void Reader::ReadKey(Activation& in, std::string_view& line, std::size_t length)
   line.remove_prefix(length);
   line.remove_suffix(LengthOfKeyEnd(line));
   in.key = line;
-  in.node.entries_.Listed().Expect(line);
+  in.node->entries_.Listed().Expect(line);
 }
 
 void Reader::Continue(Activation& in, std::string_view& line) {
@@ -171,7 +184,7 @@ void Reader::Continue(Activation& in, std::string_view& line) {
   }
   AppendDecoded(in.value, line);
   if (!SameText(in.tag, "data")) in.value += kLineSeparator;
-  if (!in.inValue) StoreValue(in, in.node.entries_.FindOrAdd(in.key));
+  if (!in.inValue) StoreValue(in, in.node->entries_.FindOrAdd(in.key));
 }
 
 plistDict* Reader::ReadTag(Activation& in, std::string_view& line, std::size_t bracket) {
@@ -192,7 +205,7 @@ plistDict* Reader::ReadTag(Activation& in, std::string_view& line, std::size_t b
 }
 
 void Reader::ReadBoolean(Activation& in, std::string_view word) {
-  Entry& entry = in.node.entries_.List(in.key);
+  Entry& entry = in.node->entries_.List(in.key);
   entry.SetType("boolean");
   entry.SetText(word);
   Assign(in.type, "boolean");
@@ -200,7 +213,7 @@ void Reader::ReadBoolean(Activation& in, std::string_view word) {
 
 void Reader::CloseValue(Activation& in) {
   in.inValue = false;
-  StoreValue(in, in.node.entries_.FindOrAdd(in.key));
+  StoreValue(in, in.node->entries_.FindOrAdd(in.key));
   in.value.clear();
 }
 
@@ -209,7 +222,7 @@ void Reader::OpenElement(Activation& in, std::string_view tag, std::string_view&
   in.selfClosed = type.ends_with('/');
   if (in.selfClosed) type.remove_suffix(1);
   Assign(in.type, type);
-  Entry& entry = in.node.entries_.List(in.key);
+  Entry& entry = in.node->entries_.List(in.key);
   entry.SetType(type);
   if (entry.isContainer || (in.selfClosed && SameText(type, "dict/"))) return;
 
@@ -238,8 +251,8 @@ void Reader::OpenValue(Activation& in, std::string_view tag, std::string_view li
 plistDict* Reader::OpenChild(Activation& in, std::string_view& line) {
   if (!IsContainer(in.type)) return nullptr;
   const bool is_dict = SameText(in.type, "dict");
-  in.node.NewChild(in.node.entries_.FindOrAdd(in.key), in.key, !is_dict);
-  if (!in.selfClosed) return in.node.children.back().get();
+  in.node->NewChild(in.node->entries_.FindOrAdd(in.key), in.key, !is_dict);
+  if (!in.selfClosed) return in.node->children.back().get();
   if (is_dict) line = {};
   return nullptr;
 }

@@ -40,10 +40,11 @@ class Reader {
  private:
   // The reading of one node.
   struct Activation {
-    explicit Activation(plistDict& read)
-        : node(read), endTag(read.isArray ? "</array>" : "</dict>") {}
+    // Begins the reading of another node. What was collected for the one before is dropped, its
+    // memory kept.
+    void Begin(plistDict& read);
 
-    plistDict& node;
+    plistDict* node = nullptr;
     std::string_view endTag;
     std::string key;          // what the next value or node goes under
     std::string type;         // the name of the element opened last
@@ -58,6 +59,7 @@ class Reader {
     bool hasEnded = false;
   };
 
+  void Enter(plistDict& node);
   void ReadLine(Activation& in);
   void ReadField(Activation& in);
   static plistDict* StepField(Activation& in, std::string_view& line, std::size_t bracket);
@@ -72,7 +74,9 @@ class Reader {
   static void StoreValue(Activation& in, Entry& entry);
 
   TextInputStream& stream_;
-  std::deque<Activation> activations_;  // the innermost last
+  // The innermost is the last of `depth_`; those behind are there to be used again.
+  std::deque<Activation> activations_;
+  std::size_t depth_ = 0;
 };
 
 }  // namespace morvantile

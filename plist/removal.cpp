@@ -50,9 +50,9 @@ void plistDict::MoveElementsDown(std::size_t first) {
   for (std::size_t i = first; i + 1 < elements.Count(); ++i) {
     Entry& from = elements.ValueAt(i + 1);
     Entry& to = elements.ValueAt(i);
-    to.type = std::exchange(from.type, CompactText());
+    to.type = std::exchange(from.type, TypeWord());
     to.isContainer = from.isContainer;
-    to.text = std::exchange(from.text, CompactText());
+    to.text = std::exchange(from.text, CompactText<24>());
     to.hasText = std::exchange(from.hasText, false);
     to.child = std::exchange(from.child, 0);
     RenameChild(to, Str(static_cast<std::int64_t>(i)));
@@ -78,9 +78,9 @@ void plistDict::RemoveChild(std::size_t place) {
   if (place == 0) return;
   const std::string key = std::move(childrenNames[place]);
   const auto distance = static_cast<std::ptrdiff_t>(place);
-  childrenNames.erase(childrenNames.begin() + distance);
+  childrenNames.erase(place);
   const Ref<plistDict> removed = std::move(children[place]);
-  children.erase(children.begin() + distance);
+  children.erase(place);
   --indexedChildren_;
 
   if (place < childrenNames.size()) {

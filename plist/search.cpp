@@ -1,51 +1,81 @@
 // The search of a document, entry by entry.
 
+#include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/base/background.h"
 #include "platform/base/folding.h"
-#include "platform/base/text.h"
+#include "platform/base/text_search.h"
 #include "plist/plist.h"
 #include "plist/plistDict.h"
 
 namespace morvantile {
-namespace {
 
-// Goes through the scalars of a tree by the nodes' own cursors, and calls visit(node, key, type)
-// for each, until it returns true; gives whether it did. A node whose visit ended the walk, and
-// those above it, have their cursors where they were.
-template <typename Visit>
-bool WalkScalars(plistDict& top, const Visit& visit) {
-  if (top.count() == 0) return false;
-  std::vector<plistDict*> walk = {&top};
-  top.MoveFirst();
-  while (true) {
-    RuntimeBackgroundTask();
-    plistDict& node = *walk.back();
-    if (node.eof) {
-      walk.pop_back();
-      if (walk.empty()) return false;
-      walk.back()->MoveNext();
-      continue;
+// A walk through the scalars of a tree by the nodes' own cursors. A node where the walk is left,
+// and those above it, keep their cursors where they were.
+class ScalarWalk {
+ public:
+  explicit ScalarWalk(plistDict& top) { Enter(top); }
+
+  // Goes to the next scalar, at first to the first one; false if there is none.
+  bool Next() {
+    if (entry_ != nullptr) node_->MoveNext();
+    entry_ = nullptr;
+    while (!nodes_.empty()) {
+      RuntimeBackgroundTask();
+      if (Step()) return true;
     }
-    const std::string key = node.CurrentKey();
-    const std::string type = node.GetType(key);
-    if (!IsContainer(type)) {
-      if (visit(node, key, type)) return true;
-      node.MoveNext();
-      continue;
-    }
-    plistDict* const child = node.child(key).get();
-    if (child == nullptr || child->count() == 0) {
-      node.MoveNext();
-      continue;
-    }
-    child->MoveFirst();
-    walk.push_back(child);
+    return false;
   }
-}
 
-}  // namespace
+  // What the walk is at; views and references hold until the tree is changed.
+  plistDict& Node() const { return *node_; }
+  std::string_view Key() const { return key_; }
+  std::string_view Type() const { return entry_->type.View(); }
+  // As GetValue: clears the report, or leaves one for an entry without a text.
+  std::string_view Value() const { return node_->TextOf(*entry_, key_); }
+  bool IsDelivered() const { return entry_->hasMark && entry_->mark; }
+  void Mark(bool delivered) { entry_->SetMark(delivered); }
+
+ private:
+  void Enter(plistDict& node) {
+    if (node.count() == 0) return;
+    node.MoveFirst();
+    nodes_.push_back(&node);
+  }
+
+  // Looks at what the innermost cursor is at, and gives whether that is a scalar.
+  bool Step() {
+    node_ = nodes_.back();
+    Dictionary<Entry>& entries = node_->entries_.Listed();
+    const auto at = static_cast<std::size_t>(node_->currentIndex);
+    if (node_->eof || at >= entries.Count()) {
+      Leave();
+      return false;
+    }
+    key_ = entries.Key(at);
+    Entry& entry = entries.ValueAt(at);
+    if (!entry.isContainer) {
+      entry_ = &entry;
+      return true;
+    }
+    const std::size_t depth = nodes_.size();
+    if (plistDict* const child = node_->child(key_).get()) Enter(*child);
+    if (nodes_.size() == depth) node_->MoveNext();
+    return false;
+  }
+
+  void Leave() {
+    nodes_.pop_back();
+    if (!nodes_.empty()) nodes_.back()->MoveNext();
+  }
+
+  std::vector<plistDict*> nodes_;  // from the top to the innermost
+  plistDict* node_ = nullptr;
+  std::string_view key_;
+  Entry* entry_ = nullptr;
+};
 
 bool plist::Find(std::string_view text) {
   foundDict = nullptr;
@@ -66,30 +96,30 @@ bool plist::FindNext(std::string_view text) {
 }
 
 void plist::ClearSearch(const Ref<plistDict>& node) {
-  WalkScalars(*node, [](plistDict& holder, const std::string& key, const std::string&) {
-    holder.searched.SetValue(key, false);
-    return false;
-  });
+  ScalarWalk walk(*node);
+  while (walk.Next()) walk.Mark(false);
 }
 
 bool plist::ReadStructure(const Ref<plistDict>& node, std::string_view text,
                           std::string_view mode) {
   const bool by_value = SameText(mode, "valueSearch");
   const bool by_key = SameText(mode, "keySearch");
-  return WalkScalars(
-      *node, [&](plistDict& holder, const std::string& key, const std::string& type) {
-        const std::string value = holder.GetValue(key);
-        const bool matches =
-            (by_value && InStr(0, value, text) > 0) || (by_key && InStr(0, key, text) > 0);
-        if (!matches) return false;
-        if (holder.searched.HasKey(key) && holder.searched.Value(key)) return false;
-        foundDict = Ref<plistDict>(&holder);
-        foundKey = key;
-        foundType = type;
-        foundValue = value;
-        holder.searched.SetValue(key, true);
-        return true;
-      });
+  const TextPattern pattern(text);
+  ScalarWalk walk(*node);
+  while (walk.Next()) {
+    const std::string_view value = walk.Value();
+    if (!(by_value && pattern.OccursIn(value)) && !(by_key && pattern.OccursIn(walk.Key()))) {
+      continue;
+    }
+    if (walk.IsDelivered()) continue;
+    foundDict = Ref<plistDict>(&walk.Node());
+    foundKey = walk.Key();
+    foundType = walk.Type();
+    foundValue = value;
+    walk.Mark(true);
+    return true;
+  }
+  return false;
 }
 
 }  // namespace morvantile

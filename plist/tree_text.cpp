@@ -83,7 +83,7 @@ void TreeText::WriteScalar(const Entry& entry) {
 
 // Writes the child at the level's place, and every further one of the same name after it.
 void TreeText::WriteChild(Level& level) {
-  const Ref<plistDict>& child = level.node->children.at(level.child);
+  const Ref<plistDict>& child = level.node->children[level.child];
   level.child = level.repeats.empty() ? 0 : level.repeats[level.child];
   if (!child) return;
   if (child->count() == 0) {
@@ -106,7 +106,7 @@ std::vector<std::uint32_t> TreeText::Repeats(plistDict& node) {
   node.IndexChildren();
   std::size_t different_names = 0;
   node.entries_.ForEach([&](const Entry& entry) { different_names += entry.child != 0 ? 1 : 0; });
-  const std::vector<std::string>& names = node.childrenNames;
+  const ListFromOne<std::string>& names = node.childrenNames;
   if (names.size() <= different_names + 1) return {};
   std::vector<std::uint32_t> next(names.size());
   std::unordered_map<const Entry*, std::uint32_t> seen;

@@ -2,7 +2,8 @@
 
 namespace morvantile {
 
-void CompactText::StoreOutside(std::string_view text) {
+template <std::size_t kSize>
+void CompactText<kSize>::StoreOutside(std::string_view text) {
   const std::size_t size = text.size();
   char* const block = new char[sizeof size + size];
   std::memcpy(block, &size, sizeof size);
@@ -12,18 +13,23 @@ void CompactText::StoreOutside(std::string_view text) {
   bytes_[kInside] = kOutsideMark;
 }
 
-void CompactText::ReleaseOutside() {
+template <std::size_t kSize>
+void CompactText<kSize>::ReleaseOutside() {
   char* block = nullptr;
   std::memcpy(&block, bytes_.data(), sizeof block);
   delete[] block;
 }
 
-std::string_view CompactText::ViewOutside() const {
+template <std::size_t kSize>
+std::string_view CompactText<kSize>::ViewOutside() const {
   const char* block = nullptr;
   std::memcpy(&block, bytes_.data(), sizeof block);
   std::size_t size = 0;
   std::memcpy(&size, block, sizeof size);
   return {block + sizeof size, size};
 }
+
+template class CompactText<16>;
+template class CompactText<24>;
 
 }  // namespace morvantile

@@ -11,8 +11,9 @@
 
 namespace morvantile {
 
-// A text in 16 bytes: up to 15 bytes of text stand in the object, a longer text in one
-// block of the heap. It exists because trees hold millions of short texts.
+// A text in kSize bytes, 16 or 24: up to kSize - 1 bytes of text stand in the object, a longer text
+// in one block of the heap. It exists because trees hold millions of short texts.
+template <std::size_t kSize>
 class CompactText {
  public:
   CompactText() noexcept = default;
@@ -49,7 +50,7 @@ class CompactText {
   }
 
  private:
-  static constexpr std::size_t kInside = 15;
+  static constexpr std::size_t kInside = kSize - 1;
   static constexpr char kOutsideMark = kInside + 1;
 
   bool IsOutside() const { return bytes_[kInside] == kOutsideMark; }
@@ -59,8 +60,11 @@ class CompactText {
 
   // The text and in the last byte its length; or a pointer to a block that holds the length and the
   // text, and in the last byte the mark.
-  alignas(void*) std::array<char, kInside + 1> bytes_{};
+  alignas(void*) std::array<char, kSize> bytes_{};
 };
+
+extern template class CompactText<16>;
+extern template class CompactText<24>;
 
 }  // namespace morvantile
 

@@ -89,10 +89,10 @@ class Dictionary {
 
  private:
   struct Slot {
-    CompactText key;
+    CompactText<16> key;
+    T value{};
     std::uint32_t hash = 0;  // unless the keys are numbered
     bool is_removed = false;
-    T value{};
   };
 
   // A place among the slots and the number of keys before it.
@@ -243,7 +243,7 @@ bool Dictionary<T>::Rename(std::string_view from, std::string_view to) {
   LeaveNumbering();
   Slot& slot = slots_[at];
   const std::uint32_t old_hash = std::exchange(slot.hash, HashOfText(to));
-  slot.key = CompactText(to);
+  slot.key = CompactText<16>(to);
   if (!index_.IsEmpty()) {
     index_.Remove(old_hash, static_cast<std::uint32_t>(at));
     index_.Add(slot.hash, static_cast<std::uint32_t>(at));

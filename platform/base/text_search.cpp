@@ -1,5 +1,7 @@
 #include "platform/base/text_search.h"
 
+#include <algorithm>
+#include <array>
 #include <cstring>
 
 #include "platform/base/folding.h"
@@ -15,6 +17,44 @@ std::size_t Find(const std::string& text, const std::string& part, std::size_t f
   if (found == nullptr) return std::string::npos;
   return static_cast<std::size_t>(static_cast<const char*>(found) - text.data());
 }
+
+// A short piece of text of ASCII characters alone, folded.
+class ShortAscii {
+ public:
+  static constexpr std::size_t kLongest = 256;
+
+  // Takes a text of at most kLongest bytes; gives whether it is one of ASCII characters alone.
+  bool Fold(std::string_view text) {
+    unsigned char seen = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+      const auto byte = static_cast<unsigned char>(text[i]);
+      seen |= byte;
+      bytes_[i] = static_cast<char>(byte + (byte >= 'A' && byte <= 'Z' ? 'a' - 'A' : 0));
+    }
+    size_ = text.size();
+    return seen < 0x80;
+  }
+
+  // Looks for a folded part that isn't empty. Tries each place where it might begin: over a short
+  // text that is fast enough.
+  bool Holds(std::string_view part) const {
+    if (part.size() > size_) return false;
+    const char* at = bytes_.data();
+    const char* const last = at + (size_ - part.size());
+    while (at <= last) {
+      const auto left = static_cast<std::size_t>(last - at) + 1;
+      at = static_cast<const char*>(std::memchr(at, part[0], left));
+      if (at == nullptr) return false;
+      if (std::memcmp(at, part.data(), part.size()) == 0) return true;
+      ++at;
+    }
+    return false;
+  }
+
+ private:
+  std::array<char, kLongest> bytes_;
+  std::size_t size_ = 0;
+};
 
 }  // namespace
 
@@ -49,6 +89,21 @@ void Occurrences::Step(Place& place) const {
 
 void Occurrences::WalkTo(Place& place, std::size_t folded) const {
   while (place.folded < folded) Step(place);
+}
+
+TextPattern::TextPattern(std::string_view part)
+    : part_(part),
+      folded_part_(Folded(part)),
+      is_ascii_(std::all_of(folded_part_.begin(), folded_part_.end(),
+                            [](char c) { return static_cast<unsigned char>(c) < 0x80; })) {}
+
+bool TextPattern::OccursIn(std::string_view text) const {
+  if (part_.empty()) return true;
+  if (text.size() <= ShortAscii::kLongest) {
+    ShortAscii folded;
+    if (folded.Fold(text)) return is_ascii_ && folded.Holds(folded_part_);
+  }
+  return Occurrences(text, part_).Next();
 }
 
 }  // namespace morvantile

@@ -46,6 +46,21 @@ class Occurrences {
   Place end_;
 };
 
+// A part that is looked for in many texts.
+class TextPattern {
+ public:
+  explicit TextPattern(std::string_view part);
+
+  // Whether the part occurs in the text, as Occurrences finds it; an empty one occurs in every
+  // text. Takes time linear in the text.
+  bool OccursIn(std::string_view text) const;
+
+ private:
+  std::string part_;
+  std::string folded_part_;
+  bool is_ascii_;
+};
+
 }  // namespace morvantile
 
 #endif  // MORVANTILE_PLATFORM_BASE_TEXT_SEARCH_H
