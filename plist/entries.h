@@ -18,8 +18,8 @@ namespace morvantile {
 
 // Whether a type word is "dict" or "array".
 inline bool IsContainer(std::string_view type) {
-  if (type.empty()) return false;
-  return (MayBeLetter(type[0], 'd') && SameText(type, "dict")) ||
+  if (type.size() < 2) return false;
+  return (MayBeLetter(type[0], 'd') && MayBeLetter(type[1], 'i') && SameText(type, "dict")) ||
          (MayBeLetter(type[0], 'a') && SameText(type, "array"));
 }
 

@@ -5,40 +5,44 @@
 #include "platform/ui/msg_box.h"
 #include "plist/plist.h"
 #include "plist/plistDict.h"
+#include "plist/prefetch.h"
 #include "plist/report.h"
 
 namespace morvantile {
 namespace {
 
-// Releases the children of a node from the last one on, up to one that would release further nodes
-// with itself, and takes that one out; nil if there is none.
-Ref<plistDict> TakeFamily(plistDict& node) {
-  while (node.children.size() > 1) {
-    Ref<plistDict> child = std::move(node.children.back());
-    node.children.pop_back();
-    if (child.IsOnlyOwner() && child->children.size() > 1) return child;
+// A node whose children are being released: those in front of `next` are gone.
+struct Open {
+  plistDict* node;
+  std::size_t next = 1;
+  Ref<plistDict> held{};
+
+  // Releases the children up to one that would release further nodes with itself, and takes that
+  // one out; nil if there is none.
+  Ref<plistDict> TakeFamily() {
+    while (next < node->children.size()) {
+      Ref<plistDict> child = std::move(node->children[next++]);
+      ExpectChild(*node, next);
+      if (child.IsOnlyOwner() && child->children.size() > 1) return child;
+    }
+    return nullptr;
   }
-  return nullptr;
-}
+};
 
 }  // namespace
 
 plistDict::plistDict() = default;
 
-// Releases what is below the node one after the other, the innermost first. Each node is looked at
-// only when its turn comes: by then the memory of the one before is still at hand.
+// Releases what is below the node one after the other, and not each from within the one above. It
+// goes in the order of the children, which is that of the memory in a tree from a file.
 plistDict::~plistDict() {
-  std::vector<Ref<plistDict>> open;
-  plistDict* node = this;
-  while (true) {
-    if (Ref<plistDict> family = TakeFamily(*node)) {
-      node = family.get();
-      open.push_back(std::move(family));
-    } else if (open.empty()) {
-      return;
+  std::vector<Open> open = {{this}};
+  while (!open.empty()) {
+    if (Ref<plistDict> family = open.back().TakeFamily()) {
+      plistDict* const node = family.get();
+      open.push_back({node, 1, std::move(family)});
     } else {
       open.pop_back();
-      node = open.empty() ? this : open.back().get();
     }
   }
 }

@@ -3,11 +3,13 @@
 #ifndef MORVANTILE_PLIST_PLISTDICT_H
 #define MORVANTILE_PLIST_PLISTDICT_H
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "platform/base/bulk_memory.h"
 #include "platform/base/color.h"
 #include "platform/base/date.h"
 #include "platform/base/list_from_one.h"
@@ -52,6 +54,10 @@ class plistDict : public Object {
   // An empty dict without a name, a parent or a document.
   plistDict();
   ~plistDict() override;
+
+  // Nodes that are read from a file stand side by side: see BulkScope.
+  static void* operator new(std::size_t size) { return AllocateBulk(size); }
+  static void operator delete(void* node, std::size_t size) { ReleaseBulk(node, size); }
 
   // The text of every scalar by its key, and the type word of every key, scalar or container.
   //

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/base/background.h"
+#include "platform/base/bulk_memory.h"
 #include "platform/base/folding.h"
 #include "platform/base/text.h"
 #include "platform/base/text_search.h"
@@ -79,6 +80,47 @@ bool IsEmptyDict(std::string_view line) {
   return line.ends_with("/>") && SameText(line, "<dict/>");
 }
 
+// Whether a text holds neither the beginning of a tag nor that of an entity.
+bool IsPlain(std::string_view text) {
+  bool special = false;
+  for (const char c : text) special |= c == '<' || c == '&';
+  return !special;
+}
+
+// Whether the line is an element of that name, as the writer lays it out, with a plain text: then
+// that is in `text`.
+bool IsUsualElement(std::string_view line, std::string_view name, std::string_view& text) {
+  const std::size_t opening = name.size() + 2;
+  const std::size_t closing = name.size() + 3;
+  if (line.size() < opening + closing) return false;
+  const std::string_view end = line.substr(line.size() - closing);
+  if (line[opening - 1] != '>' || end[0] != '<' || end[1] != '/' || end[closing - 1] != '>' ||
+      line.substr(1, name.size()) != name || end.substr(2, name.size()) != name) {
+    return false;
+  }
+  text = line.substr(opening, line.size() - opening - closing);
+  return IsPlain(text);
+}
+
+// The name of the element that the line may be, of those that the shortcut takes.
+std::string_view UsualName(std::string_view line) {
+  if (line.size() < 2 || line[0] != '<') return "";
+  switch (line[1]) {
+    case 'k':
+      return "key";
+    case 's':
+      return "string";
+    case 'i':
+      return "integer";
+    case 'r':
+      return "real";
+    case 'd':
+      return "date";
+    default:
+      return "";
+  }
+}
+
 void Assign(std::string& variable, std::string_view text) {
   if (variable != text) variable = text;
 }
@@ -94,7 +136,9 @@ void plistDict::Load(TextInputStream* stream, std::string_view ownName, bool asA
   rootClass = document;
   indexOf = -1;
   isArray = asArray;
-  if (read) Reader(*stream).Read(*this);
+  if (!read) return;
+  const BulkScope scope;
+  Reader(*stream).Read(*this);
 }
 
 std::string plistDict::StripAll(std::string_view text) {
@@ -133,9 +177,30 @@ void Reader::ReadLine(Activation& in) {
   std::string_view line;
   stream_.ReadLine(line);
   in.fields = WithoutLeadingBlanks(line);
-  in.hasFields = true;
+  in.hasFields = in.inValue || !ReadUsualLine(in, in.fields);
   if (!in.keptFields.empty()) in.keptFields = std::string();
   RuntimeBackgroundTask();
+}
+
+// Takes the lines that most files consist of by a shortcut, to the same result as ReadField: a key,
+// or a scalar on one line. Gives whether the line was one.
+bool Reader::ReadUsualLine(Activation& in, std::string_view line) {
+  const std::string_view name = UsualName(line);
+  std::string_view text;
+  if (name.empty() || !IsUsualElement(line, name, text)) return false;
+  RuntimeBackgroundTask();
+  if (name == "key") {
+    in.key = text;
+    in.node->entries_.Listed().Expect(text);
+    return true;
+  }
+  in.selfClosed = false;
+  Assign(in.type, name);
+  in.value = text;
+  Entry& entry = in.node->entries_.List(in.key);
+  entry.SetType(name);
+  entry.SetText(text);
+  return true;
 }
 
 void Reader::ReadField(Activation& in) {

@@ -9,6 +9,7 @@
 #include "platform/base/text_search.h"
 #include "plist/plist.h"
 #include "plist/plistDict.h"
+#include "plist/prefetch.h"
 
 namespace morvantile {
 
@@ -62,6 +63,7 @@ class ScalarWalk {
     }
     const std::size_t depth = nodes_.size();
     if (plistDict* const child = node_->child(key_).get()) Enter(*child);
+    ExpectChild(*node_, entry.child + std::size_t{1});
     if (nodes_.size() == depth) node_->MoveNext();
     return false;
   }

@@ -8,6 +8,7 @@
 #include "platform/ui/clipboard.h"
 #include "plist/brackets.h"
 #include "plist/plist.h"
+#include "plist/prefetch.h"
 
 namespace morvantile {
 namespace {
@@ -84,6 +85,7 @@ void TreeText::WriteScalar(const Entry& entry) {
 // Writes the child at the level's place, and every further one of the same name after it.
 void TreeText::WriteChild(Level& level) {
   const Ref<plistDict>& child = level.node->children[level.child];
+  ExpectChild(*level.node, level.child + 1);
   level.child = level.repeats.empty() ? 0 : level.repeats[level.child];
   if (!child) return;
   if (child->count() == 0) {

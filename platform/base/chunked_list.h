@@ -8,6 +8,8 @@
 #include <memory>
 #include <vector>
 
+#include "platform/base/bulk_memory.h"
+
 namespace morvantile {
 
 // A std::vector as long as it is short. A long one goes on in chunks of a fixed size, so that
@@ -58,7 +60,7 @@ class ChunkedList {
   }
 
   T& AddToRest() {
-    if (rest_ == nullptr) rest_ = std::make_unique<std::vector<std::vector<T>>>();
+    if (rest_ == nullptr) rest_ = std::make_unique<std::vector<Chunk>>();
     if (rest_->empty() || rest_->back().size() == kChunk) {
       rest_->emplace_back();
       rest_->back().reserve(kChunk);
@@ -66,8 +68,10 @@ class ChunkedList {
     return rest_->back().emplace_back();
   }
 
-  std::vector<T> first_;
-  std::unique_ptr<std::vector<std::vector<T>>> rest_;  // full but for the last, and none empty
+  using Chunk = std::vector<T, BulkAllocator<T>>;
+
+  Chunk first_;
+  std::unique_ptr<std::vector<Chunk>> rest_;  // full but for the last, and none empty
   std::size_t size_ = 0;
 };
 

@@ -1,11 +1,13 @@
 #include "platform/base/compact_text.h"
 
+#include "platform/base/bulk_memory.h"
+
 namespace morvantile {
 
 template <std::size_t kSize>
 void CompactText<kSize>::StoreOutside(std::string_view text) {
   const std::size_t size = text.size();
-  char* const block = new char[sizeof size + size];
+  char* const block = static_cast<char*>(AllocateBulk(sizeof size + size));
   std::memcpy(block, &size, sizeof size);
   std::memcpy(block + sizeof size, text.data(), size);
   if (IsOutside()) ReleaseOutside();
@@ -17,7 +19,7 @@ template <std::size_t kSize>
 void CompactText<kSize>::ReleaseOutside() {
   char* block = nullptr;
   std::memcpy(&block, bytes_.data(), sizeof block);
-  delete[] block;
+  ReleaseBulk(block, sizeof(std::size_t) + ViewOutside().size());
 }
 
 template <std::size_t kSize>

@@ -3,9 +3,12 @@
 #ifndef MORVANTILE_PLATFORM_BASE_LIST_FROM_ONE_H
 #define MORVANTILE_PLATFORM_BASE_LIST_FROM_ONE_H
 
+#include <algorithm>
 #include <cstddef>
 #include <utility>
 #include <vector>
+
+#include "platform/base/bulk_memory.h"
 
 namespace morvantile {
 
@@ -17,10 +20,12 @@ namespace morvantile {
 // the list that is not const.
 template <typename T>
 class ListFromOne {
+  using Vector = std::vector<T, BulkAllocator<T>>;
+
  public:
   using value_type = T;
-  using iterator = typename std::vector<T>::iterator;
-  using const_iterator = typename std::vector<T>::const_iterator;
+  using iterator = typename Vector::iterator;
+  using const_iterator = typename Vector::const_iterator;
 
   // The elements and the placeholder.
   std::size_t size() const { return elements_.empty() ? 1 : elements_.size(); }
@@ -52,20 +57,20 @@ class ListFromOne {
   const_iterator end() const { return Elements().end(); }
 
   friend bool operator==(const ListFromOne& a, const std::vector<T>& b) {
-    return a.Elements() == b;
+    return std::equal(a.begin(), a.end(), b.begin(), b.end());
   }
 
  private:
-  std::vector<T>& Elements() {
+  Vector& Elements() {
     if (elements_.empty()) elements_.resize(1);
     return elements_;
   }
-  const std::vector<T>& Elements() const {
-    static const std::vector<T> placeholder(1);
+  const Vector& Elements() const {
+    static const Vector placeholder(1);
     return elements_.empty() ? placeholder : elements_;
   }
 
-  std::vector<T> elements_;
+  Vector elements_;
 };
 
 }  // namespace morvantile

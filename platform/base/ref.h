@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <utility>
 
+#include "platform/base/bulk_memory.h"
 #include "platform/base/exceptions.h"
 
 namespace morvantile {
@@ -32,6 +33,9 @@ class Object {
   struct Anchor {
     Object* target;
     std::size_t count;
+
+    static void* operator new(std::size_t size) { return AllocateBulk(size); }
+    static void operator delete(void* anchor, std::size_t size) { ReleaseBulk(anchor, size); }
 
     static void Release(Anchor* anchor);
   };
