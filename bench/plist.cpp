@@ -6,6 +6,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <cstdlib>
 #include <memory>
 #include <string>
 
@@ -90,6 +91,16 @@ void LibplistReadBinaryAndWriteXmlMemory(benchmark::State& state) {
   }
 }
 
+// Takes more than a minute, so it has to be asked for.
+void LibplistWriteBinaryMemory(benchmark::State& state) {
+  if (std::getenv("MORVANTILE_BENCH_SLOW") == nullptr) {
+    state.SkipWithError("only with MORVANTILE_BENCH_SLOW");
+    return;
+  }
+  const auto document = peers::Libplist::FromXml(Text());
+  for (auto _ : state) benchmark::DoNotOptimize(document->ToBinary().size());
+}
+
 void PugixmlReadMemory(benchmark::State& state) {
   for (auto _ : state) {
     auto document = peers::PugixmlFromXml(Text());
@@ -111,6 +122,7 @@ BENCHMARK(Find)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(LibplistReadMemory)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(LibplistWriteToFile)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(LibplistReadBinaryAndWriteXmlMemory)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(LibplistWriteBinaryMemory)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(PugixmlReadMemory)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(PugixmlWriteMemory)->Unit(benchmark::kMillisecond)->UseRealTime();
 

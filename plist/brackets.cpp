@@ -30,6 +30,12 @@ std::string plistDict::CodeToBrackets(std::string_view text) {
   return result;
 }
 
+bool HasBracket(std::string_view text) {
+  bool found = false;
+  for (const char c : text) found |= c == '<' || c == '>';
+  return found;
+}
+
 void AppendEncoded(std::string& result, std::string_view text) {
   while (true) {
     const std::size_t bracket = FindBracket(text);

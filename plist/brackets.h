@@ -8,6 +8,9 @@
 
 namespace morvantile {
 
+// Whether a "<" or ">" stands in the text.
+bool HasBracket(std::string_view text);
+
 // Adds `text` to `result`, with "<" as "&lt;" and ">" as "&gt;". Nothing else is escaped.
 void AppendEncoded(std::string& result, std::string_view text);
 

@@ -11,9 +11,12 @@
 #include "plist/prefetch.h"
 
 namespace morvantile {
+
+using std::string_view_literals::operator""sv;
+
 namespace {
 
-constexpr std::size_t kPieceSize = std::size_t{64} * 1024;
+constexpr std::size_t kPieceSize = std::size_t{512} * 1024;  // beyond what a file buffers
 
 }  // namespace
 
@@ -63,22 +66,21 @@ void TreeText::WriteEntry(Level& level) {
 }
 
 void TreeText::WriteKey(std::string_view key, bool has_mark) {
-  WriteLine({"<key>", key, "</key>"});
-  if (form_ == Form::kDump) WriteLine({has_mark ? "<search/>" : "<nosearch/>"});
+  WriteLine("<key>"sv, key, "</key>"sv);
+  if (form_ == Form::kDump) WriteLine(has_mark ? "<search/>"sv : "<nosearch/>"sv);
 }
 
 void TreeText::WriteScalar(const Entry& entry) {
   const std::string_view type = entry.type.View();
-  encoded_.clear();
-  AppendEncoded(encoded_, entry.text.View());
+  const std::string_view text = Encoded(entry.text.View());
   if (SameText(type, "data")) {
-    WriteLine({"<data>"});
-    WriteLine({encoded_});
-    WriteLine({"</data>"});
+    WriteLine("<data>"sv);
+    WriteLine(text);
+    WriteLine("</data>"sv);
   } else if (SameText(type, "boolean")) {
-    WriteLine({SameText(encoded_, "true") ? "<true/>" : "<false/>"});
+    WriteLine(SameText(text, "true") ? "<true/>"sv : "<false/>"sv);
   } else {
-    WriteLine({"<", type, ">", encoded_, "</", type, ">"});
+    WriteLine("<"sv, type, ">"sv, text, "</"sv, type, ">"sv);
   }
 }
 
@@ -89,10 +91,10 @@ void TreeText::WriteChild(Level& level) {
   level.child = level.repeats.empty() ? 0 : level.repeats[level.child];
   if (!child) return;
   if (child->count() == 0) {
-    WriteLine({"<", level.childName, "/>"});
+    WriteLine("<"sv, level.childName, "/>"sv);
     return;
   }
-  WriteLine({"<", level.childName, ">"});
+  WriteLine("<"sv, level.childName, ">"sv);
   indentation_ += '\t';
   Enter(*child, level.childName);
 }
@@ -124,19 +126,26 @@ void TreeText::Leave() {
   levels_.pop_back();
   if (levels_.empty()) return;
   indentation_.pop_back();
-  WriteLine({"</", name, ">"});
+  WriteLine("</"sv, name, ">"sv);
 }
 
-void TreeText::WriteLine(std::initializer_list<std::string_view> parts) {
-  text_ += indentation_;
-  for (const std::string_view part : parts) text_ += part;
-  text_ += form_ == Form::kFile ? '\n' : '\r';
+// The text with its brackets escaped, until the next call.
+std::string_view TreeText::Encoded(std::string_view text) {
+  if (!HasBracket(text)) return text;
+  encoded_.clear();
+  AppendEncoded(encoded_, text);
+  return encoded_;
+}
+
+template <typename... Parts>
+void TreeText::WriteLine(const Parts&... parts) {
+  text_.Add(indentation_, parts..., form_ == Form::kFile ? "\n"sv : "\r"sv);
 }
 
 void TreeText::Flush(std::size_t size) {
   if (text_.size() < size) return;
-  sink_(text_);
-  text_.clear();
+  sink_(text_.View());
+  text_.Clear();
 }
 
 }  // namespace morvantile

@@ -6,13 +6,13 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
-#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 #include "plist/plistDict.h"
+#include "plist/text_piece.h"
 
 namespace morvantile {
 
@@ -48,12 +48,14 @@ class TreeText {
   // there twice, as in all trees but those of files that repeat a key.
   static std::vector<std::uint32_t> Repeats(plistDict& node);
   void Leave();
-  void WriteLine(std::initializer_list<std::string_view> parts);
+  template <typename... Parts>
+  void WriteLine(const Parts&... parts);
+  std::string_view Encoded(std::string_view text);
   void Flush(std::size_t size);
 
   Form form_;
   std::function<void(std::string_view)> sink_;
-  std::string text_;
+  TextPiece text_;
   std::string encoded_;
   std::string indentation_;
   std::vector<Level> levels_;  // the innermost last

@@ -30,8 +30,18 @@ std::string Folded(std::string_view text);
 // Whether the two, which are not equal, have the same folding.
 bool SameFolding(std::string_view a, std::string_view b);
 
+// A quick yes for most pairs that don't have the same folding: their first letters tell.
+inline bool BeginOtherwise(std::string_view a, std::string_view b) {
+  if (a.empty() || b.empty()) return false;
+  const auto of_a = static_cast<unsigned char>(a[0]);
+  const auto of_b = static_cast<unsigned char>(b[0]);
+  return (of_a | of_b) < 0x80 && ((of_a ^ of_b) & ~('a' - 'A')) != 0;
+}
+
 // Whether the two have the same folding.
-inline bool SameText(std::string_view a, std::string_view b) { return a == b || SameFolding(a, b); }
+inline bool SameText(std::string_view a, std::string_view b) {
+  return a == b || (!BeginOtherwise(a, b) && SameFolding(a, b));
+}
 
 // How many bytes at the beginning of `text`, which doesn't begin with `part` itself, have the
 // folding of `part`; 0 if it doesn't begin so.
