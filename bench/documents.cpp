@@ -77,33 +77,33 @@ void Numbers(plist& document, std::int64_t count) {
   for (std::int64_t i = 0; i < count; ++i) numbers.AppendInteger(i);
 }
 
-void Levels(plist& document, std::int64_t count) {
-  Ref<plistDict> node = document.root;
-  for (std::int64_t i = 0; i < count; ++i) node = node->child("Level");
-}
-
 void String(plist& document, std::int64_t count) {
   document.root->SetString("Text", std::string(static_cast<std::size_t>(count), 'x'));
 }
 
-void Line(TextOutputStream& out, std::int64_t count) {
-  out.WriteLine("<plist version=\"1.0\">");
-  out.WriteLine("<dict>");
-  out.WriteLine("<key>Items</key>");
-  out.WriteLine("<array>");
+// The two that the library wouldn't lay out so: it puts each element on a line, behind as many tabs
+// as there are levels.
+void WriteLine(TextOutputStream& out, std::int64_t count) {
   std::string line;
-  for (std::int64_t i = 0; i < count; ++i) line += "<string>a text of some length</string>";
+  for (std::int64_t i = 0; i < count; ++i) {
+    line.append("<key>Key ").append(std::to_string(i)).append("</key><string>a text</string>");
+  }
   out.WriteLine(line);
-  for (const char* end : {"</array>", "</dict>", "</plist>"}) out.WriteLine(end);
 }
+
+void WriteLevels(TextOutputStream& out, std::int64_t count) {
+  for (std::int64_t i = 0; i < count; ++i) out.Write("<key>Level</key>\n<dict>\n");
+  for (std::int64_t i = 0; i < count; ++i) out.WriteLine("</dict>");
+}
+
+using Write = std::function<void(TextOutputStream&, std::int64_t)>;
 
 using Fill = std::function<void(plist&, std::int64_t)>;
 
-const std::map<std::string, Fill> kFilled = {{"records", Records},
-                                             {"keys", Keys},
-                                             {"numbers", Numbers},
-                                             {"levels", Levels},
-                                             {"string", String}};
+const std::map<std::string, Fill> kFilled = {
+    {"records", Records}, {"keys", Keys}, {"numbers", Numbers}, {"string", String}};
+
+const std::map<std::string, Write> kWritten = {{"line", WriteLine}, {"levels", WriteLevels}};
 
 void CheckWritten(bool written) {
   if (!written) throw std::runtime_error("could not write the document");
@@ -111,17 +111,13 @@ void CheckWritten(bool written) {
 
 }  // namespace
 
-std::vector<std::string> DocumentShapes() {
-  std::vector<std::string> shapes = {"line"};
-  for (const auto& [shape, fill] : kFilled) shapes.push_back(shape);
-  return shapes;
-}
-
 void MakeDocument(const std::string& shape, std::int64_t count, const Ref<FolderItem>& file) {
-  if (shape == "line") {
+  if (const auto written = kWritten.find(shape); written != kWritten.end()) {
     const Ref<TextOutputStream> out = file->CreateTextFile();
     CheckWritten(out != nullptr);
-    Line(*out, count);
+    out->Write("<plist version=\"1.0\">\n<dict>\n");
+    written->second(*out, count);
+    out->Write("</dict>\n</plist>\n");
     CheckWritten(out->Close());
     return;
   }

@@ -5,13 +5,13 @@
 
 #include <cstdint>
 #include <string>
-#include <vector>
 
 #include "platform/base/folder_item.h"
 
 namespace morvantile {
 
-// The shapes that MakeDocument knows:
+// Writes a document to a file, in place of what is there. Throws std::invalid_argument for a shape
+// that isn't one of these, and std::runtime_error if the file can't be written:
 //
 //   records  an array of `count` dicts of eight entries each: texts, numbers, a date, data, and an
 //            array of eight strings; 80 000 of them are a file of 59 MB
@@ -19,11 +19,7 @@ namespace morvantile {
 //   numbers  one array of `count` integers
 //   levels   `count` dicts, each in the one before
 //   string   one string of `count` bytes, on one line
-//   line     `count` strings of an array, all of them on one line
-std::vector<std::string> DocumentShapes();
-
-// Writes a document to a file, in place of what is there. Throws std::invalid_argument for another
-// shape, and std::runtime_error if the file can't be written.
+//   line     `count` keys with strings, all of them on one line
 void MakeDocument(const std::string& shape, std::int64_t count, const Ref<FolderItem>& file);
 
 }  // namespace morvantile

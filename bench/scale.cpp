@@ -1,9 +1,10 @@
 // How the cost of a document grows with its size.
 //
 //   bench_scale make SHAPE COUNT FILE   writes a document: see documents.h
-//   bench_scale FILE                    loads, searches, copies, saves and releases it, and prints
-//                                       the milliseconds of each and the peak memory of the process
-//                                       after loading and at the end, in MB
+//   bench_scale FILE [unsaved]          loads, searches, saves (but for unsaved), copies and
+//                                       releases it, and prints the milliseconds of each and the
+//                                       peak memory of the process after loading and at the end, in
+//                                       MB
 
 #include <sys/resource.h>
 
@@ -35,15 +36,17 @@ double PeakMegabytes() {
 
 void Print(const char* name, double value) { std::printf("%s %.1f\n", name, value); }
 
-void Measure(const Ref<FolderItem>& file) {
+void Measure(const Ref<FolderItem>& file, bool saves) {
   Ref<plist> document;
   Print("load", Milliseconds([&] { document = New<plist>(file, false); }));
   Print("peak", PeakMegabytes());
   if (document->error) throw std::runtime_error(document->errorMessage);
   Print("search", Milliseconds([&] { document->Find("no such text"); }));
-  document->savePath = file->Parent()->Child(file->Name() + " saved");
-  Print("save", Milliseconds([&] { document->Save(); }));
-  document->savePath->Delete();
+  if (saves) {
+    document->savePath = file->Parent()->Child(file->Name() + " saved");
+    Print("save", Milliseconds([&] { document->Save(); }));
+    document->savePath->Delete();
+  }
   Ref<plist> copy;
   Print("copy", Milliseconds([&] { copy = document->root->PlistFromPlistDict(document->root); }));
   copy = nullptr;
@@ -56,11 +59,12 @@ int Main(int argc, char** argv) {
     MakeDocument(argv[2], std::stoll(argv[3]), New<FolderItem>(argv[4]));
     return 0;
   }
-  if (argc == 2) {
-    Measure(New<FolderItem>(argv[1]));
+  const bool saves = argc == 2;
+  if (saves || (argc == 3 && std::string(argv[2]) == "unsaved")) {
+    Measure(New<FolderItem>(argv[1]), saves);
     return 0;
   }
-  std::fprintf(stderr, "usage: bench_scale make SHAPE COUNT FILE | bench_scale FILE\n");
+  std::fprintf(stderr, "usage: bench_scale make SHAPE COUNT FILE | bench_scale FILE [unsaved]\n");
   return 2;
 }
 

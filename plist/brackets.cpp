@@ -1,5 +1,6 @@
 #include "plist/brackets.h"
 
+#include "platform/base/either_byte.h"
 #include "platform/base/folding.h"
 #include "plist/plistDict.h"
 
@@ -30,11 +31,7 @@ std::string plistDict::CodeToBrackets(std::string_view text) {
   return result;
 }
 
-bool HasBracket(std::string_view text) {
-  bool found = false;
-  for (const char c : text) found |= c == '<' || c == '>';
-  return found;
-}
+bool HasBracket(std::string_view text) { return HasEither(text, '<', '>'); }
 
 void AppendEncoded(std::string& result, std::string_view text) {
   while (true) {

@@ -1,9 +1,11 @@
 #include "plist/reader.h"
 
 #include <algorithm>
+#include <cstring>
 
 #include "platform/base/background.h"
 #include "platform/base/bulk_memory.h"
+#include "platform/base/either_byte.h"
 #include "platform/base/folding.h"
 #include "platform/base/text.h"
 #include "platform/base/text_search.h"
@@ -80,45 +82,22 @@ bool IsEmptyDict(std::string_view line) {
   return line.ends_with("/>") && SameText(line, "<dict/>");
 }
 
-// Whether a text holds neither the beginning of a tag nor that of an entity.
-bool IsPlain(std::string_view text) {
-  bool special = false;
-  for (const char c : text) special |= c == '<' || c == '&';
-  return !special;
-}
-
-// Whether the line is an element of that name, as the writer lays it out, with a plain text: then
-// that is in `text`.
-bool IsUsualElement(std::string_view line, std::string_view name, std::string_view& text) {
-  const std::size_t opening = name.size() + 2;
-  const std::size_t closing = name.size() + 3;
-  if (line.size() < opening + closing) return false;
-  const std::string_view end = line.substr(line.size() - closing);
-  if (line[opening - 1] != '>' || end[0] != '<' || end[1] != '/' || end[closing - 1] != '>' ||
-      line.substr(1, name.size()) != name || end.substr(2, name.size()) != name) {
+// Whether the line is an element of that name, as the writer lays it out, whose text holds neither
+// a tag nor an entity; then that is in `text`.
+template <std::size_t kSize>
+inline bool IsUsual(std::string_view line, const char (&name)[kSize], std::string_view& text) {
+  constexpr std::size_t kName = kSize - 1;
+  constexpr std::size_t kOpening = kName + 2;
+  constexpr std::size_t kClosing = kName + 3;
+  if (line.size() < kOpening + kClosing) return false;
+  const char* const begin = line.data();
+  const char* const end = begin + line.size() - kClosing;
+  if (begin[kOpening - 1] != '>' || end[0] != '<' || end[1] != '/' || end[kClosing - 1] != '>' ||
+      std::memcmp(begin + 1, name, kName) != 0 || std::memcmp(end + 2, name, kName) != 0) {
     return false;
   }
-  text = line.substr(opening, line.size() - opening - closing);
-  return IsPlain(text);
-}
-
-// The name of the element that the line may be, of those that the shortcut takes.
-std::string_view UsualName(std::string_view line) {
-  if (line.size() < 2 || line[0] != '<') return "";
-  switch (line[1]) {
-    case 'k':
-      return "key";
-    case 's':
-      return "string";
-    case 'i':
-      return "integer";
-    case 'r':
-      return "real";
-    case 'd':
-      return "date";
-    default:
-      return "";
-  }
+  text = line.substr(kOpening, line.size() - kOpening - kClosing);
+  return !HasEither(text, '<', '&');
 }
 
 void Assign(std::string& variable, std::string_view text) {
@@ -185,20 +164,35 @@ void Reader::ReadLine(Activation& in) {
 // Takes the lines that most files consist of by a shortcut, to the same result as ReadField: a key,
 // or a scalar on one line. Gives whether the line was one.
 bool Reader::ReadUsualLine(Activation& in, std::string_view line) {
-  const std::string_view name = UsualName(line);
+  if (line.size() < 2 || line[0] != '<') return false;
   std::string_view text;
-  if (name.empty() || !IsUsualElement(line, name, text)) return false;
-  RuntimeBackgroundTask();
-  if (name == "key") {
-    in.key = text;
-    in.node->entries_.Listed().Expect(text);
-    return true;
+  switch (line[1]) {
+    case 'k':
+      if (!IsUsual(line, "key", text)) return false;
+      RuntimeBackgroundTask();
+      in.key = text;
+      in.node->entries_.Listed().Expect(text);
+      return true;
+    case 's':
+      return IsUsual(line, "string", text) && ReadUsualScalar(in, "string", text);
+    case 'i':
+      return IsUsual(line, "integer", text) && ReadUsualScalar(in, "integer", text);
+    case 'r':
+      return IsUsual(line, "real", text) && ReadUsualScalar(in, "real", text);
+    case 'd':
+      return IsUsual(line, "date", text) && ReadUsualScalar(in, "date", text);
+    default:
+      return false;
   }
+}
+
+bool Reader::ReadUsualScalar(Activation& in, std::string_view type, std::string_view text) {
+  RuntimeBackgroundTask();
   in.selfClosed = false;
-  Assign(in.type, name);
+  Assign(in.type, type);
   in.value = text;
   Entry& entry = in.node->entries_.List(in.key);
-  entry.SetType(name);
+  entry.SetType(type);
   entry.SetText(text);
   return true;
 }

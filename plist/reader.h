@@ -62,6 +62,7 @@ class Reader {
   void Enter(plistDict& node);
   void ReadLine(Activation& in);
   static bool ReadUsualLine(Activation& in, std::string_view line);
+  static bool ReadUsualScalar(Activation& in, std::string_view type, std::string_view text);
   void ReadField(Activation& in);
   static plistDict* StepField(Activation& in, std::string_view& line, std::size_t bracket);
   static void ReadKey(Activation& in, std::string_view& line, std::size_t length);

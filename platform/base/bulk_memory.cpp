@@ -74,15 +74,15 @@ class Filling {
 
   void End() {
     for (Released*& first : released_) {
-      while (first != nullptr) LeaveSlab(std::exchange(first, first->next));
+      while (first != nullptr) LeaveSlab(std::exchange(first, first->next), kGrain);
     }
     FinishSlab();
     next_size_ = kFirstSlab;
   }
 
-  static void LeaveSlab(void* piece) {
+  static void LeaveSlab(void* piece, [[maybe_unused]] std::size_t size) {
     const Distance distance = DistanceOf(piece);
-    ASAN_POISON_MEMORY_REGION(piece, kGrain);
+    ASAN_POISON_MEMORY_REGION(piece, size);
     reinterpret_cast<Slab*>(static_cast<char*>(piece) - sizeof(Distance) - distance)->Leave(1);
   }
 
@@ -140,7 +140,7 @@ void ReleaseBulk(void* memory, std::size_t size) noexcept {
   } else if (filling.scopes > 0) {
     filling.Release(memory, InGrains(size));
   } else {
-    Filling::LeaveSlab(memory);
+    Filling::LeaveSlab(memory, size);
   }
 }
 

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/base/text_search.h"
+
 namespace morvantile {
 namespace {
 
@@ -75,6 +77,18 @@ TEST(InStr, IgnoresCaseAndFindsOnlyWholeCharacters) {
   EXPECT_EQ(InStr("é\xC3", "\xC3"), 2);
   EXPECT_EQ(InStr("", "a"), 0);
   EXPECT_EQ(InStr(0, "", ""), 1) << "the empty part is everywhere";
+}
+
+TEST(TextPattern, FindsWhatInStrFinds) {
+  const std::string long_text = std::string(300, 'x') + "NEEDLE";
+  for (const char* part : {"", "n", "Needle", "eedlE", "\u017F", "K", "Größe", "\xC3", "x "}) {
+    for (const std::string& text :
+         {std::string(), std::string("needle"), std::string("needlneedl"), std::string("a KEY"),
+          std::string("\u212A"), std::string("GRÖßE"), std::string("s\xC3"), long_text}) {
+      EXPECT_EQ(TextPattern(part).OccursIn(text), InStr(0, text, part) > 0)
+          << part << " in " << text;
+    }
+  }
 }
 
 TEST(Fields, AreWhatStandsBetweenSeparators) {
