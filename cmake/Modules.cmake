@@ -26,6 +26,9 @@ if(MORVANTILE_SANITIZE)
                                                       -fno-omit-frame-pointer)
   target_link_options(morvantile_options INTERFACE -fsanitize=address,undefined)
 endif()
+if(MORVANTILE_FUZZ)
+  target_compile_options(morvantile_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
 
 # morvantile_module(name SOURCES file... LINKS target...)
 #
