@@ -57,7 +57,8 @@ void LoadAndSave(const std::string& bytes) {
   const Ref<plist> second = New<plist>(first->savePath, false);
   Require(!second->error, "what was saved can be read");
   RequireSound(second->root, Use::kAny);
-  if (!IsPlain(second->root)) return;
+  if (!IsPlain(first->root)) return;
+  Require(IsPlain(second->root), "a tree that can be written comes back as one");
   const std::string sketch = Sketch(*second->root);
   second->Save();
   const std::string saved = folder.Content(second->savePath->Name());
