@@ -18,6 +18,7 @@ namespace {
 constexpr std::int64_t kMostPixels = std::int64_t{1} << 20;
 
 bool IsSmall(QByteArray& file) {
+  if (IsCutOffPng(file)) return true;
   QBuffer buffer(&file);
   buffer.open(QIODevice::ReadOnly);
   QImageReader reader(&buffer);

@@ -15,7 +15,7 @@
 namespace morvantile {
 namespace {
 
-constexpr std::size_t kMostNodes = 200;
+constexpr std::size_t kMostNodes = 100;
 constexpr int kMostOperations = 100;
 
 class Trees {
@@ -32,10 +32,18 @@ class Trees {
       for (const Ref<plist>& document : documents_) nodes += RequireSound(document->root, use_);
       if (nodes > kMostNodes) return;
     }
-    for (const Ref<plist>& document : documents_) document->asString();
+    RequireReadable();
   }
 
  private:
+  // What was made by operations alone is read as it was written.
+  void RequireReadable() {
+    const Ref<plistDict> root = documents_[0]->root;
+    if (use_ == Use::kAny || !input_.ConsumeBool()) return;
+    const Ref<plist> again = New<plist>(documents_[0]->asString());
+    RequireEqual(Sketch(*again->root), Sketch(*root), "a tree comes back from its text");
+  }
+
   void Operate() {
     const Ref<plistDict> node = Node();
     switch (input_.ConsumeIntegralInRange(0, 5)) {

@@ -5,9 +5,11 @@
 
 #include <QGuiApplication>
 #include <condition_variable>
+#include <csignal>
 #include <cstdint>
 #include <mutex>
 #include <stop_token>
+#include <string_view>
 
 namespace morvantile {
 namespace {
@@ -35,7 +37,22 @@ void EndWhenSilent(const std::stop_token& over, xcb_connection_t* connection) {
   }
 }
 
+constexpr unsigned kSecondsForDesktop = 30;
+
+void SayThatItHangs(int /*signal*/) {
+  constexpr std::string_view kMessage = "morvantile: the desktop does not answer\n";
+  static_cast<void>(write(STDERR_FILENO, kMessage.data(), kMessage.size()) < 0);
+  _exit(1);
+}
+
 }  // namespace
+
+void BeginPatienceWithDesktop() {
+  std::signal(SIGALRM, SayThatItHangs);
+  alarm(kSecondsForDesktop);
+}
+
+void EndPatienceWithDesktop() { alarm(0); }
 
 Patience::Patience() {
   const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();

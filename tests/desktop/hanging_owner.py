@@ -1,20 +1,17 @@
 """An owner of the clipboard of X11 that stops answering.
 
 Run as: hanging_owner.py WHEN FILE. Offers the PNG picture in the file, and stops: `at-once`, without
-an answer to anything; `at-the-picture`, having told the forms that it has; `half-way`, having begun
-an incremental transfer; or `late`, after whole seconds for each piece of that (not at all).
-Prints a line once it owns the clipboard.
+an answer to anything; `at-the-picture`, having told the forms that it has; or `half-way`, in an
+incremental transfer. Prints a line once it owns the clipboard.
 """
 
 import sys
-import time
 
 from Xlib import X, Xatom, display
 from Xlib.protocol import event
 
 FORMS = ('image/png', 'image/bmp', 'image/tiff', 'image/jpeg')
-PIECES = 4
-PAUSE = 1.5  # seconds
+PIECE = 100_000  # bytes
 
 
 class HangingOwner:
@@ -55,14 +52,9 @@ class HangingOwner:
         window.change_attributes(event_mask=X.PropertyChangeMask)
         window.change_property(place, self.atom('INCR'), 32, [len(self.picture)])
         self.notify(request)
-        size = len(self.picture) // PIECES + 1
-        pieces = [self.picture[at:at + size] for at in range(0, len(self.picture), size)] + [b'']
-        for piece in pieces[:1] if self.when == 'half-way' else pieces:
-            self.wait_until_taken(window, place)
-            if self.when == 'late':
-                time.sleep(PAUSE)
-            window.change_property(place, request.target, 8, piece)
-            self.display.flush()
+        self.wait_until_taken(window, place)
+        window.change_property(place, request.target, 8, self.picture[:PIECE])
+        self.display.flush()
 
     def wait_until_taken(self, window, place):
         while True:

@@ -1,5 +1,5 @@
-// Documents made to exhaust the reader. What each costs in full size is told in docs/reliability.md;
-// MORVANTILE_ATTACKS=full in the environment makes them so.
+// Documents made to exhaust the reader. What each costs in full size is told in
+// docs/reliability.md; MORVANTILE_ATTACKS=full in the environment makes them so.
 
 #include <gtest/gtest.h>
 
