@@ -15,8 +15,8 @@
 namespace morvantile {
 namespace {
 
-constexpr std::size_t kMostNodes = 100;
-constexpr int kMostOperations = 100;
+constexpr std::size_t kMostNodes = 50;
+constexpr int kMostOperations = 50;
 
 class Trees {
  public:
