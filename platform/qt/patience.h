@@ -7,7 +7,7 @@
 namespace morvantile {
 
 // How long a program that owns the clipboard may keep this one waiting without sending anything.
-constexpr std::chrono::milliseconds kPatienceWithOwner{4000};
+constexpr std::chrono::milliseconds kPatienceWithOwner{3000};
 
 // Ends the process with status 1 and a line on standard error if the desktop isn't there within 30
 // seconds, from here to EndPatienceWithDesktop: the toolkit waits for a hanging server, or for a

@@ -16,7 +16,7 @@ import unittest
 import zlib
 
 from desktop import PATIENCE, until
-from gestures import DIALOG
+from gestures import DIALOG, SOON
 from pictures import decoded, encoded, landscape
 from virtual_display import VirtualDisplay
 from PIL import Image
@@ -78,7 +78,7 @@ class Faults(unittest.TestCase):
 
     # Pictures
 
-    def test_hostile_pictures_end_the_run_silently_within_five_seconds(self):
+    def test_hostile_pictures_end_the_run_silently_and_soon(self):
         old = self.put_settings()
         for name, data in (('65535 x 65535', png_of_size(65535, 65535)),
                            ('16000 x 16000, cut off', png_of_size(16000, 16000)),
@@ -87,14 +87,12 @@ class Faults(unittest.TestCase):
                            ('empty', b'')):
             with self.subTest(picture=name):
                 self.desktop.copy(data, 'image/png')
-                began = time.monotonic()
-                self.finish(self.begin())
-                self.assertLess(time.monotonic() - began, 5)
+                self.finish(self.begin(), SOON)
                 self.assertEqual(self.desktop.paste('image/png'), data)
                 self.assertEqual(self.settings_bytes(), old)
                 self.leaves_no_process()
 
-    def test_a_hanging_owner_ends_the_run_silently_within_five_seconds(self):
+    def test_a_hanging_owner_ends_the_run_silently_and_soon(self):
         old = self.put_settings()
         picture = self.desktop.folder + '/picture.png'
         with open(picture, 'wb') as file:
@@ -104,9 +102,7 @@ class Faults(unittest.TestCase):
                 owner = self.desktop.start(sys.executable, HERE + '/hanging_owner.py', when, picture,
                                            stdout=subprocess.PIPE)
                 self.assertEqual(owner.stdout.readline(), b'owner\n')
-                began = time.monotonic()
-                self.finish(self.begin())
-                self.assertLess(time.monotonic() - began, 5)
+                self.finish(self.begin(), SOON)
                 self.assertIsNone(owner.poll())
                 self.assertEqual(self.settings_bytes(), old)
                 self.leaves_no_process()
