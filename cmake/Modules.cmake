@@ -20,11 +20,31 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_LES
   # It warns of "text" + std::string (GCC bug 105651), and clang-tidy doesn't know the warning.
   target_compile_options(morvantile_options INTERFACE -Wno-restrict -Wno-unknown-warning-option)
 endif()
+
+# What distributions harden their programs with.
+include(CheckPIESupported)
+include(CheckCXXCompilerFlag)
+check_pie_supported()
+check_cxx_compiler_flag(-fcf-protection MORVANTILE_HAS_CF_PROTECTION)
+target_compile_options(
+  morvantile_options
+  INTERFACE -fstack-protector-strong -fstack-clash-protection
+            $<$<BOOL:${MORVANTILE_HAS_CF_PROTECTION}>:-fcf-protection>)
+target_link_options(morvantile_options INTERFACE $<$<NOT:$<PLATFORM_ID:Darwin>>:-Wl,-z,relro,-z,now>)
+
+if(NOT MORVANTILE_SANITIZE)
+  # It needs the optimiser, and would hide from the sanitizers what they are to see.
+  target_compile_options(
+    morvantile_options INTERFACE "$<$<CONFIG:Release>:-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>")
+endif()
 if(MORVANTILE_SANITIZE)
   target_compile_options(morvantile_options INTERFACE -fsanitize=address,undefined
                                                       -fno-sanitize-recover=all
                                                       -fno-omit-frame-pointer)
   target_link_options(morvantile_options INTERFACE -fsanitize=address,undefined)
+endif()
+if(MORVANTILE_FUZZ)
+  target_compile_options(morvantile_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
 # morvantile_module(name SOURCES file... LINKS target...)

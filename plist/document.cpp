@@ -1,3 +1,7 @@
+#include <chrono>
+#include <cstdint>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 #include "platform/base/binary_stream.h"
@@ -15,9 +19,20 @@ namespace {
 
 constexpr std::string_view kEndOfHeaders = "<dict>";
 
-// Runs the converter on a file, which it changes in place. Whether it succeeds shows in the file.
-void Convert(const char* form, const FolderItem& file) {
-  New<Shell>()->Execute(std::string("plutil -convert ") + form + " " + file.ShellPath());
+// How long the converter may take for a file: many times what it needs.
+std::chrono::seconds PatienceFor(const FolderItem& file) {
+  constexpr std::uintmax_t kBytesInASecond = 1'000'000;
+  constexpr std::chrono::seconds kAlways{8};
+  std::error_code error;
+  const std::uintmax_t size = std::filesystem::file_size(file.AbsolutePath(), error);
+  return error ? kAlways : kAlways + std::chrono::seconds(size / kBytesInASecond);
+}
+
+// Runs the converter on a file, which it changes in place.
+bool Convert(const char* form, const FolderItem& file) {
+  Shell shell(PatienceFor(file));
+  shell.Execute(std::string("plutil -convert ") + form + " " + file.ShellPath());
+  return shell.ErrorCode() == 0;
 }
 
 }  // namespace
@@ -73,15 +88,16 @@ void plist::Load(const Ref<FolderItem>& file, const Ref<FolderItem>& templateFil
   stream->Close();
 }
 
-// Makes the copy of a binary file that the document works on, as XML, and opens it.
+// Makes the copy of a binary file that the document works on, as XML, and opens it; nil if it could
+// not be converted.
 Ref<TextInputStream> plist::OpenConverted(const Ref<FolderItem>& file,
                                           const Ref<FolderItem>& source) {
   isBinary = true;
   const Ref<FolderItem> copy = file->Parent()->Child(file->Name() + " temp.plist");
   if (copy->Exists()) copy->Delete();
-  if (source->CopyFileTo(copy)) Convert("xml1", *copy);
   org = file;
   savePath = copy;
+  if (!source->CopyFileTo(copy) || !Convert("xml1", *copy)) return nullptr;
   return TextInputStream::Open(copy);
 }
 
@@ -117,6 +133,10 @@ void plist::MakeHeaders() {
 void plist::Save() { Save(false, false); }
 
 void plist::Save(bool cleanup, bool makeBinary) {
+  if (isBinary && !root->rootClass) {
+    Report("Could not save file");
+    return;
+  }
   const bool is_saved = WriteText() && (!(isBinary || makeBinary) || ConvertToBinary());
   // Until a binary file has been put back, the copy is all that there is of its changes.
   if (cleanup && is_saved) Cleanup();
@@ -140,9 +160,10 @@ bool plist::WriteText() {
 }
 
 // Turns what has been written into the binary form and puts it over the file that was read.
-// CopyFileTo replaces that file whole, so that it is never missing.
+// CopyFileTo replaces that file whole, so that it is never missing. Where the converter fails it is
+// the text that goes back, written again in case that it has been damaged.
 bool plist::ConvertToBinary() {
-  Convert("binary1", *savePath);
+  if (!Convert("binary1", *savePath) && !WriteText()) return false;
   if (!org || savePath->CopyFileTo(org)) return true;
   Report("Could not save file");
   return false;

@@ -69,8 +69,9 @@ class plist : public Object {
   //
   // If the file can't be opened the report is "Could not open file for saving", and if it can't be
   // written in full, or a binary file not be put back, "Could not save file"; the files are then as
-  // they were. `makeBinary` doesn't make the document one that is binary: the next Save() writes
-  // text.
+  // they were. The latter is also what comes of a binary file that could not be read: nothing is
+  // written in its place. If the converter fails, the file is written as text. `makeBinary` doesn't
+  // make the document one that is binary: the next Save() writes text.
   virtual void Save(bool cleanup, bool makeBinary);
 
   // Replaces the tree by what is in `file`, and sets savePath to it. Where there is no `file`, the
@@ -82,6 +83,8 @@ class plist : public Object {
   //   the file can't be read   the same, with " could not be opened"
   //   no line is just <dict>   the root is empty, its report goes nowhere, and `headers` holds all
   //                            lines; the report is "Not a plist file"
+  //   a binary file that the   the same, without the lines
+  //   converter refuses
   //   reading fails half-way   what stands in front of it is there; the report is the path and
   //                            " could not be read to its end"
   //

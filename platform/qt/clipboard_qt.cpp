@@ -9,6 +9,7 @@
 #include <QWindow>
 
 #include "platform/qt/clipboard_formats.h"
+#include "platform/qt/patience.h"
 #include "platform/qt/picture_image.h"
 
 namespace morvantile {
@@ -32,10 +33,20 @@ class OfferedPicture : public QMimeData {
   PictureOffer offer_;
 };
 
+QStringList FormatsOf(const QMimeData& offer) {
+  const Patience patience;
+  return PictureFormats(offer.formats());
+}
+
+QByteArray BytesOf(const QMimeData& offer, const QString& format) {
+  const Patience patience;
+  return offer.data(format);
+}
+
 Ref<Picture> ReadOffer(const QMimeData* offer) {
   if (offer == nullptr) return nullptr;
-  for (const QString& format : PictureFormats(offer->formats())) {
-    if (Ref<Picture> picture = DecodePicture(offer->data(format))) return picture;
+  for (const QString& format : FormatsOf(*offer)) {
+    if (Ref<Picture> picture = DecodePicture(BytesOf(*offer, format))) return picture;
   }
   return nullptr;
 }

@@ -11,20 +11,20 @@
 #include <csignal>
 #include <cstring>
 #include <functional>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "ext-data-control-v1-client.h"
 #include "platform/qt/clipboard_formats.h"
+#include "platform/qt/patience.h"
 #include "platform/qt/picture_image.h"
 #include "platform/qt/transfer.h"
 
 namespace morvantile {
 namespace {
 
-// A program that hangs while it owns the clipboard may not hang this one for longer.
-constexpr int kPatienceMilliseconds = 4000;
 constexpr qsizetype kMostBytes = Picture::kMaxBytes;
 constexpr const char* kText = "text/plain;charset=utf-8";
 
@@ -70,7 +70,7 @@ class DataControlClipboard : public SystemClipboard {
   std::string ReadText() override {
     wl_display_roundtrip(display_);
     if (!formats_.contains(kText)) return "";
-    return Receive(kText).toStdString();
+    return Receive(kText).value_or(QByteArray()).toStdString();
   }
 
   void WriteText(const std::string& text) override {
@@ -101,20 +101,22 @@ class DataControlClipboard : public SystemClipboard {
 
   Ref<Picture> ReadOffered() {
     for (const QString& format : PictureFormats(formats_)) {
-      if (Ref<Picture> picture = DecodePicture(Receive(format))) return picture;
+      const std::optional<QByteArray> encoded = Receive(format);
+      if (!encoded) return nullptr;  // An owner that hangs would do so in each further form.
+      if (Ref<Picture> picture = DecodePicture(*encoded)) return picture;
     }
     return nullptr;
   }
 
-  QByteArray Receive(const QString& format) {
+  std::optional<QByteArray> Receive(const QString& format) {
     std::array<int, 2> ends{};
-    if (offer_ == nullptr || pipe2(ends.data(), O_CLOEXEC) != 0) return {};
+    if (offer_ == nullptr || pipe2(ends.data(), O_CLOEXEC) != 0) return std::nullopt;
     const OwnedDescriptor from(ends[0]);
     OwnedDescriptor to(ends[1]);
     ext_data_control_offer_v1_receive(offer_, format.toUtf8().constData(), to.get());
     wl_display_flush(display_);
     to.Close();
-    return ReadAll(from, kPatienceMilliseconds, kMostBytes).value_or(QByteArray());
+    return ReadAll(from, static_cast<int>(kPatienceWithOwner.count()), kMostBytes);
   }
 
   void TakeOffer(ext_data_control_offer_v1* offer) {

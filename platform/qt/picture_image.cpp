@@ -7,6 +7,7 @@
 #include <QDataStream>
 #include <QImageReader>
 #include <QImageWriter>
+#include <QtEndian>
 #include <memory>
 #include <utility>
 
@@ -98,7 +99,19 @@ Ref<Picture> PictureOver(const QImage& image) {
                        pixels->constBits(), alpha && !IsOpaque(*pixels), pixels);
 }
 
+bool IsCutOffPng(const QByteArray& encoded) {
+  constexpr qsizetype kAroundData = 12;  // length, name and checksum
+  if (!encoded.startsWith("\x89PNG\r\n\x1A\n")) return false;
+  for (qsizetype at = 8; at + kAroundData <= encoded.size();) {
+    const qsizetype length = qFromBigEndian<quint32>(encoded.constData() + at);
+    if (length > encoded.size() - at - kAroundData) return true;
+    at += length + kAroundData;
+  }
+  return false;
+}
+
 Ref<Picture> DecodePicture(QByteArray encoded) {
+  if (IsCutOffPng(encoded)) return nullptr;
   const QuietStandardError quiet;
   QBuffer buffer(&encoded);
   buffer.open(QIODevice::ReadOnly);

@@ -17,6 +17,10 @@ QImage ImageOver(const Ref<Picture>& picture);
 // a null image. A picture whose alpha is 255 everywhere is opaque.
 Ref<Picture> PictureOver(const QImage& image);
 
+// Whether it is a PNG file with a chunk that claims to be longer than the file is. Decoders make
+// room for such a chunk before they find out: up to 2 GiB for a few bytes.
+bool IsCutOffPng(const QByteArray& encoded);
+
 // The picture in an encoded file of any format that the toolkit reads; nil if it is broken, cut
 // short or larger than a Picture can be.
 Ref<Picture> DecodePicture(QByteArray encoded);

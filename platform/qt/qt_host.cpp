@@ -17,6 +17,7 @@
 #include "platform/qt/clipboard_qt.h"
 #include "platform/qt/desktop_choice.h"
 #include "platform/qt/guarded_application.h"
+#include "platform/qt/patience.h"
 #include "platform/qt/theme.h"
 #include "platform/qt/window_widget.h"
 #include "platform/ui/application.h"
@@ -44,6 +45,7 @@ struct QtHost::State {
 };
 
 QtHost::QtHost(int argc, char** argv, StayBehind& stayBehind) {
+  BeginPatienceWithDesktop();
   std::unique_ptr<SystemClipboard> clipboard = ChooseDesktop();
   qInstallMessageHandler(SayOnlyWhatIsFatal);
   QGuiApplication::setDesktopFileName("morvantile");
@@ -55,12 +57,17 @@ QtHost::QtHost(int argc, char** argv, StayBehind& stayBehind) {
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setWindowIcon(QIcon(":/morvantile.png"));
   FollowDesktopTheme();
+  EndPatienceWithDesktop();
 }
 
 QtHost::~QtHost() = default;
 
 int QtHost::Run(Application& application) {
-  QTimer::singleShot(0, &state_->application, [&application] { application.Event_Open(); });
+  BeginPatienceWithDesktop();
+  QTimer::singleShot(0, &state_->application, [&application] {
+    EndPatienceWithDesktop();
+    application.Event_Open();
+  });
   const int status = QApplication::exec();
   state_->application.RethrowEscaped();
   application.Event_Close();

@@ -1,12 +1,14 @@
 """What a user does with the program on any desktop, and what other programs then paste."""
 
 import os
+import signal
 import subprocess
 
 from desktop import PATIENCE, until
 from pictures import decoded, encoded, landscape
 
 DIALOG = 'Clipboard Image Resize'
+SOON = 9  # seconds; five and what a busy machine adds
 
 
 class Gestures:
@@ -23,9 +25,9 @@ class Gestures:
         run = self.desktop.start(self.program, stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
         return run, self.desktop.active_window(DIALOG)
 
-    def finish(self, run):
+    def finish(self, run, patience=PATIENCE):
         """Waits for the end: status 0, and nothing printed."""
-        printed, _ = run.communicate(timeout=PATIENCE)
+        printed, _ = run.communicate(timeout=patience)
         self.assertEqual((run.returncode, printed), (0, b''))
 
     def pasted(self, target='image/png'):
@@ -75,6 +77,15 @@ class Gestures:
                 self.assertEqual(self.desktop.paste(target), data)
                 self.assertEqual(self.processes(), [])
                 self.assertFalse(os.path.exists(self.desktop.environment['XDG_CONFIG_HOME']))
+
+    def test_an_owner_that_hangs_ends_the_run_silently_and_soon(self):
+        self.desktop.copy(encoded(landscape(640, 480)), 'image/png')
+        for pid in self.desktop.programs('wl-copy') + self.desktop.programs('xclip'):
+            os.kill(pid, signal.SIGSTOP)
+        run = self.desktop.start(self.program, stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
+        self.finish(run, SOON)
+        self.assertEqual(self.processes(), [])
+        self.assertFalse(os.path.exists(self.desktop.environment['XDG_CONFIG_HOME']))
 
     def test_another_active_window_ends_it_with_the_smaller_picture(self):
         self.desktop.copy(encoded(landscape(640, 480)), 'image/png')

@@ -55,5 +55,14 @@ TEST(PictureImage, AHugeSizeInASmallFileIsRefusedBeforeItIsMade) {
   EXPECT_EQ(DecodePicture(file), nullptr);
 }
 
+TEST(PictureImage, AChunkThatClaimsMoreThanTheFileHoldsIsRefusedBeforeRoomIsMade) {
+  QByteArray file = EncodePng(Translucent());
+  EXPECT_FALSE(IsCutOffPng(file));
+  file.insert(33, QByteArray("\x7F\xFF\xFF\xFFzTXtx", 9));  // behind the header chunk
+  EXPECT_TRUE(IsCutOffPng(file));
+  EXPECT_EQ(DecodePicture(file), nullptr);
+  EXPECT_FALSE(IsCutOffPng("BM is no PNG file, whatever stands in it"));
+}
+
 }  // namespace
 }  // namespace morvantile

@@ -1,0 +1,8 @@
+#include "platform/base/time.h"
+
+namespace morvantile {
+
+double Microseconds() { return 0; }
+void Delay(double /*seconds*/) {}
+
+}  // namespace morvantile
