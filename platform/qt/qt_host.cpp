@@ -18,6 +18,7 @@
 #include "platform/qt/desktop_choice.h"
 #include "platform/qt/guarded_application.h"
 #include "platform/qt/theme.h"
+#include "platform/qt/translations.h"
 #include "platform/qt/window_widget.h"
 #include "platform/ui/application.h"
 
@@ -55,6 +56,7 @@ QtHost::QtHost(int argc, char** argv, StayBehind& stayBehind) {
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setWindowIcon(QIcon(":/morvantile.png"));
   FollowDesktopTheme();
+  LoadTranslations(QApplication::applicationDirPath() + "/../share/morvantile/translations");
 }
 
 QtHost::~QtHost() = default;
