@@ -169,6 +169,7 @@ class plistDict : public Object {
   // first.
   virtual std::int64_t CheckType(std::string_view key, std::string_view wanted);
 
+  // Stores the text as it is.
   virtual void SetString(std::string_view key, std::string_view value);
 
   // Stores the number without its fraction: see Format.
@@ -184,6 +185,7 @@ class plistDict : public Object {
   // Stores a text as it is, under any key: this one asks for no type, and doesn't touch the report.
   virtual void SetData(std::string_view key, std::string_view value);
 
+  // Stores the date as in "2009-03-07T08:05:09Z"; its fields as they stand.
   virtual void SetDate(std::string_view key, const Ref<Date>& value);
 
   // The number with at least two digits.
@@ -276,6 +278,7 @@ class plistDict : public Object {
   virtual void SetWindow(std::string_view key, const Ref<Window>& window);
   virtual void GetWindow(std::string_view key, const Ref<Window>& window);
 
+  // The colour, as SetColor stores it, as a new element of an array.
   virtual void AppendColor(Color value);
 
   // The same record as a new element of an array.
@@ -369,7 +372,9 @@ class plistDict : public Object {
   // Copies all entries of another node into a dict of its name in this one, added if it is missing.
   virtual void AppendAsNewChild(const Ref<plistDict>& other);
 
+  // As told at MoveNext.
   virtual void MovePrevious();
+  // The number, as SetReal stores it, as a new element of an array.
   virtual void AppendReal(double value);
 
  private:

@@ -1,5 +1,6 @@
 #include "platform/base/command_environment.h"
 
+#include <dlfcn.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -22,9 +23,19 @@ std::string FolderBesideProgram() {
   return (program.parent_path().parent_path() / "libexec/morvantile").string();
 }
 
+// Beside this library, or beside the program where the library is a part of it.
+std::string FolderBesideLibrary() {
+  Dl_info place{};
+  if (dladdr(reinterpret_cast<const void*>(&HoldsConverter), &place) == 0) return "";
+  std::error_code error;
+  const std::filesystem::path library = std::filesystem::canonical(place.dli_fname, error);
+  return (library.parent_path() / MORVANTILE_LIBEXEC_FROM_LIBRARY).lexically_normal().string();
+}
+
 std::string FolderOfConverter() {
 #ifndef __APPLE__
-  for (const std::string& folder : {FolderBesideProgram(), std::string(MORVANTILE_LIBEXEC_DIR)}) {
+  for (const std::string& folder :
+       {FolderBesideProgram(), FolderBesideLibrary(), std::string(MORVANTILE_LIBEXEC_DIR)}) {
     if (HoldsConverter(folder)) return folder;
   }
 #endif

@@ -26,6 +26,7 @@ class Date : public Object {
   Date(std::int64_t year, std::int64_t month, std::int64_t day, std::int64_t hour = 0,
        std::int64_t minute = 0, std::int64_t second = 0);
 
+  // The fields; the year may be 0 or negative.
   std::int64_t Year() const { return year_; }
   std::int64_t Month() const { return month_; }    // 1 to 12
   std::int64_t Day() const { return day_; }        // 1 to 31
@@ -33,6 +34,7 @@ class Date : public Object {
   std::int64_t Minute() const { return minute_; }  // 0 to 59
   std::int64_t Second() const { return second_; }  // 0 to 59
 
+  // Set one field, and carry over from it.
   void SetYear(std::int64_t year);
   void SetMonth(std::int64_t month);
   void SetDay(std::int64_t day);

@@ -72,11 +72,13 @@ class Ref {
     if (object_ != nullptr) static_cast<Object*>(object_)->Release();
   }
 
+  // Lets go of the object held, and holds the other's.
   Ref& operator=(Ref other) noexcept {
     std::swap(object_, other.object_);
     return *this;
   }
 
+  // The object; throws NilObjectException for nil.
   T* operator->() const { return Checked(); }
   T& operator*() const { return *Checked(); }
   // The object, or a null pointer for nil; valid as long as a Ref holds it.
@@ -87,6 +89,7 @@ class Ref {
     return object_ != nullptr && static_cast<const Object*>(object_)->count_ == 1;
   }
 
+  // Whether both hold the same object, or both none.
   friend bool operator==(const Ref& a, const Ref& b) { return a.object_ == b.object_; }
   friend bool operator==(const Ref& a, std::nullptr_t) { return a.object_ == nullptr; }
 
@@ -125,19 +128,24 @@ class BackRef {
     if (anchor_ != nullptr) Object::Anchor::Release(anchor_);
   }
 
+  // Refers to what the other refers to.
   BackRef& operator=(BackRef other) noexcept {
     std::swap(anchor_, other.anchor_);
     return *this;
   }
 
+  // The target, or a null pointer once it is gone.
   T* get() const { return anchor_ == nullptr ? nullptr : static_cast<T*>(anchor_->target); }
+  // Throws NilObjectException once the target is gone.
   T* operator->() const {
     T* target = get();
     if (target == nullptr) throw NilObjectException();
     return target;
   }
+  // Whether the target is still there.
   explicit operator bool() const { return get() != nullptr; }
 
+  // Whether both refer to the same object, or both to none.
   friend bool operator==(const BackRef& a, const T* b) { return a.get() == b; }
   friend bool operator==(const BackRef& a, const Ref<T>& b) { return a.get() == b.get(); }
   friend bool operator==(const BackRef& a, std::nullptr_t) { return a.get() == nullptr; }

@@ -11,9 +11,10 @@
 namespace morvantile {
 
 // Runs command lines in the system's shell, /bin/sh. In them `plutil` is this project's converter,
-// whatever the user's PATH says: the folder "libexec/morvantile" beside the folder of the running
-// program, or else the one that was set when the project was built, comes first in the command's
-// PATH. On macOS it is the system's own.
+// whatever the user's PATH says: its folder comes first in the command's PATH. That is the first of
+// these which holds it: "libexec/morvantile" beside the folder of the running program, the one that
+// was installed with this library, and the one that was set when the project was built. On macOS it
+// is the system's own.
 class Shell : public Object {
  public:
   // A command that takes longer than `limit` is killed, with what it has started.

@@ -19,6 +19,7 @@
 #include "platform/qt/guarded_application.h"
 #include "platform/qt/patience.h"
 #include "platform/qt/theme.h"
+#include "platform/qt/translations.h"
 #include "platform/qt/window_widget.h"
 #include "platform/ui/application.h"
 
@@ -57,6 +58,7 @@ QtHost::QtHost(int argc, char** argv, StayBehind& stayBehind) {
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setWindowIcon(QIcon(":/morvantile.png"));
   FollowDesktopTheme();
+  LoadTranslations(QApplication::applicationDirPath() + "/../share/morvantile/translations");
   EndPatienceWithDesktop();
 }
 
