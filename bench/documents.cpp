@@ -32,7 +32,7 @@ std::string SomeBase64(Random& random, std::size_t length) {
 }
 
 Ref<Date> SomeDate(Random& random) {
-  const Ref<Date> date = New<Date>();
+  Ref<Date> date = New<Date>();
   date->SetYear(1970 + static_cast<std::int64_t>(random() % 60));
   date->SetMonth(1 + static_cast<std::int64_t>(random() % 12));
   date->SetDay(1 + static_cast<std::int64_t>(random() % 28));

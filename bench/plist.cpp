@@ -22,7 +22,7 @@ constexpr std::int64_t kRecords = 80'000;
 // The file of the run, which goes when the program ends.
 const Ref<FolderItem>& File() {
   static const Ref<FolderItem> file = [] {
-    const Ref<FolderItem> item = GetTemporaryFolderItem();
+    Ref<FolderItem> item = GetTemporaryFolderItem();
     MakeDocument("records", kRecords, item);
     return item;
   }();

@@ -83,7 +83,7 @@ install(
   COMPONENT dev)
 install(
   FILES ${CMAKE_SOURCE_DIR}/plist/entries.h ${CMAKE_SOURCE_DIR}/plist/plist.h
-        ${CMAKE_SOURCE_DIR}/plist/plistDict.h
+        ${CMAKE_SOURCE_DIR}/plist/plistDict.h ${CMAKE_SOURCE_DIR}/plist/type_word.h
   DESTINATION ${headers}/plist
   COMPONENT dev)
 

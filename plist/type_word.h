@@ -4,9 +4,7 @@
 #define MORVANTILE_PLIST_TYPE_WORD_H
 
 #include <array>
-#include <cstddef>
-#include <cstdint>
-#include <memory>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -19,7 +17,7 @@ class TypeWord {
  public:
   TypeWord() = default;
   explicit TypeWord(std::string_view word) { Assign(word); }
-  TypeWord(TypeWord&& other) noexcept : word_(std::exchange(other.word_, 0)) {}
+  TypeWord(TypeWord&& other) noexcept : word_(std::exchange(other.word_, kKnown.data())) {}
   TypeWord& operator=(TypeWord&& other) noexcept {
     std::swap(word_, other.word_);
     return *this;
@@ -27,33 +25,49 @@ class TypeWord {
   TypeWord(const TypeWord&) = delete;
   TypeWord& operator=(const TypeWord&) = delete;
   ~TypeWord() {
-    if (word_ >= kKnown.size()) delete Outside();
+    if (!IsKnown()) delete static_cast<const OwnWord*>(word_);
   }
 
   void Assign(std::string_view word) {
-    for (std::size_t i = 0; i < kKnown.size(); ++i) {
-      if (word != kKnown[i]) continue;
-      *this = TypeWord(i);
+    for (const Word& known : kKnown) {
+      if (word != known.view) continue;
+      *this = TypeWord(&known);
       return;
     }
-    const auto* const outside = new std::string(word);
-    *this = TypeWord(reinterpret_cast<std::uintptr_t>(outside));
+    *this = TypeWord(new OwnWord(word));
   }
 
   // The word; the bytes belong to the object and go with it.
-  std::string_view View() const {
-    return word_ < kKnown.size() ? kKnown[word_] : std::string_view(*Outside());
-  }
+  std::string_view View() const { return word_->view; }
 
  private:
-  static constexpr std::array<std::string_view, 9> kKnown = {
-      "", "string", "integer", "real", "boolean", "date", "data", "dict", "array"};
+  struct Word {
+    std::string_view view;
+  };
+  // One that stands in the heap.
+  struct OwnWord : Word {
+    explicit OwnWord(std::string_view word) : text(word) { view = text; }
+    std::string text;
+  };
 
-  explicit TypeWord(std::uintptr_t word) : word_(word) {}
+  static constexpr std::array<Word, 9> kKnown = {{{""},
+                                                  {"string"},
+                                                  {"integer"},
+                                                  {"real"},
+                                                  {"boolean"},
+                                                  {"date"},
+                                                  {"data"},
+                                                  {"dict"},
+                                                  {"array"}}};
 
-  const std::string* Outside() const { return reinterpret_cast<const std::string*>(word_); }
+  explicit TypeWord(const Word* word) : word_(word) {}
 
-  std::uintptr_t word_ = 0;  // a place in kKnown, or the address of a text
+  bool IsKnown() const {
+    return !std::less<>()(word_, kKnown.data()) &&
+           std::less<>()(word_, kKnown.data() + kKnown.size());
+  }
+
+  const Word* word_ = kKnown.data();
 };
 
 }  // namespace morvantile

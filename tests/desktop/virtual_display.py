@@ -8,7 +8,8 @@ from desktop import PATIENCE, Desktop, Late, until
 
 
 class VirtualDisplay(Desktop):
-    """Xvfb with openbox."""
+    """Xvfb with openbox. Without -noreset a client that leaves before the next one comes takes the
+    other's connection with it."""
 
     needs = ('Xvfb', 'openbox', 'xclip', 'xdotool', 'xprop', 'xev')
     text = 'UTF8_STRING'
@@ -20,7 +21,7 @@ class VirtualDisplay(Desktop):
     def open(self):
         reader, writer = os.pipe()
         self.serve('Xvfb', '-displayfd', str(writer), '-screen', '0', self.size + 'x24',
-                   '-nolisten', 'tcp', pass_fds=[writer], stderr=subprocess.DEVNULL)
+                   '-nolisten', 'tcp', '-noreset', pass_fds=[writer], stderr=subprocess.DEVNULL)
         os.close(writer)
         with os.fdopen(reader) as lines:
             number = lines.readline().strip()

@@ -22,7 +22,7 @@ expect() {
 
 cmake -G Ninja -S . -B by-cmake -DCMAKE_PREFIX_PATH="$scratch/installed" \
   -DCMAKE_CXX_COMPILER="$compiler" >/dev/null
-cmake --build by-cmake >/dev/null
+cmake --build by-cmake >"$scratch/log" || { cat "$scratch/log"; exit 1; }
 expect "$(counts by-cmake/count_starts cmake | xargs)" '1 2' 'the program built by CMake'
 expect "$(head -c 6 "$scratch/cmake.plist")" bplist 'its file'
 

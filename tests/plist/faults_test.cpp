@@ -31,7 +31,7 @@ class Faults : public testing::Test {
 
 TEST_F(Faults, AKillAtAnyMomentOfSaveLeavesTheOldFileOrTheNewOne) {
   const auto content = [](std::int64_t number) {
-    const Ref<plist> document = NewDocument();
+    Ref<plist> document = NewDocument();
     for (int i = 0; i < 200; ++i) document->root->SetInteger(Str(i), static_cast<double>(number));
     return document;
   };
