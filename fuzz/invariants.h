@@ -34,7 +34,7 @@ inline void RequireSoundKeys(plistDict& node, Use use) {
 }
 
 inline void RequireSoundChildren(plistDict& node, Use use) {
-  Require(!node.children.empty() && !node.children[0], "children begin with a placeholder");
+  Require(!node.children[0], "children begin with a placeholder");
   Require(node.childrenNames.size() == node.children.size() && node.childrenNames[0].empty(),
           "childrenNames are parallel to children");
   std::size_t containers = 0;
