@@ -2,6 +2,7 @@
 #define MORVANTILE_PLIST_PREFETCH_H
 
 #include <cstddef>
+#include <cstdint>
 
 #include "plist/plistDict.h"
 
@@ -14,8 +15,12 @@ inline void ExpectChild(const plistDict& node, std::size_t place) {
   constexpr std::size_t kLine = 64;
   constexpr std::size_t kUsualNode = 2048;
   if (place >= node.children.size()) return;
-  const auto* const begin = reinterpret_cast<const char*>(node.children[place].get());
-  for (std::size_t at = 0; at < kUsualNode; at += kLine) __builtin_prefetch(begin + at);
+  // An address, not a pointer: a hint may go beyond the node's own block, or begin at nil.
+  const auto begin = reinterpret_cast<std::uintptr_t>(node.children[place].get());
+  for (std::size_t at = 0; at < kUsualNode; at += kLine) {
+    // NOLINTNEXTLINE(performance-no-int-to-ptr)
+    __builtin_prefetch(reinterpret_cast<const void*>(begin + at));
+  }
 }
 
 }  // namespace morvantile
