@@ -1,3 +1,4 @@
+#!/usr/bin/python3
 """How the dialog feels with a 3840 x 2160 picture: its start-up beside that of a bare Qt dialog, the
 steps of the slider, and the memory in use. Prints Markdown.
 

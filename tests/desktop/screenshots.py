@@ -4,6 +4,7 @@ Run as: screenshots.py PROGRAM FOLDER
 """
 
 import os
+import re
 import sys
 import time
 
@@ -23,9 +24,9 @@ KDE_COLORS = '\n'.join(
 
 def grab(display, window, file):
     """Saves the window as it is on the screen, without its frame."""
-    shape = dict(line.split('=') for line in display.output(
-        'xdotool', 'getwindowgeometry', '--shell', window).splitlines())
-    x, y, width, height = (int(shape[key]) for key in ('X', 'Y', 'WIDTH', 'HEIGHT'))
+    told = display.output('xwininfo', '-id', window)
+    x, y, width, height = (int(re.search(what + r': +(\d+)', told)[1]) for what in (
+        'Absolute upper-left X', 'Absolute upper-left Y', 'Width', 'Height'))
     time.sleep(0.3)
     screen = ImageGrab.grab(xdisplay=display.environment['DISPLAY'])
     screen.crop((x, y, x + width, y + height)).save(file)
