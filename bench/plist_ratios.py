@@ -31,7 +31,7 @@ STEPS = ['load', 'search', 'copy', 'save', 'release']
 def benchmarks(program):
     """The milliseconds of each benchmark, from one round."""
     report = subprocess.run(
-        [program, '--benchmark_format=json', '--benchmark_min_time=0.01',
+        [program, '--benchmark_format=json', '--benchmark_min_time=0.3', '--benchmark_min_warmup_time=0.3',
          '--benchmark_filter=^(' + '|'.join(BENCHMARKS) + ')/'],
         check=True, capture_output=True, text=True).stdout
     return {entry['name'].split('/')[0]: entry['real_time']

@@ -66,7 +66,7 @@ function(morvantile_test name)
   cmake_parse_arguments(arg "" "" "SOURCES;LINKS;ENVIRONMENT" ${ARGN})
   add_executable(${name} ${arg_SOURCES})
   target_link_libraries(${name} PRIVATE ${arg_LINKS} GTest::gmock GTest::gtest_main)
-  target_compile_options(${name} PRIVATE -O0 -U_FORTIFY_SOURCE)
+  target_compile_options(${name} PRIVATE -O0)
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 120
                                                                  ENVIRONMENT "${arg_ENVIRONMENT}")
 endfunction()

@@ -57,7 +57,7 @@ std::string PathOfOpenFile(int file) { return "/proc/self/fd/" + std::to_string(
 }  // namespace
 
 FileReplacement::FileReplacement(std::string target, Durability durability)
-    : target_(std::move(target)), durability_(durability), buffer_(kBufferSize) {}
+    : target_(std::move(target)), durability_(durability) {}
 
 std::unique_ptr<FileReplacement> FileReplacement::Begin(const std::string& target, Links links,
                                                         Durability durability) {
@@ -66,11 +66,13 @@ std::unique_ptr<FileReplacement> FileReplacement::Begin(const std::string& targe
   if (!path || path->empty() || !MayBeReplaced(*path)) return nullptr;
   std::unique_ptr<FileReplacement> replacement(new FileReplacement(*std::move(path), durability));
   if (!replacement->CreateFile()) return nullptr;
+  replacement->writer_.emplace(replacement->file_);
   if (links == Links::kFollow) replacement->KeepAttributes();
   return replacement;
 }
 
 FileReplacement::~FileReplacement() {
+  writer_.reset();
   if (file_ >= 0) close(file_);
   if (!new_name_.empty()) unlink(new_name_.c_str());
 }
@@ -113,23 +115,8 @@ void FileReplacement::SetPermissions(mode_t mode) {
   if (fchmod(file_, mode & (S_IRWXU | S_IRWXG | S_IRWXO)) != 0) failed_ = true;
 }
 
-void FileReplacement::AppendPastBuffer(std::string_view bytes) {
-  WriteToFile({buffer_.data(), std::exchange(used_, 0)});
-  if (bytes.size() > kBufferSize) return WriteToFile(bytes);
-  Append(bytes);
-}
-
-void FileReplacement::WriteToFile(std::string_view bytes) {
-  while (!bytes.empty() && !failed_) {
-    const ssize_t written = write(file_, bytes.data(), bytes.size());
-    if (written > 0) bytes.remove_prefix(static_cast<std::size_t>(written));
-    if (written < 0 && errno != EINTR) failed_ = true;
-  }
-}
-
 bool FileReplacement::Commit() {
-  WriteToFile({buffer_.data(), std::exchange(used_, 0)});
-  if (failed_) return false;
+  if (!writer_->Finish() || failed_) return false;
   if (durability_ == Durability::kSynced && fsync(file_) != 0) return false;
   if (new_name_.empty() && !LinkUnderNewName()) return false;
   if (close(std::exchange(file_, -1)) != 0) return false;

@@ -5,12 +5,12 @@
 
 #include <sys/types.h>
 
-#include <cstddef>
-#include <cstring>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
+
+#include "platform/base/file_writer.h"
 
 namespace morvantile {
 
@@ -49,11 +49,7 @@ class FileReplacement {
   FileReplacement& operator=(const FileReplacement&) = delete;
 
   // Adds to the content. A failure shows in Commit.
-  void Append(std::string_view bytes) {
-    if (bytes.size() > kBufferSize - used_) return AppendPastBuffer(bytes);
-    if (!bytes.empty()) std::memcpy(buffer_.data() + used_, bytes.data(), bytes.size());
-    used_ += bytes.size();
-  }
+  void Append(std::string_view bytes) { writer_->Append(bytes); }
 
   // Sets the permission bits of the new file; bits other than read, write and execute are dropped.
   void SetPermissions(mode_t mode);
@@ -63,15 +59,11 @@ class FileReplacement {
   bool Commit();
 
  private:
-  static constexpr std::size_t kBufferSize = std::size_t{256} * 1024;
-
   FileReplacement(std::string target, Durability durability);
 
   bool CreateFile();
   bool CreateNamedFile();
   bool LinkUnderNewName();
-  void AppendPastBuffer(std::string_view bytes);
-  void WriteToFile(std::string_view bytes);
   void KeepAttributes();
 
   std::string target_;
@@ -79,8 +71,7 @@ class FileReplacement {
   Durability durability_;
   int file_ = -1;
   bool failed_ = false;
-  std::vector<char> buffer_;
-  std::size_t used_ = 0;
+  std::optional<FileWriter> writer_;
 };
 
 }  // namespace morvantile

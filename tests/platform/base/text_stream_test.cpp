@@ -135,7 +135,7 @@ TEST(TextOutputStream, WritesPrivateFilesWithLineFeeds) {
   stream->WriteLine("one");
   stream->Write("tw");
   stream->WriteLine("o");
-  const std::string large(1'000'000, 'x');
+  const std::string large(3'000'000, 'x');
   stream->WriteLine(large);
   EXPECT_FALSE(folder.Item("new")->Exists());
   EXPECT_TRUE(stream->Close());
@@ -150,11 +150,24 @@ TEST(TextOutputStream, WithoutCloseTheOldFileStays) {
   const ScratchFolder folder;
   const Ref<FolderItem> file = folder.Put("a", "old");
   Ref<TextOutputStream> stream = file->CreateTextFile();
-  stream->WriteLine(std::string(1'000'000, 'x'));
+  for (int i = 0; i < 15; ++i) stream->WriteLine(std::string(1'000'000, 'x'));
   EXPECT_EQ(folder.Content("a"), "old");
   stream = nullptr;
   EXPECT_EQ(folder.Content("a"), "old");
   EXPECT_THAT(folder.Names(), ElementsAre("a"));
+}
+
+TEST(TextOutputStream, ALargeTextComesThroughInOrder) {
+  const ScratchFolder folder;
+  std::string text;
+  const Ref<TextOutputStream> stream = folder.Item("a")->CreateTextFile();
+  for (std::size_t i = 0; i < 40; ++i) {
+    const std::string line(i == 20 ? 5'000'000 : 700'000 + 1000 * i, "0123456789"[i % 10]);
+    stream->WriteLine(line);
+    text += line + "\n";
+  }
+  EXPECT_TRUE(stream->Close());
+  EXPECT_TRUE(folder.Content("a") == text);
 }
 
 TEST(TextOutputStream, AFailedWriteLeavesTheOldFile) {
@@ -163,13 +176,17 @@ TEST(TextOutputStream, AFailedWriteLeavesTheOldFile) {
   rlimit unlimited{};
   getrlimit(RLIMIT_FSIZE, &unlimited);
   std::signal(SIGXFSZ, SIG_IGN);
-  const rlimit limited{100'000, unlimited.rlim_max};
-  setrlimit(RLIMIT_FSIZE, &limited);
-  const bool written = WriteText(file, std::string(1'000'000, 'x'));
-  setrlimit(RLIMIT_FSIZE, &unlimited);
-  EXPECT_FALSE(written);
-  EXPECT_EQ(folder.Content("a"), "old");
-  EXPECT_THAT(folder.Names(), ElementsAre("a"));
+  for (const rlim_t most : {100'000UL, 3'000'000UL, 15'000'000UL, 29'900'000UL}) {
+    const rlimit limited{most, unlimited.rlim_max};
+    const Ref<TextOutputStream> stream = file->CreateTextFile();
+    setrlimit(RLIMIT_FSIZE, &limited);
+    for (int i = 0; i < 30; ++i) stream->WriteLine(std::string(1'000'000, 'x'));
+    const bool written = stream->Close();
+    setrlimit(RLIMIT_FSIZE, &unlimited);
+    EXPECT_FALSE(written) << most;
+    EXPECT_EQ(folder.Content("a"), "old");
+    EXPECT_THAT(folder.Names(), ElementsAre("a"));
+  }
 }
 
 TEST(TextOutputStream, ALinkStaysALink) {
