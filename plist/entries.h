@@ -41,6 +41,12 @@ struct Entry {
     hasType = true;
     isContainer = IsContainer(word);
   }
+  // As SetType, for the word of a scalar.
+  void SetScalarType(TypeWord::Known known) {
+    type = TypeWord(known);
+    hasType = true;
+    isContainer = false;
+  }
   void SetText(std::string_view value) {
     text.Assign(value);
     hasText = true;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 #include "platform/base/background.h"
 #include "platform/base/bulk_memory.h"
@@ -51,8 +52,12 @@ std::size_t FindClosingTag(std::string_view line, std::string_view name, std::st
   return std::string_view::npos;
 }
 
+bool BeginsClosingTag(std::string_view line) {
+  return line.size() >= 2 && line[0] == '<' && line[1] == '/';
+}
+
 bool IsClosingTag(std::string_view line, std::string_view name) {
-  return line.starts_with("</") && line.ends_with(">") &&
+  return BeginsClosingTag(line) && line.ends_with('>') &&
          SameText(line.substr(2, line.size() - 3), name);
 }
 
@@ -75,11 +80,12 @@ std::size_t LengthOfKeyTag(std::string_view line) {
 }
 
 bool IsEndTag(std::string_view line, std::string_view end_tag) {
-  return line.starts_with("</") && SameText(line, end_tag);
+  return BeginsClosingTag(line) && SameText(line, end_tag);
 }
 
 bool IsEmptyDict(std::string_view line) {
-  return line.ends_with("/>") && SameText(line, "<dict/>");
+  return line.ends_with('>') && line.size() > 1 && line[line.size() - 2] == '/' &&
+         SameText(line, "<dict/>");
 }
 
 // Whether the line is an element of that name, as the writer lays it out, whose text holds neither
@@ -98,10 +104,6 @@ inline bool IsUsual(std::string_view line, const char (&name)[kSize], std::strin
   }
   text = line.substr(kOpening, line.size() - kOpening - kClosing);
   return !HasEither(text, '<', '&');
-}
-
-void Assign(std::string& variable, std::string_view text) {
-  if (variable != text) variable = text;
 }
 
 }  // namespace
@@ -126,14 +128,14 @@ std::string plistDict::StripAll(std::string_view text) {
 
 void Reader::Read(plistDict& root) {
   Enter(root);
-  while (depth_ > 0) {
-    Activation& innermost = activations_[depth_ - 1];
-    if (innermost.hasFields) {
-      ReadField(innermost);
-    } else if (innermost.hasEnded || stream_.AtEOF()) {
-      --depth_;
+  while (innermost_ != nullptr) {
+    Activation& in = *innermost_;
+    if (in.hasFields) {
+      ReadField(in);
+    } else if (in.hasEnded || stream_.AtEOF()) {
+      Leave();
     } else {
-      ReadLine(innermost);
+      ReadLine(in);
     }
   }
 }
@@ -141,14 +143,22 @@ void Reader::Read(plistDict& root) {
 void Reader::Activation::Begin(plistDict& read) {
   node = &read;
   endTag = read.isArray ? "</array>" : "</dict>";
-  for (std::string* text : {&key, &type, &value, &tag, &keptFields}) text->clear();
+  for (std::string* text : {&key, &value, &tag, &keptFields}) text->clear();
+  type = TypeWord();
+  valueIn = nullptr;
   inValue = selfClosed = hasFields = hasEnded = false;
   fields = {};
 }
 
 void Reader::Enter(plistDict& node) {
   if (depth_ == activations_.size()) activations_.emplace_back();
-  activations_[depth_++].Begin(node);
+  innermost_ = &activations_[depth_++];
+  innermost_->Begin(node);
+}
+
+void Reader::Leave() {
+  --depth_;
+  innermost_ = depth_ > 0 ? &activations_[depth_ - 1] : nullptr;
 }
 
 void Reader::ReadLine(Activation& in) {
@@ -174,30 +184,38 @@ bool Reader::ReadUsualLine(Activation& in, std::string_view line) {
       in.node->entries_.Listed().Expect(text);
       return true;
     case 's':
-      return IsUsual(line, "string", text) && ReadUsualScalar(in, "string", text);
+      if (!IsUsual(line, "string", text)) return false;
+      ReadUsualScalar(in, TypeWord::kString, text);
+      return true;
     case 'i':
-      return IsUsual(line, "integer", text) && ReadUsualScalar(in, "integer", text);
+      if (!IsUsual(line, "integer", text)) return false;
+      ReadUsualScalar(in, TypeWord::kInteger, text);
+      return true;
     case 'r':
-      return IsUsual(line, "real", text) && ReadUsualScalar(in, "real", text);
+      if (!IsUsual(line, "real", text)) return false;
+      ReadUsualScalar(in, TypeWord::kReal, text);
+      return true;
     case 'd':
-      return IsUsual(line, "date", text) && ReadUsualScalar(in, "date", text);
+      if (!IsUsual(line, "date", text)) return false;
+      ReadUsualScalar(in, TypeWord::kDate, text);
+      return true;
     default:
       return false;
   }
 }
 
-bool Reader::ReadUsualScalar(Activation& in, std::string_view type, std::string_view text) {
+void Reader::ReadUsualScalar(Activation& in, TypeWord::Known type, std::string_view text) {
   RuntimeBackgroundTask();
   in.selfClosed = false;
-  Assign(in.type, type);
-  in.value = text;
+  in.type = TypeWord(type);
   Entry& entry = in.node->entries_.List(in.key);
-  entry.SetType(type);
+  entry.SetScalarType(type);
   entry.SetText(text);
-  return true;
+  in.valueIn = &entry;
 }
 
 void Reader::ReadField(Activation& in) {
+  if (in.valueIn != nullptr) in.value = std::exchange(in.valueIn, nullptr)->text.View();
   const std::size_t bracket = in.fields.find('>');
   std::string_view line = in.fields.substr(0, EndOfField(in.fields, bracket));
   in.fields.remove_prefix(line.size());
@@ -255,7 +273,7 @@ plistDict* Reader::ReadTag(Activation& in, std::string_view& line, std::size_t b
     ReadBoolean(in, "false");
   } else if (is_self_closed && SameText(tag, "true/")) {
     ReadBoolean(in, "true");
-  } else if (is_closing && (SameText(tag.substr(1), in.type) || SameText(tag, "/key"))) {
+  } else if (is_closing && (SameText(tag.substr(1), in.type.View()) || SameText(tag, "/key"))) {
     CloseValue(in);
   } else {
     OpenElement(in, tag, line);
@@ -267,7 +285,7 @@ void Reader::ReadBoolean(Activation& in, std::string_view word) {
   Entry& entry = in.node->entries_.List(in.key);
   entry.SetType("boolean");
   entry.SetText(word);
-  Assign(in.type, "boolean");
+  in.type = TypeWord(TypeWord::kBoolean);
 }
 
 void Reader::CloseValue(Activation& in) {
@@ -280,7 +298,7 @@ void Reader::OpenElement(Activation& in, std::string_view tag, std::string_view&
   std::string_view type = tag;
   in.selfClosed = type.ends_with('/');
   if (in.selfClosed) type.remove_suffix(1);
-  Assign(in.type, type);
+  in.type.Assign(type);
   Entry& entry = in.node->entries_.List(in.key);
   entry.SetType(type);
   if (entry.isContainer || (in.selfClosed && SameText(type, "dict/"))) return;
@@ -303,13 +321,13 @@ void Reader::OpenValue(Activation& in, std::string_view tag, std::string_view li
   in.value.clear();
   if (line.find('>') != std::string_view::npos) return;
   AppendDecoded(in.value, line);
-  if (!SameText(in.type, "data")) in.value += kLineSeparator;
+  if (!SameText(in.type.View(), "data")) in.value += kLineSeparator;
 }
 
 // Makes the node of a container, and returns it if it is to be read.
 plistDict* Reader::OpenChild(Activation& in, std::string_view& line) {
-  if (!IsContainer(in.type)) return nullptr;
-  const bool is_dict = SameText(in.type, "dict");
+  if (!IsContainer(in.type.View())) return nullptr;
+  const bool is_dict = SameText(in.type.View(), "dict");
   in.node->NewChild(in.node->entries_.FindOrAdd(in.key), in.key, !is_dict);
   if (!in.selfClosed) return in.node->children.back().get();
   if (is_dict) line = {};

@@ -46,12 +46,13 @@ class Reader {
 
     plistDict* node = nullptr;
     std::string_view endTag;
-    std::string key;          // what the next value or node goes under
-    std::string type;         // the name of the element opened last
-    std::string value;        // the text collected for a value
-    bool inValue = false;     // a value is open across lines
-    std::string tag;          // what stood between the "<" and ">" that opened it
-    bool selfClosed = false;  // the opening tag read last ended in "/"
+    std::string key;           // what the next value or node goes under
+    TypeWord type;             // the name of the element opened last
+    std::string value;         // the text collected for a value
+    Entry* valueIn = nullptr;  // who has the value instead, until the next field is read
+    bool inValue = false;      // a value is open across lines
+    std::string tag;           // what stood between the "<" and ">" that opened it
+    bool selfClosed = false;   // the opening tag read last ended in "/"
 
     bool hasFields = false;   // of the current line some are left
     std::string_view fields;  // these, in the stream or in keptFields
@@ -60,9 +61,10 @@ class Reader {
   };
 
   void Enter(plistDict& node);
+  void Leave();
   void ReadLine(Activation& in);
   static bool ReadUsualLine(Activation& in, std::string_view line);
-  static bool ReadUsualScalar(Activation& in, std::string_view type, std::string_view text);
+  static void ReadUsualScalar(Activation& in, TypeWord::Known type, std::string_view text);
   void ReadField(Activation& in);
   static plistDict* StepField(Activation& in, std::string_view& line, std::size_t bracket);
   static void ReadKey(Activation& in, std::string_view& line, std::size_t length);
@@ -79,6 +81,7 @@ class Reader {
   // The innermost is the last of `depth_`; those behind are there to be used again.
   std::deque<Activation> activations_;
   std::size_t depth_ = 0;
+  Activation* innermost_ = nullptr;
 };
 
 }  // namespace morvantile

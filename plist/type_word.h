@@ -4,6 +4,7 @@
 #define MORVANTILE_PLIST_TYPE_WORD_H
 
 #include <array>
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -15,7 +16,21 @@ namespace morvantile {
 // other, which a file may bring, stands in the heap.
 class TypeWord {
  public:
+  // The words that a property list usually has.
+  enum Known : std::uint8_t {
+    kNone,
+    kString,
+    kInteger,
+    kReal,
+    kBoolean,
+    kDate,
+    kData,
+    kDict,
+    kArray
+  };
+
   TypeWord() = default;
+  explicit TypeWord(Known known) : word_(&kKnown[known]) {}
   explicit TypeWord(std::string_view word) { Assign(word); }
   TypeWord(TypeWord&& other) noexcept : word_(std::exchange(other.word_, kKnown.data())) {}
   TypeWord& operator=(TypeWord&& other) noexcept {

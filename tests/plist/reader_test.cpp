@@ -121,6 +121,10 @@ TEST(Reader, TakesStrayClosingTagsAsItsRulesSay) {
       "<key>d</key>\n</dict >\n<key>e</key>\n</key>");
   EXPECT_EQ(document->root->values.Value("b"), "x");
   EXPECT_EQ(document->root->GetType("d"), "/dict ");
+  const Ref<plist> changed =
+      Read("<key>a</key>\n<string>x</string>\n<true/>\n<key>b</key>\n</boolean>");
+  EXPECT_EQ(changed->root->values.Value("a"), "true");
+  EXPECT_EQ(changed->root->values.Value("b"), "x");
   const Ref<plist> again =
       Read("<key>a</key>\n<array/>\n<key>b</key>\n</array>\n<key>c</key>\n<true/>");
   EXPECT_EQ(again->root->childrenNames, (std::vector<std::string>{"", "a", "b"}));
