@@ -106,9 +106,11 @@ class Sway(Desktop):
         return [w['id'] for w in self._windows() if w.get('app_id') == kind]
 
     def key(self, *keys):
-        for key in keys:
-            self.output('wtype', '-k', KEYS.get(key, key))
-            time.sleep(0.05)
+        # One keyboard for all, which is there for a moment before and after: a key of one that comes
+        # or goes may be lost on a busy machine.
+        pause = ('-s', '50')
+        presses = [word for key in keys for word in ('-k', KEYS.get(key, key), *pause)]
+        self.output('wtype', *pause, *presses, *pause)
 
     def show_other_window(self):
         """Starts another program, whose window becomes the active one."""
