@@ -8,6 +8,7 @@ ratios hold on a machine whose speed changes. With --slow, libplist's writer of 
 measured too, which takes a minute, and the largest documents. Needs python3.
 """
 
+import concurrent.futures
 import json
 import os
 import plistlib
@@ -38,14 +39,10 @@ def benchmark(program, name):
     return json.loads(report)['benchmarks'][0]['real_time']
 
 
-def milliseconds(work):
-    begin = time.perf_counter()
-    work()
-    return 1000 * (time.perf_counter() - begin)
-
-
 def convert(plutil, form, file):
-    """The milliseconds of a conversion, and the peak memory of the converter in MB."""
+    """The milliseconds of a conversion, and the peak memory of the converter in MB. What the disk
+    still has to write for others is waited for first, since the converter waits for the disk."""
+    os.sync()
     begin = time.perf_counter()
     process = subprocess.Popen([plutil, '-convert', form, file])
     _, status, usage = os.wait4(process.pid, 0)
@@ -55,14 +52,20 @@ def convert(plutil, form, file):
     return 1000 * (time.perf_counter() - begin), usage.ru_maxrss * 1024 / 1e6
 
 
-def python_read(file):
-    with open(file, 'rb') as stream:
-        return plistlib.load(stream)
+def python_times(file, result):
+    """The milliseconds of plistlib's reading of a file and of writing it again."""
+    with open(file, 'rb') as stream, open(result, 'wb') as output:
+        begin = time.perf_counter()
+        document = plistlib.load(stream)
+        middle = time.perf_counter()
+        plistlib.dump(document, output)
+    return 1000 * (middle - begin), 1000 * (time.perf_counter() - middle)
 
 
-def python_write(document, file):
-    with open(file, 'wb') as stream:
-        plistlib.dump(document, stream)
+def in_own_process(work, *arguments):
+    """A child's peak memory counts what its parent has when it is started, so this one stays small."""
+    with concurrent.futures.ProcessPoolExecutor(max_workers=1) as pool:
+        return pool.submit(work, *arguments).result()
 
 
 def one_round(folder, scratch):
@@ -73,10 +76,8 @@ def one_round(folder, scratch):
     numbers = {'MB': os.path.getsize(file) / 1e6}
     for name in BENCHMARKS:
         numbers[name] = benchmark(os.path.join(folder, 'bench_plist'), name)
-    numbers['PythonRead'] = milliseconds(lambda: python_read(file))
-    document = python_read(file)
-    numbers['PythonWrite'] = milliseconds(
-        lambda: python_write(document, os.path.join(scratch, 'python.plist')))
+    numbers['PythonRead'], numbers['PythonWrite'] = in_own_process(
+        python_times, file, os.path.join(scratch, 'python.plist'))
     numbers['peak'] = scale(folder, file)['peak']
     plutil = os.path.join(folder, 'plutil')
     for name, form in (('ToBinary', 'binary1'), ('ToXml', 'xml1')):

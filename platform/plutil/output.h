@@ -33,14 +33,18 @@ class Output {
 
   void Append(char byte) { Append({&byte, 1}); }
 
-  // `value` as `width` bytes, the most significant first.
+  // `value` as `width` bytes, 1 to 8, the most significant first.
   void AppendNumber(std::uint64_t value, unsigned width) {
     std::array<char, sizeof value> bytes;
+    if (bytes.size() > buffer_.size() - used_) Flush();
+    value <<= 8 * (sizeof value - width);
     for (std::size_t i = bytes.size(); i-- > 0; value >>= 8U) bytes[i] = static_cast<char>(value);
-    Append({bytes.end() - width, width});
+    std::memcpy(buffer_.data() + used_, bytes.data(), bytes.size());
+    used_ += width;
+    size_ += width;
   }
 
-  // Hands on what is left. Called once, at the end.
+  // Hands on what is left. Called at the end.
   void Flush() { sink_({buffer_.data(), std::exchange(used_, 0)}); }
 
   // The number of bytes appended so far.

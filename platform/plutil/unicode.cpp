@@ -72,6 +72,13 @@ bool IsAscii(std::string_view text) {
   return (bits & 0x8080808080808080U) == 0;
 }
 
+bool EqualWithoutCase(std::string_view text, std::string_view lower) {
+  const auto to_lower = [](char letter) {
+    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+  };
+  return std::ranges::equal(text, lower, {}, to_lower);
+}
+
 std::optional<std::string> Utf8FromUtf16(std::string_view units, std::endian order) {
   std::string text;
   text.reserve(units.size() / 2);

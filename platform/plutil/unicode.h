@@ -12,6 +12,9 @@ namespace morvantile::plutil {
 
 bool IsAscii(std::string_view text);
 
+// Whether `text` is `lower`, a text in small letters of ASCII, without regard to letter case.
+bool EqualWithoutCase(std::string_view text, std::string_view lower);
+
 // The UTF-16 text `units`, two bytes each in the order `order`, as UTF-8; or nothing if it ends
 // within a unit or half a surrogate pair is in it.
 std::optional<std::string> Utf8FromUtf16(std::string_view units, std::endian order);

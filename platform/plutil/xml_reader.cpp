@@ -4,13 +4,14 @@
 #include <array>
 #include <cstddef>
 #include <cstring>
-#include <pugixml.hpp>
+#include <span>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 #include "platform/plutil/scalar_text.h"
 #include "platform/plutil/unicode.h"
+#include "platform/plutil/xml_scanner.h"
 #include "platform/plutil/xml_text.h"
 
 namespace morvantile::plutil {
@@ -44,12 +45,7 @@ constexpr std::array<std::pair<std::string_view, Element>, 11> kElements = {{
     {"double", Element::kReal},
 }};
 
-bool EqualWithoutCase(std::string_view name, std::string_view lower) {
-  const auto to_lower = [](char letter) {
-    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-  };
-  return std::ranges::equal(name, lower, {}, to_lower);
-}
+constexpr std::string_view kNotAlone = "not a property list: there is not just one topmost element";
 
 Element ElementOf(std::string_view name) {
   for (const auto& [known, element] : kElements) {
@@ -61,150 +57,155 @@ Element ElementOf(std::string_view name) {
   return Element::kUnknown;
 }
 
-bool IsBlank(std::string_view text) {
-  return text.find_first_not_of(" \t\r\n") == std::string_view::npos;
-}
-
-// Whether a text may be cut in pieces by something that is no part of it. The parser is faster, and
-// its tree half the size, where it needn't keep the white space around such pieces.
-bool MayCutTexts(std::string_view content) {
-  for (std::size_t at = 1; (at = content.find('!', at)) != std::string_view::npos; ++at) {
-    if (content[at - 1] == '<' && !content.substr(at).starts_with("!DOCTYPE")) return true;
-  }
-  for (std::size_t at = 2; (at = content.find('?', at)) != std::string_view::npos; ++at) {
-    if (content[at - 1] == '<') return true;
-  }
-  return false;
-}
-
-class XmlReader {
- public:
-  XmlReader(std::string& content, Document& document) : content_(content), document_(document) {}
-
-  std::optional<std::string> Read();
-
- private:
-  // A container whose children are being read.
-  struct Level {
-    pugi::xml_node next;
-    ObjectIndex index;
-    bool is_dict;
-    bool has_key;
-    std::size_t first_child;
+bool IsBlank(std::span<const char> text) {
+  const auto is_blank = [](char letter) {
+    return letter == ' ' || letter == '\t' || letter == '\r' || letter == '\n';
   };
-
-  bool Parse();
-  bool FindTop(pugi::xml_node& top);
-  bool FindOnlyElement(pugi::xml_node parent, pugi::xml_node& element);
-  bool ReadTree(pugi::xml_node top);
-  bool ReadNode(pugi::xml_node node);
-  bool ReadElement(pugi::xml_node node);
-  bool MayStandHere(Element element);
-  bool ReadScalar(Element element, pugi::xml_node node);
-  void OpenContainer(Element element, pugi::xml_node node);
-  bool CloseContainer();
-  bool MakeUid(const Level& level);
-  void AppendObject(const Object& object);
-  bool Fail(std::string problem);
-
-  std::string& content_;
-  Document& document_;
-  std::string problem_;
-  pugi::xml_document tree_;
-  std::vector<Level> open_;
-  std::vector<ObjectIndex> children_;  // Those of all open containers, one after the other.
-};
+  return std::ranges::all_of(text, is_blank);
+}
 
 // The text of an element, put together in the file's content from the pieces that comments and
 // CDATA cut it into. Each piece moves towards the beginning, so none is overwritten.
 class TextInPlace {
  public:
-  // Adds the text of `node`; returns what is wrong with it, if anything is.
-  std::optional<std::string> Add(pugi::xml_node node);
+  // Adds a piece that may hold references; returns false if one means no character.
+  bool AddDecoded(std::span<char> piece);
+  // Adds a piece that holds none.
+  void AddVerbatim(std::span<char> piece);
 
   char* Begin() const { return begin_; }
   std::size_t Size() const { return size_; }
   std::string_view View() const { return {begin_, size_}; }
 
  private:
-  bool AddPiece(const char* piece, bool has_entities);
+  void Append(char* piece, std::size_t size);
 
   char* begin_ = nullptr;
   std::size_t size_ = 0;
 };
 
+class XmlReader {
+ public:
+  XmlReader(std::string& content, Document& document)
+      : content_(content), scanner_(content), document_(document) {}
+
+  std::optional<std::string> Read();
+
+ private:
+  // A container whose children are being read.
+  struct Level {
+    ObjectIndex index;
+    bool is_dict;
+    bool has_key;
+    std::size_t first_child;
+  };
+
+  void MakeRoom();
+  bool ReadFile();
+  bool ExpectAlone(Markup markup);
+  bool ReadTree();
+  bool NextTag(std::string_view problem);
+  bool NextMarkup();
+  bool IsAtElement() const;
+  bool CheckEncoding();
+  bool ReadElement();
+  bool MayStandHere(Element element);
+  bool ReadScalar(Element element);
+  bool ReadText(TextInPlace& text);
+  void OpenContainer(Element element);
+  bool CloseContainer();
+  bool MakeUid(const Level& level);
+  void AppendObject(const Object& object);
+  bool Fail(std::string_view problem);
+
+  const std::string& content_;
+  XmlScanner scanner_;
+  Document& document_;
+  std::string problem_;
+  std::vector<Level> open_;
+  std::vector<ObjectIndex> children_;  // Those of all open containers, one after the other.
+};
+
 std::optional<std::string> XmlReader::Read() {
-  if (auto problem = MakeUtf8(content_)) return problem;
-  pugi::xml_node top;
-  if (Parse() && FindTop(top) && ReadTree(top)) return std::nullopt;
+  MakeRoom();
+  if (ReadFile()) return std::nullopt;
   return problem_;
 }
 
-bool XmlReader::Parse() {
-  constexpr unsigned kAlways =
-      pugi::parse_cdata | pugi::parse_eol | pugi::parse_declaration | pugi::parse_fragment;
-  constexpr unsigned kWholeTexts = pugi::parse_ws_pcdata_single | pugi::parse_embed_pcdata;
-  const unsigned options =
-      kAlways | (MayCutTexts(content_) ? unsigned{pugi::parse_ws_pcdata} : kWholeTexts);
-  const pugi::xml_parse_result result =
-      tree_.load_buffer_inplace(content_.data(), content_.size(), options, pugi::encoding_utf8);
-  if (result.status == pugi::status_out_of_memory) return Fail("not enough memory");
-  if (result) return true;
-  return Fail("neither a binary nor an XML property list: " + std::string(result.description()) +
-              " near byte " + std::to_string(result.offset));
+// Room for one object in so many bytes of the file; few files hold more. What isn't needed of it
+// costs no memory, since nothing touches it.
+void XmlReader::MakeRoom() {
+  constexpr std::size_t kBytesOfAnObject = 16;
+  document_.objects.reserve(content_.size() / kBytesOfAnObject);
+  document_.references.reserve(content_.size() / kBytesOfAnObject);
 }
 
-bool XmlReader::FindTop(pugi::xml_node& top) {
-  for (const pugi::xml_node node : tree_.children()) {
-    if (node.type() != pugi::node_declaration) continue;
-    const std::string_view encoding = node.attribute("encoding").value();
-    const bool is_known = encoding.empty() || EqualWithoutCase(encoding, "utf-8") ||
-                          EqualWithoutCase(encoding, "utf-16");
-    if (!is_known && !IsAscii(content_)) return Fail("XML in " + std::string(encoding));
-  }
-  if (!FindOnlyElement(tree_, top)) return false;
-  return !EqualWithoutCase(top.name(), "plist") || FindOnlyElement(pugi::xml_node(top), top);
+// The file's one element, in a <plist> or not.
+bool XmlReader::ReadFile() {
+  if (!NextTag(kNotAlone)) return false;
+  const bool is_in_plist =
+      scanner_.Is() == Markup::kStartTag && EqualWithoutCase(scanner_.Name(), "plist");
+  if (is_in_plist && !NextTag(kNotAlone)) return false;
+  if (!IsAtElement()) return Fail(kNotAlone);
+  return ReadTree() && (!is_in_plist || ExpectAlone(Markup::kEndTag)) && ExpectAlone(Markup::kEnd);
 }
 
-bool XmlReader::FindOnlyElement(pugi::xml_node parent, pugi::xml_node& element) {
-  element = pugi::xml_node();
-  bool is_alone = IsBlank(parent.value());
-  for (const pugi::xml_node node : parent.children()) {
-    if (node.type() == pugi::node_element) {
-      is_alone = is_alone && !element;
-      element = node;
-    } else if (node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata) {
-      is_alone = is_alone && IsBlank(node.value());
-    }
-  }
-  if (is_alone && element) return true;
-  return Fail("not a property list: there is not just one topmost element");
+bool XmlReader::ExpectAlone(Markup markup) {
+  return NextTag(kNotAlone) && (scanner_.Is() == markup || Fail(kNotAlone));
 }
 
-bool XmlReader::ReadTree(pugi::xml_node top) {
-  if (!ReadElement(top)) return false;
+// The element whose tag the scanner is at, and all in it.
+bool XmlReader::ReadTree() {
+  if (!ReadElement()) return false;
   while (!open_.empty()) {
-    const pugi::xml_node node = open_.back().next;
-    open_.back().next = node.next_sibling();
-    if (!(node ? ReadNode(node) : CloseContainer())) return false;
+    if (!NextTag("text between the elements of a container")) return false;
+    if (!(IsAtElement() ? ReadElement() : CloseContainer())) return false;
   }
   return true;
 }
 
-bool XmlReader::ReadNode(pugi::xml_node node) {
-  if (node.type() == pugi::node_element) return ReadElement(node);
-  return IsBlank(node.value()) || Fail("text between the elements of a container");
+// Goes to the next tag or the end of the file. What stands before it may be blanks and markup that
+// says nothing; else `problem` is what is wrong.
+bool XmlReader::NextTag(std::string_view problem) {
+  while (NextMarkup()) {
+    const bool is_cdata = scanner_.Is() == Markup::kCData;
+    if (!IsBlank(scanner_.Text()) || (is_cdata && !IsBlank(scanner_.CData()))) {
+      return Fail(problem);
+    }
+    if (scanner_.Is() == Markup::kXmlDeclaration && !CheckEncoding()) return false;
+    const bool says_nothing =
+        is_cdata || scanner_.Is() == Markup::kXmlDeclaration || scanner_.Is() == Markup::kOther;
+    if (!says_nothing) return true;
+  }
+  return false;
 }
 
-bool XmlReader::ReadElement(pugi::xml_node node) {
-  const Element element = ElementOf(node.name());
+bool XmlReader::NextMarkup() {
+  return scanner_.Next() ||
+         Fail("neither a binary nor an XML property list: " + scanner_.Problem());
+}
+
+bool XmlReader::IsAtElement() const {
+  return scanner_.Is() == Markup::kStartTag || scanner_.Is() == Markup::kEmptyElementTag;
+}
+
+bool XmlReader::CheckEncoding() {
+  const std::string_view encoding = scanner_.Encoding();
+  const bool is_known = encoding.empty() || EqualWithoutCase(encoding, "utf-8") ||
+                        EqualWithoutCase(encoding, "utf-16");
+  return is_known || IsAscii(content_) || Fail("XML in " + std::string(encoding));
+}
+
+bool XmlReader::ReadElement() {
+  const Element element = ElementOf(scanner_.Name());
   if (element == Element::kUnknown) {
-    return Fail("an element that property lists do not know: <" + std::string(node.name()) + ">");
+    return Fail("an element that property lists do not know: <" + std::string(scanner_.Name()) +
+                ">");
   }
   if (!MayStandHere(element)) return false;
-  if (element != Element::kArray && element != Element::kDict) return ReadScalar(element, node);
-  OpenContainer(element, node);
-  return IsBlank(node.value()) || Fail("text between the elements of a container");
+  if (element != Element::kArray && element != Element::kDict) return ReadScalar(element);
+  OpenContainer(element);
+  return scanner_.Is() == Markup::kStartTag || CloseContainer();
 }
 
 bool XmlReader::MayStandHere(Element element) {
@@ -215,12 +216,13 @@ bool XmlReader::MayStandHere(Element element) {
   return Fail(key_is_due ? "a value without a <key>" : "a <key> where a value belongs");
 }
 
-bool XmlReader::ReadScalar(Element element, pugi::xml_node node) {
+bool XmlReader::ReadScalar(Element element) {
+  const std::string_view name = scanner_.Name();
   TextInPlace text;
-  if (auto problem = text.Add(node)) return Fail(*std::move(problem));
+  if (scanner_.Is() == Markup::kStartTag && !ReadText(text)) return false;
   const auto wrong = [&] {
     constexpr std::size_t kMostShown = 40;
-    return Fail("no <" + std::string(node.name()) +
+    return Fail("no <" + std::string(name) +
                 ">: " + std::string(text.View().substr(0, kMostShown)));
   };
   std::optional<Object> object;
@@ -252,11 +254,33 @@ bool XmlReader::ReadScalar(Element element, pugi::xml_node node) {
   return true;
 }
 
-void XmlReader::OpenContainer(Element element, pugi::xml_node node) {
+// The text up to the end tag of the element that the scanner is in.
+bool XmlReader::ReadText(TextInPlace& text) {
+  const std::string_view name = scanner_.Name();
+  while (NextMarkup()) {
+    if (!text.AddDecoded(scanner_.Text())) {
+      return Fail("a reference to a character that does not exist");
+    }
+    switch (scanner_.Is()) {
+      case Markup::kEndTag:
+        return true;
+      case Markup::kCData:
+        text.AddVerbatim(scanner_.CData());
+        break;
+      case Markup::kOther:
+        break;
+      default:
+        return Fail("an element in a <" + std::string(name) + ">");
+    }
+  }
+  return false;
+}
+
+void XmlReader::OpenContainer(Element element) {
   const bool is_dict = element == Element::kDict;
   const auto index = static_cast<ObjectIndex>(document_.objects.size());
   AppendObject(Object::Container(is_dict ? Kind::kDict : Kind::kArray, 0, 0));
-  open_.push_back({node.first_child(), index, is_dict, false, children_.size()});
+  open_.push_back({index, is_dict, false, children_.size()});
 }
 
 bool XmlReader::CloseContainer() {
@@ -295,41 +319,32 @@ void XmlReader::AppendObject(const Object& object) {
   document_.objects.push_back(object);
 }
 
-bool XmlReader::Fail(std::string problem) {
-  problem_ = std::move(problem);
+bool XmlReader::Fail(std::string_view problem) {
+  problem_ = problem;
   return false;
 }
 
-std::optional<std::string> TextInPlace::Add(pugi::xml_node node) {
-  bool is_sound = AddPiece(node.value(), true);
-  for (pugi::xml_node piece = node.first_child(); piece; piece = piece.next_sibling()) {
-    if (piece.type() == pugi::node_element) {
-      return "an element in a <" + std::string(node.name()) + ">";
-    }
-    is_sound = is_sound && AddPiece(piece.value(), piece.type() == pugi::node_pcdata);
-  }
-  if (is_sound) return std::nullopt;
-  return "a reference to a character that does not exist";
+bool TextInPlace::AddDecoded(std::span<char> piece) {
+  const std::size_t size = NormalizeLineEnds(piece.data(), piece.size());
+  const std::optional<std::size_t> decoded = DecodeEntities(piece.data(), size);
+  if (decoded) Append(piece.data(), *decoded);
+  return decoded.has_value();
 }
 
-bool TextInPlace::AddPiece(const char* piece, bool has_entities) {
-  auto* text = const_cast<char*>(piece);
-  std::size_t size = std::strlen(piece);
-  if (size == 0) return true;
-  if (has_entities) {
-    const std::optional<std::size_t> decoded = DecodeEntities(text, size);
-    if (!decoded) return false;
-    size = *decoded;
-  }
-  if (begin_ == nullptr) begin_ = text;
-  std::memmove(begin_ + size_, text, size);
+void TextInPlace::AddVerbatim(std::span<char> piece) {
+  Append(piece.data(), NormalizeLineEnds(piece.data(), piece.size()));
+}
+
+void TextInPlace::Append(char* piece, std::size_t size) {
+  if (begin_ == nullptr) begin_ = piece;
+  if (begin_ + size_ != piece) std::memmove(begin_ + size_, piece, size);
   size_ += size;
-  return true;
 }
 
 }  // namespace
 
 std::optional<std::string> ReadXml(std::string& content, Document& document) {
+  if (auto problem = MakeUtf8(content)) return problem;
   return XmlReader(content, document).Read();
 }
 

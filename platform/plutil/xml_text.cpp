@@ -157,6 +157,17 @@ std::optional<std::string> MakeUtf8(std::string& content) {
   return std::nullopt;
 }
 
+std::size_t NormalizeLineEnds(char* text, std::size_t size) {
+  if (size == 0 || std::memchr(text, '\r', size) == nullptr) return size;
+  std::size_t written = 0;
+  for (std::size_t i = 0; i < size; ++i) {
+    const bool is_return = text[i] == '\r';
+    text[written++] = is_return ? '\n' : text[i];
+    if (is_return && i + 1 < size && text[i + 1] == '\n') ++i;
+  }
+  return written;
+}
+
 std::optional<std::size_t> DecodeEntities(char* text, std::size_t size) {
   return EntityDecoder(text, size).Decode();
 }

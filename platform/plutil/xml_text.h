@@ -16,6 +16,10 @@ namespace morvantile::plutil {
 // wrong: it is in UTF-32, not sound UTF-16, or holds a NUL. Bytes that are not UTF-8 are let pass.
 std::optional<std::string> MakeUtf8(std::string& content);
 
+// Makes each line end of the text of `size` bytes, a carriage return, a line feed or both, a line
+// feed, in place, and returns the size of the result.
+std::size_t NormalizeLineEnds(char* text, std::size_t size);
+
 // Replaces the references to characters and the five entities of XML in the text of `size` bytes,
 // in place, and returns the size of the result. An ampersand that begins no reference, as this
 // project's own library writes it, stays. Returns nothing if a reference means no character of

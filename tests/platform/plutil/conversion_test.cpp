@@ -168,6 +168,14 @@ TEST(XmlReader, TakesAnyLayout) {
   }
 }
 
+TEST(XmlReader, PassesOverWhatTheDocumentTypeHolds) {
+  for (const std::string type :
+       {"<!DOCTYPE plist>", "<!DOCTYPE plist SYSTEM '>'>", "<!DOCTYPE plist [<!ENTITY a \">\">]>",
+        "<!DOCTYPE plist [<!-- '> --><?pi '>?>]>"}) {
+    EXPECT_EQ(ToXml(type + "<true/>"), XmlFile("<true/>\n")) << type;
+  }
+}
+
 TEST(XmlReader, TakesUtf16InBothOrders) {
   const std::string text = "<?xml version=\"1.0\" encoding=\"UTF-16\"?><string>\xC3\xA4</string>";
   const std::string big = *Utf16FromUtf8(text);
@@ -191,12 +199,59 @@ TEST(XmlReader, ACarriageReturnAndALineFeedInAKeyComeThrough) {
   EXPECT_EQ(ThroughBinary(XmlFile(elements)), XmlFile(elements));
 }
 
+TEST(XmlReader, EachKindOfLineEndIsALineFeed) {
+  const std::string expected = XmlFile("<string>a\nb\n\nc\nd</string>\n");
+  EXPECT_EQ(ToXml("<string>a\r\nb\r\rc\nd</string>"), expected);
+  EXPECT_EQ(ToXml("<string><![CDATA[a\r\nb\r]]>\rc<!---->\r\nd</string >"), expected);
+}
+
 TEST(XmlReader, ReadsWhatTheLibraryWrites) {
   EXPECT_EQ(ToXml("<array><double>2.50</double><string>a & b &x; &lt;</string>"
                   "<date>987-3-7T08:05:09Z</date><date>2009-03-07</date></array>"),
             XmlFile("<array>\n\t<real>2.5</real>\n\t<string>a &amp; b &amp;x; &lt;</string>\n"
                     "\t<date>0987-03-07T08:05:09Z</date>\n\t<date>2009-03-07T00:00:00Z</date>\n"
                     "</array>\n"));
+}
+
+TEST(XmlReader, RefusesMarkupThatIsNotWellFormed) {
+  for (const std::string xml : {"<",
+                                "<true",
+                                "<true/",
+                                "< true/>",
+                                "<true/ >",
+                                "<1/>",
+                                "<true a/>",
+                                "<true a=1/>",
+                                "<true a='1/>",
+                                "<true a='1'b='2'/>",
+                                "<true></true",
+                                "<true></truex>",
+                                "<true></>",
+                                "</true>",
+                                "<true/></plist>",
+                                "<plist><true/>",
+                                "<array><dict></array></dict>",
+                                "<true/><!-",
+                                "<true/><!-- ",
+                                "<true/><!-- --",
+                                "<true/><?",
+                                "<true/><?pi",
+                                "<true/><? ?>",
+                                "<true/><!ELEMENT a>",
+                                "<array><!DOCTYPE plist></array>",
+                                "<!DOCTYPE plist",
+                                "<!DOCTYPE plist '><true/>",
+                                "<!DOCTYPE plist [<!-- ]><true/>",
+                                "<!DOCTYPE plist [<?pi ]><true/>",
+                                "<!DOCTYPE plist [<true/>",
+                                "<![CDATA[]]><true/>",
+                                "<string><![CDATA[a</string>",
+                                "<true/><?xml version='1.0'?>",
+                                "<?xml version='1.0'><true/>",
+                                "<?xml version='1.0'encoding='UTF-8'?><true/>",
+                                "<?xml version?><true/>"}) {
+    EXPECT_TRUE(Failed(ToXml(xml))) << xml;
+  }
 }
 
 TEST(XmlReader, RefusesWhatItCannotKeep) {
