@@ -68,6 +68,8 @@ bool IsBlank(std::span<const char> text) {
 // CDATA cut it into. Each piece moves towards the beginning, so none is overwritten.
 class TextInPlace {
  public:
+  // Adds a piece as it is.
+  void AddPlain(std::span<char> piece) { Append(piece.data(), piece.size()); }
   // Adds a piece that may hold references; returns false if one means no character.
   bool AddDecoded(std::span<char> piece);
   // Adds a piece that holds none.
@@ -258,7 +260,9 @@ bool XmlReader::ReadScalar(Element element) {
 bool XmlReader::ReadText(TextInPlace& text) {
   const std::string_view name = scanner_.Name();
   while (NextMarkup()) {
-    if (!text.AddDecoded(scanner_.Text())) {
+    if (scanner_.IsPlain()) {
+      text.AddPlain(scanner_.Text());
+    } else if (!text.AddDecoded(scanner_.Text())) {
       return Fail("a reference to a character that does not exist");
     }
     switch (scanner_.Is()) {

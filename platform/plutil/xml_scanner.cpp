@@ -30,7 +30,11 @@ CharacterClass ClassOf(char character) { return kClasses[static_cast<unsigned ch
 }  // namespace
 
 XmlScanner::XmlScanner(std::string& content)
-    : begin_(content.data()), end_(begin_ + content.size()), at_(begin_) {
+    : begin_(content.data()),
+      end_(begin_ + content.size()),
+      at_(begin_),
+      next_return_(begin_),
+      next_ampersand_(begin_) {
   Take("\xEF\xBB\xBF");
 }
 
@@ -39,6 +43,9 @@ bool XmlScanner::Next() {
   auto* markup = static_cast<char*>(std::memchr(at_, '<', rest));
   if (markup == nullptr) markup = end_;
   text_ = {at_, markup};
+  const bool has_return = LiesInText('\r', next_return_);
+  const bool has_ampersand = LiesInText('&', next_ampersand_);
+  is_plain_ = !has_return && !has_ampersand;
   at_ = markup;
   if (at_ == end_) return open_.empty() ? Found(Markup::kEnd) : Fail("an element is not closed");
   switch (*++at_) {
@@ -59,7 +66,7 @@ bool XmlScanner::TakeStartTag() {
   may_be_declared_ = false;
   for (;;) {
     const bool may_be_attribute = SkipBlanks();
-    if (Take(">")) {
+    if (Take('>')) {
       open_.push_back(name_);
       return Found(Markup::kStartTag);
     }
@@ -74,7 +81,7 @@ bool XmlScanner::TakeEndTag() {
   ++at_;
   if (open_.empty() || !Take(open_.back())) return Fail("an end tag closes another element");
   SkipBlanks();
-  if (!Take(">")) return Fail("an end tag is broken");
+  if (!Take('>')) return Fail("an end tag is broken");
   name_ = open_.back();
   open_.pop_back();
   return Found(Markup::kEndTag);
@@ -133,9 +140,9 @@ bool XmlScanner::SkipDocumentType() {
       case '<':
         if (Take("!--")) {
           if (!SkipPast("-->")) return false;
-        } else if (Take("?")) {
+        } else if (Take('?')) {
           if (!SkipPast("?>")) return false;
-        } else if (Take("!")) {
+        } else if (Take('!')) {
           ++depth;
         } else {
           return false;
@@ -149,6 +156,22 @@ bool XmlScanner::SkipDocumentType() {
     }
   }
   return false;
+}
+
+// `next` is kept from text to text, so that the file is searched once, not each short text.
+bool XmlScanner::LiesInText(char character, char*& next) {
+  if (next < text_.data()) {
+    const auto rest = static_cast<std::size_t>(end_ - text_.data());
+    next = static_cast<char*>(std::memchr(text_.data(), character, rest));
+    if (next == nullptr) next = end_;
+  }
+  return next < text_.data() + text_.size();
+}
+
+bool XmlScanner::Take(char expected) {
+  if (*at_ != expected) return false;
+  ++at_;
+  return true;
 }
 
 bool XmlScanner::Take(std::string_view expected) {
@@ -168,10 +191,10 @@ std::string_view XmlScanner::TakeName() {
 bool XmlScanner::TakeAttribute(std::string_view& name, std::string_view& value) {
   name = TakeName();
   SkipBlanks();
-  if (name.empty() || !Take("=")) return false;
+  if (name.empty() || !Take('=')) return false;
   SkipBlanks();
   const char* quote = at_;
-  if (!Take("\"") && !Take("'")) return false;
+  if (!Take('"') && !Take('\'')) return false;
   if (!SkipPast({quote, 1})) return false;
   value = {quote + 1, at_ - 1};
   return true;

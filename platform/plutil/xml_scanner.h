@@ -39,6 +39,9 @@ class XmlScanner {
   // The text between this piece of markup and the one before, as it stands in the file.
   std::span<char> Text() const { return text_; }
 
+  // Whether the text holds neither a carriage return nor an ampersand.
+  bool IsPlain() const { return is_plain_; }
+
   // Of a tag, the name of its element.
   std::string_view Name() const { return name_; }
 
@@ -60,6 +63,8 @@ class XmlScanner {
   bool TakeCData();
   bool SkipDocumentType();
 
+  bool LiesInText(char character, char*& next);
+  bool Take(char expected);
   bool Take(std::string_view expected);
   std::string_view TakeName();
   bool TakeAttribute(std::string_view& name, std::string_view& value);
@@ -73,6 +78,9 @@ class XmlScanner {
   char* at_;
   Markup markup_ = Markup::kOther;
   std::span<char> text_;
+  bool is_plain_ = true;
+  char* next_return_;  // Looked for anew once a text begins behind it.
+  char* next_ampersand_;
   std::string_view name_;
   std::span<char> cdata_;
   std::string_view encoding_;
