@@ -17,17 +17,36 @@ class TextPiece {
   std::size_t size() const { return size_; }
   void Clear() { size_ = 0; }
 
-  // Adds the parts.
+  // Adds the parts: texts, string literals and characters.
   template <typename... Parts>
   void Add(const Parts&... parts) {
-    char* to = Extend((0 + ... + parts.size()));
-    ((to = Copy(to, parts.data(), parts.size())), ...);
+    char* to = Extend((0 + ... + SizeOf(parts)));
+    ((to = Copy(to, parts)), ...);
   }
 
  private:
-  // Copies as memcpy does, but without a call for the few bytes that most parts have. Gives the
-  // end.
-  static char* Copy(char* to, const char* from, std::size_t size) {
+  static std::size_t SizeOf(std::string_view text) { return text.size(); }
+  static std::size_t SizeOf(char /*character*/) { return 1; }
+  // Of a string literal, whose size the compiler knows.
+  template <std::size_t kSize>
+  static std::size_t SizeOf(const char (&/*literal*/)[kSize]) {
+    return kSize - 1;
+  }
+
+  // The copies give their end.
+  static char* Copy(char* to, char character) {
+    *to = character;
+    return to + 1;
+  }
+  template <std::size_t kSize>
+  static char* Copy(char* to, const char (&literal)[kSize]) {
+    std::memcpy(to, literal, kSize - 1);
+    return to + kSize - 1;
+  }
+  // Copies as memcpy does, but without a call for the few bytes that most texts have.
+  static char* Copy(char* to, std::string_view text) {
+    const char* const from = text.data();
+    const std::size_t size = text.size();
     if (size >= 8 && size <= 16) {
       CopyEnds<std::uint64_t>(to, from, size);
     } else if (size >= 4 && size < 8) {

@@ -12,8 +12,6 @@
 
 namespace morvantile {
 
-using std::string_view_literals::operator""sv;
-
 namespace {
 
 constexpr std::size_t kPieceSize = std::size_t{512} * 1024;  // beyond what a file buffers
@@ -58,7 +56,7 @@ void TreeText::WriteEntry(Level& level) {
   if (!level.node->isArray) WriteKey(entries.Key(level.position), entry.hasMark);
   ++level.position;
   if (entry.isContainer) {
-    level.childName = SameText(entry.type.View(), "dict") ? "dict" : "array";
+    level.childName = entry.type.Is(TypeWord::kDict) ? "dict" : "array";
     level.child = entry.child;
   } else {
     WriteScalar(entry);
@@ -66,21 +64,21 @@ void TreeText::WriteEntry(Level& level) {
 }
 
 void TreeText::WriteKey(std::string_view key, bool has_mark) {
-  WriteLine("<key>"sv, key, "</key>"sv);
-  if (form_ == Form::kDump) WriteLine(has_mark ? "<search/>"sv : "<nosearch/>"sv);
+  WriteLine("<key>", key, "</key>");
+  if (form_ == Form::kDump) has_mark ? WriteLine("<search/>") : WriteLine("<nosearch/>");
 }
 
 void TreeText::WriteScalar(const Entry& entry) {
   const std::string_view type = entry.type.View();
   const std::string_view text = Encoded(entry.text.View());
-  if (SameText(type, "data")) {
-    WriteLine("<data>"sv);
+  if (entry.type.Is(TypeWord::kData)) {
+    WriteLine("<data>");
     WriteLine(text);
-    WriteLine("</data>"sv);
-  } else if (SameText(type, "boolean")) {
-    WriteLine(SameText(text, "true") ? "<true/>"sv : "<false/>"sv);
+    WriteLine("</data>");
+  } else if (entry.type.Is(TypeWord::kBoolean)) {
+    SameText(text, "true") ? WriteLine("<true/>") : WriteLine("<false/>");
   } else {
-    WriteLine("<"sv, type, ">"sv, text, "</"sv, type, ">"sv);
+    WriteLine("<", type, ">", text, "</", type, ">");
   }
 }
 
@@ -91,10 +89,10 @@ void TreeText::WriteChild(Level& level) {
   level.child = level.repeats.empty() ? 0 : level.repeats[level.child];
   if (!child) return;
   if (child->count() == 0) {
-    WriteLine("<"sv, level.childName, "/>"sv);
+    WriteLine("<", level.childName, "/>");
     return;
   }
-  WriteLine("<"sv, level.childName, ">"sv);
+  WriteLine("<", level.childName, ">");
   indentation_ += '\t';
   Enter(*child, level.childName);
 }
@@ -126,7 +124,7 @@ void TreeText::Leave() {
   levels_.pop_back();
   if (levels_.empty()) return;
   indentation_.pop_back();
-  WriteLine("</"sv, name, ">"sv);
+  WriteLine("</", name, ">");
 }
 
 // The text with its brackets escaped, until the next call.
@@ -139,7 +137,7 @@ std::string_view TreeText::Encoded(std::string_view text) {
 
 template <typename... Parts>
 void TreeText::WriteLine(const Parts&... parts) {
-  text_.Add(indentation_, parts..., form_ == Form::kFile ? "\n"sv : "\r"sv);
+  text_.Add(indentation_, parts..., form_ == Form::kFile ? '\n' : '\r');
 }
 
 void TreeText::Flush(std::size_t size) {

@@ -10,6 +10,8 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/base/text.h"
+
 namespace morvantile {
 
 // A type word in eight bytes. The words that the library itself stores take no other memory; any
@@ -50,6 +52,11 @@ class TypeWord {
       return;
     }
     *this = TypeWord(new OwnWord(word));
+  }
+
+  // Whether the word is `known`, without regard to letter case.
+  bool Is(Known known) const {
+    return IsKnown() ? word_ == &kKnown[known] : SameText(View(), kKnown[known].view);
   }
 
   // The word; the bytes belong to the object and go with it.
