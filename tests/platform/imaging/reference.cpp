@@ -78,9 +78,10 @@ std::string Described(const char* what, int x, int y, const std::uint8_t* got,
 bool IsClose(const std::uint8_t* got, const ExactPixel& want) {
   if (std::abs(got[3] - want[3]) > 1) return false;
   for (std::size_t c = 0; c < 3; ++c) {
+    const bool is_opaque = got[3] == 255;
     const double difference =
-        got[3] == 255 ? got[c] - want[c] : (got[c] * got[3] - want[c] * want[3]) / 255;
-    if (std::abs(difference) > 1) return false;
+        is_opaque ? got[c] - want[c] : (got[c] * got[3] - want[c] * want[3]) / 255;
+    if (std::abs(difference) > (is_opaque ? 1 : 1.5)) return false;
   }
   return true;
 }

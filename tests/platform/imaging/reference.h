@@ -19,7 +19,8 @@ using ExactPixel = std::array<double, 4>;
 std::vector<ExactPixel> ExactlyResampled(const Picture& source, int width, int height);
 
 // Where `result` is more than one level off the exact picture, "" if nowhere: a channel of a pixel
-// whose alpha is 255, and alpha and the colours times alpha elsewhere.
+// whose alpha is 255, and alpha elsewhere. A colour times alpha may be one and a half off there: of
+// that, the rounding of the two bytes to the nearest can take one.
 std::string FirstDifference(const Picture& result, const std::vector<ExactPixel>& exact);
 
 // What a picture is filled with.
