@@ -1,6 +1,6 @@
 #include "app/prefs_module.h"
 
-#include "platform/base/folder_item.h"
+#include "platform/files/folder_item.h"
 
 namespace morvantile::PrefsModule {
 namespace {

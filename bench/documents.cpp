@@ -5,7 +5,7 @@
 #include <random>
 #include <stdexcept>
 
-#include "platform/base/text_output_stream.h"
+#include "platform/files/text_output_stream.h"
 #include "plist/plist.h"
 
 namespace morvantile {

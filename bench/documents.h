@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/base/folder_item.h"
+#include "platform/files/folder_item.h"
 
 namespace morvantile {
 

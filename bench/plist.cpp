@@ -12,7 +12,7 @@
 
 #include "bench/documents.h"
 #include "bench/peers.h"
-#include "platform/base/shell.h"
+#include "platform/process/shell.h"
 
 namespace morvantile {
 namespace {

@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "binding/record.h"
-#include "platform/base/text.h"
+#include "platform/text/text.h"
 #include "plist/plistDict.h"
 
 namespace morvantile {

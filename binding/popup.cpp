@@ -1,7 +1,7 @@
 // Popup menus kept in a tree.
 
 #include "binding/record.h"
-#include "platform/base/text.h"
+#include "platform/text/text.h"
 #include "platform/ui/popup_menu.h"
 #include "plist/plistDict.h"
 

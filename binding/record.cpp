@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "platform/base/text.h"
+#include "platform/text/text.h"
 
 namespace morvantile {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/base/text.h"
+#include "platform/text/text.h"
 #include "plist/plistDict.h"
 
 namespace morvantile {

@@ -1,6 +1,6 @@
 #include "dialogs/prefixed_label.h"
 
-#include "platform/base/text.h"
+#include "platform/text/text.h"
 
 namespace morvantile {
 

@@ -5,9 +5,9 @@
 #include <string>
 
 #include "dialogs/info_window.h"
-#include "platform/base/number.h"
-#include "platform/base/text.h"
+#include "platform/core/number.h"
 #include "platform/imaging/scaler.h"
+#include "platform/text/text.h"
 #include "platform/ui/clipboard.h"
 #include "platform/ui/localized.h"
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "fuzz/require.h"
-#include "platform/base/text.h"
+#include "platform/text/text.h"
 #include "plist/plist.h"
 #include "plist/plistDict.h"
 

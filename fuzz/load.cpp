@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "fuzz/invariants.h"
-#include "tests/platform/base/scratch_folder.h"
+#include "tests/platform/files/scratch_folder.h"
 #include "tests/plist/sketch.h"
 
 namespace morvantile {

@@ -8,7 +8,7 @@
 #include <cstdint>
 
 #include "fuzz/require.h"
-#include "platform/qt/picture_image.h"
+#include "platform/qt/clipboard/picture_image.h"
 
 namespace morvantile {
 namespace {

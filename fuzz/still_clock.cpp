@@ -1,4 +1,4 @@
-#include "platform/base/time.h"
+#include "platform/core/time.h"
 
 namespace morvantile {
 

@@ -64,7 +64,9 @@ morvantile_library(plist ROOMS morvantile_base morvantile_picture morvantile_ui 
 morvantile_library(plist_qt ROOMS morvantile_attach LINKS PUBLIC lib_plist Qt6::Widgets)
 
 install(
-  DIRECTORY ${CMAKE_SOURCE_DIR}/platform/base ${CMAKE_SOURCE_DIR}/platform/ui
+  DIRECTORY ${CMAKE_SOURCE_DIR}/platform/core ${CMAKE_SOURCE_DIR}/platform/files
+            ${CMAKE_SOURCE_DIR}/platform/process ${CMAKE_SOURCE_DIR}/platform/text
+            ${CMAKE_SOURCE_DIR}/platform/ui
   DESTINATION ${headers}/platform
   COMPONENT dev
   FILES_MATCHING
@@ -78,13 +80,23 @@ install(
   DESTINATION ${headers}/platform/imaging
   COMPONENT dev)
 install(
-  FILES ${CMAKE_SOURCE_DIR}/platform/qt/attach.h
-  DESTINATION ${headers}/platform/qt
+  FILES ${CMAKE_SOURCE_DIR}/platform/qt/attach/attach.h
+  DESTINATION ${headers}/platform/qt/attach
   COMPONENT dev)
 install(
-  FILES ${CMAKE_SOURCE_DIR}/plist/entries.h ${CMAKE_SOURCE_DIR}/plist/plist.h
-        ${CMAKE_SOURCE_DIR}/plist/plistDict.h ${CMAKE_SOURCE_DIR}/plist/type_word.h
+  FILES ${CMAKE_SOURCE_DIR}/plist/cipher.h ${CMAKE_SOURCE_DIR}/plist/plist.h
+        ${CMAKE_SOURCE_DIR}/plist/plistDict.h
   DESTINATION ${headers}/plist
+  COMPONENT dev)
+install(
+  FILES ${CMAKE_SOURCE_DIR}/plist/store/chunked_list.h
+        ${CMAKE_SOURCE_DIR}/plist/store/compact_text.h
+        ${CMAKE_SOURCE_DIR}/plist/store/dictionary.h
+        ${CMAKE_SOURCE_DIR}/plist/store/entries.h
+        ${CMAKE_SOURCE_DIR}/plist/store/key_index.h
+        ${CMAKE_SOURCE_DIR}/plist/store/list_from_one.h
+        ${CMAKE_SOURCE_DIR}/plist/store/type_word.h
+  DESTINATION ${headers}/plist/store
   COMPONENT dev)
 
 configure_package_config_file(MorvantileConfig.cmake.in MorvantileConfig.cmake

@@ -1,6 +1,6 @@
 #include <vector>
 
-#include "platform/base/folding.h"
+#include "platform/text/folding.h"
 #include "plist/plist.h"
 #include "plist/plistDict.h"
 

@@ -1,7 +1,7 @@
 #include "plist/date_text.h"
 
-#include "platform/base/folding.h"
-#include "platform/base/text.h"
+#include "platform/text/folding.h"
+#include "platform/text/text.h"
 
 namespace morvantile {
 namespace {

@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "platform/base/date.h"
+#include "platform/core/date.h"
 #include "plist/plistDict.h"
 
 namespace morvantile {

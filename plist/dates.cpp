@@ -1,5 +1,5 @@
-#include "platform/base/folding.h"
-#include "platform/base/text.h"
+#include "platform/text/folding.h"
+#include "platform/text/text.h"
 #include "plist/date_text.h"
 #include "plist/plistDict.h"
 #include "plist/report.h"

@@ -4,14 +4,14 @@
 #include <system_error>
 #include <utility>
 
-#include "platform/base/binary_stream.h"
-#include "platform/base/cipher.h"
-#include "platform/base/folding.h"
-#include "platform/base/number.h"
-#include "platform/base/shell.h"
-#include "platform/base/text.h"
-#include "platform/base/time.h"
+#include "platform/core/number.h"
+#include "platform/core/time.h"
+#include "platform/files/binary_stream.h"
+#include "platform/process/shell.h"
+#include "platform/text/folding.h"
+#include "platform/text/text.h"
 #include "platform/ui/msg_box.h"
+#include "plist/cipher.h"
 #include "plist/plist.h"
 
 namespace morvantile {

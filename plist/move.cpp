@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <vector>
 
-#include "platform/base/background.h"
-#include "platform/base/date.h"
-#include "platform/base/folding.h"
-#include "platform/base/text.h"
+#include "platform/core/background.h"
+#include "platform/core/date.h"
+#include "platform/text/folding.h"
+#include "platform/text/text.h"
 #include "plist/date_text.h"
 #include "plist/plist.h"
 #include "plist/plistDict.h"

@@ -1,12 +1,12 @@
 #include <utility>
 
-#include "platform/base/exceptions.h"
-#include "platform/base/folding.h"
+#include "platform/core/exceptions.h"
+#include "platform/text/folding.h"
 #include "platform/ui/msg_box.h"
 #include "plist/plist.h"
 #include "plist/plistDict.h"
-#include "plist/prefetch.h"
 #include "plist/report.h"
+#include "plist/store/prefetch.h"
 
 namespace morvantile {
 namespace {

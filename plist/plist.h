@@ -8,9 +8,9 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/base/folder_item.h"
-#include "platform/base/ref.h"
-#include "platform/base/text_input_stream.h"
+#include "platform/core/ref.h"
+#include "platform/files/folder_item.h"
+#include "platform/files/text_input_stream.h"
 #include "plist/plistDict.h"
 
 namespace morvantile {
@@ -134,7 +134,7 @@ class plist : public Object {
   // A new document, as plist(text) makes it. The object that this is called on plays no part.
   virtual Ref<plist> FromString(std::string_view text);
 
-  // asString() encrypted with the Blowfish cipher; platform/base/cipher.h tells the layout and how
+  // asString() encrypted with the Blowfish cipher; plist/cipher.h tells the layout and how
   // to decrypt it. A key of no bytes or of more than 56 gives "" and the report "Could not
   // encrypt".
   virtual std::string Encrypt(std::string_view key);

@@ -9,15 +9,15 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/base/bulk_memory.h"
-#include "platform/base/color.h"
-#include "platform/base/date.h"
-#include "platform/base/list_from_one.h"
-#include "platform/base/ref.h"
-#include "platform/base/text_input_stream.h"
-#include "platform/base/text_output_stream.h"
-#include "platform/base/variant.h"
-#include "plist/entries.h"
+#include "platform/core/bulk_memory.h"
+#include "platform/core/color.h"
+#include "platform/core/date.h"
+#include "platform/core/ref.h"
+#include "platform/core/variant.h"
+#include "platform/files/text_input_stream.h"
+#include "platform/files/text_output_stream.h"
+#include "plist/store/entries.h"
+#include "plist/store/list_from_one.h"
 
 namespace morvantile {
 
@@ -97,7 +97,7 @@ class plistDict : public Object {
   // so do the marks in `searched`. Then, if `read` is set, reads its body from the stream, up to
   // its end tag or the end of the stream. The stream may be null if `read` isn't set.
   //
-  // The text is read by lines; plist/reader.h tells the rules. In short: one element or one
+  // The text is read by lines; plist/xml/reader.h tells the rules. In short: one element or one
   // <key> on a line, whatever its leading blanks. The name of an element becomes the type of the
   // key and its text the value, verbatim but for "&lt;" and "&gt;"; <true/> and <false/> become a
   // "boolean". Keys are not decoded. A value may span lines, which its text then holds with Chr(13)

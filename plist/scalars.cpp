@@ -1,6 +1,6 @@
-#include "platform/base/folding.h"
-#include "platform/base/number.h"
-#include "platform/base/text.h"
+#include "platform/core/number.h"
+#include "platform/text/folding.h"
+#include "platform/text/text.h"
 #include "plist/plistDict.h"
 #include "plist/report.h"
 

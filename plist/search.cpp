@@ -4,12 +4,12 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/base/background.h"
-#include "platform/base/folding.h"
-#include "platform/base/text_search.h"
+#include "platform/core/background.h"
+#include "platform/text/folding.h"
+#include "platform/text/text_search.h"
 #include "plist/plist.h"
 #include "plist/plistDict.h"
-#include "plist/prefetch.h"
+#include "plist/store/prefetch.h"
 
 namespace morvantile {
 

@@ -3,7 +3,7 @@
 #include <QCloseEvent>
 #include <QVBoxLayout>
 
-#include "platform/base/folder_item.h"
+#include "platform/files/folder_item.h"
 
 using morvantile::Attach;
 using morvantile::AttachWindow;

@@ -9,7 +9,7 @@
 #include <QTreeWidget>
 #include <QWidget>
 
-#include "platform/qt/attach.h"
+#include "platform/qt/attach/attach.h"
 #include "plist/plist.h"
 
 // An ordinary Qt window that comes back as it was left. What is special about it is in the last

@@ -1,6 +1,6 @@
 #include "library.h"
 
-#include "platform/base/text.h"
+#include "platform/text/text.h"
 
 using namespace morvantile;
 

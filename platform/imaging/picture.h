@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <memory>
 
-#include "platform/base/ref.h"
+#include "platform/core/ref.h"
 #include "platform/imaging/aligned.h"
 
 namespace morvantile {

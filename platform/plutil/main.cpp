@@ -1,7 +1,7 @@
 // plutil -convert xml1|binary1 [--] FILE
 //
 // Converts the property list FILE between the binary form and XML, in place: the new content is
-// written beside it and takes its name, as platform/base/file_replacement.h says. The status is 0
+// written beside it and takes its name, as platform/files/file_replacement.h says. The status is 0
 // on success. On any failure, a wrong command line included, it is 1, a message is on standard
 // error, and FILE is as it was.
 
@@ -15,10 +15,10 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/base/file_replacement.h"
-#include "platform/base/folder_item.h"
-#include "platform/base/ref.h"
-#include "platform/base/text_input_stream.h"
+#include "platform/core/ref.h"
+#include "platform/files/file_replacement.h"
+#include "platform/files/folder_item.h"
+#include "platform/files/text_input_stream.h"
 #include "platform/plutil/conversion.h"
 
 namespace morvantile::plutil {

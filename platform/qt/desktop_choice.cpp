@@ -3,8 +3,8 @@
 #include <QByteArray>
 #include <QtGlobal>
 
-#include "platform/base/exceptions.h"
-#include "platform/qt/clipboard_wayland.h"
+#include "platform/core/exceptions.h"
+#include "platform/qt/clipboard/clipboard_wayland.h"
 
 namespace morvantile {
 namespace {

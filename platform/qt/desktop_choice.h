@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "platform/qt/system_clipboard.h"
+#include "platform/qt/clipboard/system_clipboard.h"
 
 namespace morvantile {
 

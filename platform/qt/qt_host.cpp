@@ -13,14 +13,14 @@
 #include <cstdio>
 #include <utility>
 
-#include "platform/base/exceptions.h"
-#include "platform/qt/clipboard_qt.h"
+#include "platform/core/exceptions.h"
+#include "platform/qt/clipboard/clipboard_qt.h"
+#include "platform/qt/clipboard/patience.h"
 #include "platform/qt/desktop_choice.h"
 #include "platform/qt/guarded_application.h"
-#include "platform/qt/patience.h"
 #include "platform/qt/theme.h"
 #include "platform/qt/translations.h"
-#include "platform/qt/window_widget.h"
+#include "platform/qt/widgets/window_widget.h"
 #include "platform/ui/application.h"
 
 namespace morvantile {

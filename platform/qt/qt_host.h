@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/qt/stay_behind.h"
+#include "platform/qt/clipboard/stay_behind.h"
 #include "platform/ui/host.h"
 
 namespace morvantile {

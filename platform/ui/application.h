@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "platform/base/ref.h"
+#include "platform/core/ref.h"
 
 namespace morvantile {
 

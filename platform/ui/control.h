@@ -7,7 +7,7 @@
 #include <functional>
 #include <string>
 
-#include "platform/base/ref.h"
+#include "platform/core/ref.h"
 
 namespace morvantile {
 

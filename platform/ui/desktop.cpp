@@ -1,4 +1,4 @@
-#include "platform/base/exceptions.h"
+#include "platform/core/exceptions.h"
 #include "platform/ui/host.h"
 #include "platform/ui/localized.h"
 #include "platform/ui/msg_box.h"

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/base/ref.h"
+#include "platform/core/ref.h"
 #include "platform/imaging/picture.h"
 #include "platform/ui/screen.h"
 

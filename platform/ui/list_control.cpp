@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "platform/base/exceptions.h"
+#include "platform/core/exceptions.h"
 
 namespace morvantile {
 

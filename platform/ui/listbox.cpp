@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/base/exceptions.h"
+#include "platform/core/exceptions.h"
 
 namespace morvantile {
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <utility>
 
-#include "platform/base/ref.h"
+#include "platform/core/ref.h"
 
 namespace morvantile {
 

@@ -1,6 +1,6 @@
 #include "platform/ui/segmented_control.h"
 
-#include "platform/base/exceptions.h"
+#include "platform/core/exceptions.h"
 
 namespace morvantile {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/base/number.h"
+#include "platform/core/number.h"
 #include "platform/ui/host.h"
 
 namespace morvantile {

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/base/ref.h"
+#include "platform/core/ref.h"
 #include "platform/ui/control.h"
 #include "platform/ui/push_button.h"
 

@@ -10,7 +10,7 @@
 #include "platform/ui/segmented_control.h"
 #include "platform/ui/slider.h"
 #include "plist/plist.h"
-#include "tests/platform/base/scratch_folder.h"
+#include "tests/platform/files/scratch_folder.h"
 
 namespace morvantile {
 namespace {

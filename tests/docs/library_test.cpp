@@ -3,8 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "platform/base/text_input_stream.h"
-#include "tests/platform/base/scratch_folder.h"
+#include "platform/files/text_input_stream.h"
+#include "tests/platform/files/scratch_folder.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "contacts_window.h"
-#include "tests/platform/base/scratch_folder.h"
+#include "tests/platform/files/scratch_folder.h"
 
 namespace {
 

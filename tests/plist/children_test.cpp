@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "platform/base/text.h"
+#include "platform/text/text.h"
 #include "platform/ui/headless_host.h"
 #include "tests/plist/sketch.h"
 

@@ -3,7 +3,7 @@
 #include <cstdlib>
 #include <ctime>
 
-#include "platform/base/text.h"
+#include "platform/text/text.h"
 #include "tests/plist/sketch.h"
 
 namespace morvantile {

@@ -4,7 +4,7 @@
 #include <filesystem>
 
 #include "platform/ui/headless_host.h"
-#include "tests/platform/base/scratch_folder.h"
+#include "tests/platform/files/scratch_folder.h"
 #include "tests/plist/sketch.h"
 
 namespace morvantile {

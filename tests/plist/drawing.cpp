@@ -1,6 +1,6 @@
 #include "tests/plist/drawing.h"
 
-#include "platform/base/text.h"
+#include "platform/text/text.h"
 
 namespace morvantile {
 namespace {

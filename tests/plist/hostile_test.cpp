@@ -6,8 +6,8 @@
 #include <cstdlib>
 #include <string>
 
-#include "platform/base/text.h"
-#include "tests/platform/base/scratch_folder.h"
+#include "platform/text/text.h"
+#include "tests/platform/files/scratch_folder.h"
 #include "tests/plist/sketch.h"
 
 namespace morvantile {

@@ -1,9 +1,9 @@
-#include "plist/reader.h"
+#include "plist/xml/reader.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "platform/base/text.h"
+#include "platform/text/text.h"
 #include "tests/plist/sketch.h"
 
 namespace morvantile {

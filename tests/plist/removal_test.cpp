@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "platform/base/text.h"
+#include "platform/text/text.h"
 #include "tests/plist/sketch.h"
 
 namespace morvantile {

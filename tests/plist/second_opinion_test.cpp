@@ -4,10 +4,10 @@
 
 #include <cctype>
 
-#include "platform/base/folding.h"
-#include "platform/base/shell.h"
-#include "platform/base/text.h"
-#include "tests/platform/base/scratch_folder.h"
+#include "platform/process/shell.h"
+#include "platform/text/folding.h"
+#include "platform/text/text.h"
+#include "tests/platform/files/scratch_folder.h"
 #include "tests/plist/drawing.h"
 #include "tests/plist/sketch.h"
 

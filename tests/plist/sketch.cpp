@@ -1,6 +1,6 @@
 #include "tests/plist/sketch.h"
 
-#include "platform/base/folding.h"
+#include "platform/text/folding.h"
 
 namespace morvantile {
 namespace {

@@ -3,8 +3,8 @@
 #include <filesystem>
 #include <string>
 
-#include "platform/base/shell.h"
-#include "tests/platform/base/scratch_folder.h"
+#include "platform/process/shell.h"
+#include "tests/platform/files/scratch_folder.h"
 #include "tests/platform/plutil/convert.h"
 
 namespace morvantile {

@@ -1,0 +1,23 @@
+// Turns for other work during long loops.
+
+#ifndef MORVANTILE_PLATFORM_CORE_BACKGROUND_H
+#define MORVANTILE_PLATFORM_CORE_BACKGROUND_H
+
+namespace morvantile {
+
+// What RuntimeBackgroundTask calls, or null, as it is at first. A host that has work of its own to
+// do puts it here; it runs on the thread of the loop and must not throw.
+using BackgroundTask = void (*)();
+inline constinit BackgroundTask background_task = nullptr;
+
+// Gives other work a turn. Called in each pass of each loop of the library, and costs next to
+// nothing where no host has work.
+inline void RuntimeBackgroundTask() {
+  if (background_task != nullptr) [[unlikely]] {
+    background_task();
+  }
+}
+
+}  // namespace morvantile
+
+#endif  // MORVANTILE_PLATFORM_CORE_BACKGROUND_H

@@ -1,0 +1,27 @@
+#include "platform/files/binary_stream.h"
+
+#include <utility>
+
+namespace morvantile {
+
+Ref<BinaryStream> BinaryStream::Create(const Ref<FolderItem>& file, bool overwrite) {
+  if (!overwrite && file->Exists()) return nullptr;
+  auto replacement = file->BeginReplacement(FileReplacement::Links::kFollow);
+  if (replacement == nullptr) return nullptr;
+  return Ref<BinaryStream>(new BinaryStream(std::move(replacement)));
+}
+
+BinaryStream::BinaryStream(std::unique_ptr<FileReplacement> file) : file_(std::move(file)) {}
+
+void BinaryStream::Write(std::string_view bytes) {
+  if (file_ != nullptr) file_->Append(bytes);
+}
+
+bool BinaryStream::Close() {
+  if (file_ == nullptr) return succeeded_;
+  succeeded_ = file_->Commit();
+  file_ = nullptr;
+  return succeeded_;
+}
+
+}  // namespace morvantile

@@ -1,0 +1,161 @@
+#include "platform/process/shell.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstddef>
+#include <optional>
+
+#include "platform/process/command_environment.h"
+
+namespace morvantile {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr std::size_t kLongestResult = std::size_t{64} * 1024;
+constexpr int kNotRun = 127;
+constexpr int kKilledAtLimit = -1;
+
+// A command that runs, and the pipe that it writes to.
+class RunningCommand {
+ public:
+  explicit RunningCommand(const std::string& command);
+  ~RunningCommand();
+  RunningCommand(const RunningCommand&) = delete;
+  RunningCommand& operator=(const RunningCommand&) = delete;
+
+  // The status of the command once it has ended.
+  std::optional<int> Ended() const;
+  void WaitForNews() const;
+  void ReadOutput(std::string& output);
+  void Kill() const;
+
+ private:
+  int Spawn(const std::string& command, int output);
+
+  pid_t process_ = -1;
+  int output_ = -1;
+};
+
+}  // namespace
+
+Shell::Shell(std::chrono::milliseconds limit) : limit_(limit) {}
+
+void Shell::Execute(const std::string& command) {
+  const Clock::time_point deadline = Clock::now() + limit_;
+  result_.clear();
+  RunningCommand running(command);
+  std::optional<int> status = running.Ended();
+  while (!status && Clock::now() < deadline) {
+    running.WaitForNews();
+    running.ReadOutput(result_);
+    status = running.Ended();
+  }
+  running.ReadOutput(result_);
+  if (!status) running.Kill();
+  error_code_ = status.value_or(kKilledAtLimit);
+}
+
+namespace {
+
+RunningCommand::RunningCommand(const std::string& command) {
+  std::array<int, 2> ends{};
+  if (pipe(ends.data()) != 0) return;
+  for (const int end : ends) fcntl(end, F_SETFD, FD_CLOEXEC);
+  fcntl(ends[0], F_SETFL, O_NONBLOCK);
+  output_ = ends[0];
+  process_ = Spawn(command, ends[1]);
+  close(ends[1]);
+}
+
+int RunningCommand::Spawn(const std::string& command, int output) {
+  posix_spawn_file_actions_t files{};
+  posix_spawn_file_actions_init(&files);
+  posix_spawn_file_actions_addopen(&files, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+  posix_spawn_file_actions_adddup2(&files, output, STDOUT_FILENO);
+  posix_spawn_file_actions_adddup2(&files, output, STDERR_FILENO);
+
+  posix_spawnattr_t attributes{};
+  posix_spawnattr_init(&attributes);
+  sigset_t signals{};
+  sigemptyset(&signals);
+  posix_spawnattr_setsigmask(&attributes, &signals);
+  sigfillset(&signals);
+  posix_spawnattr_setsigdefault(&attributes, &signals);
+  posix_spawnattr_setpgroup(&attributes, 0);
+  posix_spawnattr_setflags(&attributes,
+                           POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
+
+  std::string shell = "sh";
+  std::string option = "-c";
+  std::string text = command;
+  std::array<char*, 4> arguments = {shell.data(), option.data(), text.data(), nullptr};
+  CommandEnvironment environment;
+  pid_t process = -1;
+  const int error = posix_spawn(&process, "/bin/sh", &files, &attributes, arguments.data(),
+                                environment.Pointers());
+  posix_spawnattr_destroy(&attributes);
+  posix_spawn_file_actions_destroy(&files);
+  return error == 0 ? process : -1;
+}
+
+RunningCommand::~RunningCommand() {
+  if (output_ >= 0) close(output_);
+}
+
+std::optional<int> RunningCommand::Ended() const {
+  if (process_ < 0) return kNotRun;
+  int status = 0;
+  const pid_t ended = waitpid(process_, &status, WNOHANG);
+  if (ended == 0 || (ended < 0 && errno == EINTR)) return std::nullopt;
+  if (ended < 0) return kNotRun;
+  return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+}
+
+// Output is news, and so is its end, which comes a moment before the command's own. What a command
+// leaves running may hold the pipe open, so no wait is long.
+void RunningCommand::WaitForNews() const {
+  constexpr int kWhileOutputIsOpen = 20;
+  constexpr int kAfterItsEnd = 1;
+  pollfd output{output_, POLLIN, 0};
+  if (output_ < 0) {
+    poll(nullptr, 0, kAfterItsEnd);
+  } else {
+    poll(&output, 1, kWhileOutputIsOpen);
+  }
+}
+
+// Reads what is there, yet not for ever: a command may write faster than this reads.
+void RunningCommand::ReadOutput(std::string& output) {
+  std::array<char, 65536> piece{};
+  for (int i = 0; i < 16 && output_ >= 0; ++i) {
+    const ssize_t size = read(output_, piece.data(), piece.size());
+    if (size < 0 && (errno == EAGAIN || errno == EINTR)) return;
+    if (size <= 0) {
+      close(output_);
+      output_ = -1;
+      return;
+    }
+    const std::size_t room = kLongestResult - output.size();
+    output.append(piece.data(), std::min(room, static_cast<std::size_t>(size)));
+  }
+}
+
+void RunningCommand::Kill() const {
+  kill(-process_, SIGKILL);
+  int status = 0;
+  while (waitpid(process_, &status, 0) < 0 && errno == EINTR) {
+  }
+}
+
+}  // namespace
+
+}  // namespace morvantile

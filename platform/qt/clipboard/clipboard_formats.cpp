@@ -1,0 +1,25 @@
+#include "platform/qt/clipboard/clipboard_formats.h"
+
+#include "platform/qt/clipboard/picture_image.h"
+
+namespace morvantile {
+
+QStringList PictureFormats(const QStringList& offered) {
+  QStringList formats;
+  for (const char* lossless : {"image/png", "image/bmp", "image/tiff"}) {
+    if (offered.contains(lossless)) formats << lossless;
+  }
+  for (const QString& format : offered) {
+    if (format.startsWith("image/") && !formats.contains(format)) formats << format;
+  }
+  return formats;
+}
+
+QByteArray PictureOffer::In(const QString& format) const {
+  if (format == "image/bmp") return EncodeBmp(picture_);
+  if (format != "image/png") return {};
+  if (png_.isNull()) png_ = EncodePng(picture_);
+  return png_;
+}
+
+}  // namespace morvantile

@@ -1,0 +1,117 @@
+#include "platform/qt/clipboard/clipboard_qt.h"
+
+#include <QClipboard>
+#include <QEventLoop>
+#include <QGuiApplication>
+#include <QMimeData>
+#include <QTimer>
+#include <QWidget>
+#include <QWindow>
+
+#include "platform/qt/clipboard/clipboard_formats.h"
+#include "platform/qt/clipboard/patience.h"
+#include "platform/qt/clipboard/picture_image.h"
+
+namespace morvantile {
+namespace {
+
+constexpr int kFocusPatienceMilliseconds = 1000;
+
+class OfferedPicture : public QMimeData {
+ public:
+  explicit OfferedPicture(const Ref<Picture>& picture) : offer_(picture) {}
+
+  QStringList formats() const override { return PictureOffer::Formats(); }
+  bool hasFormat(const QString& format) const override { return formats().contains(format); }
+
+ protected:
+  QVariant retrieveData(const QString& format, QMetaType /*type*/) const override {
+    return offer_.In(format);
+  }
+
+ private:
+  PictureOffer offer_;
+};
+
+QStringList FormatsOf(const QMimeData& offer) {
+  const Patience patience;
+  return PictureFormats(offer.formats());
+}
+
+QByteArray BytesOf(const QMimeData& offer, const QString& format) {
+  const Patience patience;
+  return offer.data(format);
+}
+
+Ref<Picture> ReadOffer(const QMimeData* offer) {
+  if (offer == nullptr) return nullptr;
+  for (const QString& format : FormatsOf(*offer)) {
+    if (Ref<Picture> picture = DecodePicture(BytesOf(*offer, format))) return picture;
+  }
+  return nullptr;
+}
+
+// Wayland shows the clipboard only to the window with the focus, and at the start there is none: a
+// tiny one gets the focus for as long as it takes.
+class FocusOfOurOwn {
+ public:
+  FocusOfOurOwn() : window_(nullptr, Qt::FramelessWindowHint) {
+    if (QGuiApplication::platformName() != "wayland" || QGuiApplication::focusWindow() != nullptr) {
+      return;
+    }
+    window_.setAttribute(Qt::WA_TranslucentBackground);
+    window_.resize(1, 1);
+    window_.show();
+    QEventLoop loop;
+    QObject::connect(qGuiApp, &QGuiApplication::focusWindowChanged, &loop, &QEventLoop::quit);
+    QTimer::singleShot(kFocusPatienceMilliseconds, &loop, &QEventLoop::quit);
+    loop.exec();
+  }
+
+ private:
+  QWidget window_;
+};
+
+}  // namespace
+
+QtClipboard::QtClipboard() {
+  QObject::connect(QGuiApplication::clipboard(), &QClipboard::dataChanged,
+                   QGuiApplication::instance(), [this] { Forget(); });
+}
+
+Ref<Picture> QtClipboard::ReadPicture() {
+  if (!known_) {
+    const FocusOfOurOwn focus;
+    picture_ = ReadOffer(QGuiApplication::clipboard()->mimeData());
+    known_ = true;
+  }
+  return picture_;
+}
+
+void QtClipboard::WritePicture(const Ref<Picture>& picture) {
+  QGuiApplication::clipboard()->setMimeData(new OfferedPicture(picture));
+}
+
+std::string QtClipboard::ReadText() { return QGuiApplication::clipboard()->text().toStdString(); }
+
+void QtClipboard::WriteText(const std::string& text) {
+  QGuiApplication::clipboard()->setText(QString::fromStdString(text));
+}
+
+bool QtClipboard::Owned() { return QGuiApplication::clipboard()->ownsClipboard(); }
+
+void QtClipboard::Forget() {
+  known_ = false;
+  picture_ = nullptr;
+}
+
+void QtClipboard::ServeUntilTakenOver() {
+  if (!Owned()) return;
+  QEventLoop loop;
+  QObject::connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, &loop, [this, &loop] {
+    if (!Owned()) loop.quit();
+  });
+  loop.exec();
+}
+
+}  // namespace morvantile

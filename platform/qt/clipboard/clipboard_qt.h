@@ -1,0 +1,30 @@
+#ifndef MORVANTILE_PLATFORM_QT_CLIPBOARD_CLIPBOARD_QT_H
+#define MORVANTILE_PLATFORM_QT_CLIPBOARD_CLIPBOARD_QT_H
+
+#include <string>
+
+#include "platform/qt/clipboard/system_clipboard.h"
+
+namespace morvantile {
+
+// The clipboard as the toolkit gives it: that of X11, and of Wayland for a window with the focus.
+class QtClipboard : public SystemClipboard {
+ public:
+  QtClipboard();
+
+  Ref<Picture> ReadPicture() override;
+  void WritePicture(const Ref<Picture>& picture) override;
+  std::string ReadText() override;
+  void WriteText(const std::string& text) override;
+  bool Owned() override;
+  void Forget() override;
+  void ServeUntilTakenOver() override;
+
+ private:
+  bool known_ = false;
+  Ref<Picture> picture_;
+};
+
+}  // namespace morvantile
+
+#endif  // MORVANTILE_PLATFORM_QT_CLIPBOARD_CLIPBOARD_QT_H

@@ -1,0 +1,253 @@
+#include "platform/qt/clipboard/clipboard_wayland.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <unistd.h>
+#include <wayland-client.h>
+
+#include <QStringList>
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstring>
+#include <functional>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "ext-data-control-v1-client.h"
+#include "platform/qt/clipboard/clipboard_formats.h"
+#include "platform/qt/clipboard/patience.h"
+#include "platform/qt/clipboard/picture_image.h"
+#include "platform/qt/clipboard/transfer.h"
+
+namespace morvantile {
+namespace {
+
+constexpr qsizetype kMostBytes = Picture::kMaxBytes;
+constexpr const char* kText = "text/plain;charset=utf-8";
+
+// The older form of the protocol differs in its name only, as far as it is used here.
+wl_interface OlderManager() {
+  wl_interface older = ext_data_control_manager_v1_interface;
+  older.name = "zwlr_data_control_manager_v1";
+  return older;
+}
+
+class DataControlClipboard : public SystemClipboard {
+ public:
+  // Null pointers for what there isn't make a clipboard that isn't Ready.
+  explicit DataControlClipboard(wl_display* display) : display_(display) {
+    signal(SIGPIPE, SIG_IGN);
+    wl_registry_add_listener(wl_display_get_registry(display_), &kRegistryListener, this);
+    wl_display_roundtrip(display_);
+    if (manager_ == nullptr || seat_ == nullptr) return;
+    device_ = ext_data_control_manager_v1_get_data_device(manager_, seat_);
+    ext_data_control_device_v1_add_listener(device_, &kDeviceListener, this);
+    wl_display_roundtrip(display_);
+  }
+  ~DataControlClipboard() override { wl_display_disconnect(display_); }
+  DataControlClipboard(const DataControlClipboard&) = delete;
+  DataControlClipboard& operator=(const DataControlClipboard&) = delete;
+
+  bool Ready() const { return device_ != nullptr; }
+
+  Ref<Picture> ReadPicture() override {
+    wl_display_roundtrip(display_);
+    if (!known_) {
+      picture_ = ReadOffered();
+      known_ = true;
+    }
+    return picture_;
+  }
+
+  void WritePicture(const Ref<Picture>& picture) override {
+    const auto offer = std::make_shared<PictureOffer>(picture);
+    Take(PictureOffer::Formats(), [offer](const QString& format) { return offer->In(format); });
+  }
+
+  std::string ReadText() override {
+    wl_display_roundtrip(display_);
+    if (!formats_.contains(kText)) return "";
+    return Receive(kText).value_or(QByteArray()).toStdString();
+  }
+
+  void WriteText(const std::string& text) override {
+    Take({kText, "UTF8_STRING", "text/plain"},
+         [text](const QString&) { return QByteArray::fromStdString(text); });
+  }
+
+  bool Owned() override {
+    wl_display_roundtrip(display_);
+    return source_ != nullptr;
+  }
+
+  void Forget() override {
+    known_ = false;
+    picture_ = nullptr;
+  }
+
+  void ServeUntilTakenOver() override {
+    while (source_ != nullptr && Flush() && Wait()) {
+      transfers_.Proceed();
+    }
+  }
+
+ private:
+  using Provider = std::function<QByteArray(const QString& format)>;
+
+  // Reading
+
+  Ref<Picture> ReadOffered() {
+    for (const QString& format : PictureFormats(formats_)) {
+      const std::optional<QByteArray> encoded = Receive(format);
+      if (!encoded) return nullptr;  // An owner that hangs would do so in each further form.
+      if (Ref<Picture> picture = DecodePicture(*encoded)) return picture;
+    }
+    return nullptr;
+  }
+
+  std::optional<QByteArray> Receive(const QString& format) {
+    std::array<int, 2> ends{};
+    if (offer_ == nullptr || pipe2(ends.data(), O_CLOEXEC) != 0) return std::nullopt;
+    const OwnedDescriptor from(ends[0]);
+    OwnedDescriptor to(ends[1]);
+    ext_data_control_offer_v1_receive(offer_, format.toUtf8().constData(), to.get());
+    wl_display_flush(display_);
+    to.Close();
+    return ReadAll(from, static_cast<int>(kPatienceWithOwner.count()), kMostBytes);
+  }
+
+  void TakeOffer(ext_data_control_offer_v1* offer) {
+    if (offer_ != nullptr) ext_data_control_offer_v1_destroy(offer_);
+    offer_ = offer;
+    formats_ = offer == nullptr ? QStringList() : std::exchange(announced_, {});
+    Forget();
+  }
+
+  // Writing
+
+  void Take(const QStringList& formats, Provider provider) {
+    ext_data_control_source_v1* source = ext_data_control_manager_v1_create_data_source(manager_);
+    ext_data_control_source_v1_add_listener(source, &kSourceListener, this);
+    for (const QString& format : formats) {
+      ext_data_control_source_v1_offer(source, format.toUtf8().constData());
+    }
+    ext_data_control_device_v1_set_selection(device_, source);
+    source_ = source;
+    provider_ = std::move(provider);
+    wl_display_roundtrip(display_);
+  }
+
+  void Lost(ext_data_control_source_v1* source) {
+    ext_data_control_source_v1_destroy(source);
+    if (source == source_) source_ = nullptr;
+  }
+
+  // Serving
+
+  bool Flush() {
+    while (wl_display_prepare_read(display_) != 0) {
+      if (wl_display_dispatch_pending(display_) < 0) return false;
+    }
+    return wl_display_flush(display_) >= 0 || errno == EAGAIN || Cancel();
+  }
+
+  bool Cancel() {
+    wl_display_cancel_read(display_);
+    return false;
+  }
+
+  // Waits for the compositor or a reader, and handles what the compositor says.
+  bool Wait() {
+    std::vector<pollfd> waits = {{wl_display_get_fd(display_), POLLIN, 0}};
+    transfers_.AppendTo(waits);
+    if (poll(waits.data(), waits.size(), -1) < 0 && errno != EINTR) return Cancel();
+    if (waits[0].revents == 0) {
+      wl_display_cancel_read(display_);
+      return true;
+    }
+    return wl_display_read_events(display_) >= 0 && wl_display_dispatch_pending(display_) >= 0;
+  }
+
+  wl_display* display_;
+  wl_seat* seat_ = nullptr;
+  ext_data_control_manager_v1* manager_ = nullptr;
+  ext_data_control_device_v1* device_ = nullptr;
+  ext_data_control_offer_v1* offer_ = nullptr;
+  ext_data_control_source_v1* source_ = nullptr;
+  QStringList announced_;
+  QStringList formats_;
+  Provider provider_;
+  OutgoingTransfers transfers_;
+  bool known_ = false;
+  Ref<Picture> picture_;
+
+  // What the compositor says
+
+  static DataControlClipboard& Self(void* data) {
+    return *static_cast<DataControlClipboard*>(data);
+  }
+
+  void Bind(wl_registry* registry, std::uint32_t name, const char* interface) {
+    static const wl_interface kOlder = OlderManager();
+    if (std::strcmp(interface, wl_seat_interface.name) == 0 && seat_ == nullptr) {
+      seat_ = static_cast<wl_seat*>(wl_registry_bind(registry, name, &wl_seat_interface, 1));
+      return;
+    }
+    const bool newer = std::strcmp(interface, ext_data_control_manager_v1_interface.name) == 0;
+    const bool older = std::strcmp(interface, kOlder.name) == 0;
+    if (!newer && (!older || manager_ != nullptr)) return;
+    manager_ = static_cast<ext_data_control_manager_v1*>(wl_registry_bind(
+        registry, name, newer ? &ext_data_control_manager_v1_interface : &kOlder, 1));
+  }
+
+  static const wl_registry_listener kRegistryListener;
+  static const ext_data_control_offer_v1_listener kOfferListener;
+  static const ext_data_control_device_v1_listener kDeviceListener;
+  static const ext_data_control_source_v1_listener kSourceListener;
+};
+
+const wl_registry_listener DataControlClipboard::kRegistryListener = {
+    [](void* self, wl_registry* registry, std::uint32_t name, const char* interface,
+       std::uint32_t) { Self(self).Bind(registry, name, interface); },
+    [](void*, wl_registry*, std::uint32_t) {}};
+
+const ext_data_control_offer_v1_listener DataControlClipboard::kOfferListener = {
+    [](void* self, ext_data_control_offer_v1*, const char* format) {
+      Self(self).announced_ << QString::fromUtf8(format);
+    }};
+
+const ext_data_control_device_v1_listener DataControlClipboard::kDeviceListener = {
+    [](void* self, ext_data_control_device_v1*, ext_data_control_offer_v1* offer) {
+      Self(self).announced_.clear();
+      ext_data_control_offer_v1_add_listener(offer, &kOfferListener, self);
+    },
+    [](void* self, ext_data_control_device_v1*, ext_data_control_offer_v1* offer) {
+      Self(self).TakeOffer(offer);
+    },
+    [](void*, ext_data_control_device_v1*) {},
+    [](void*, ext_data_control_device_v1*, ext_data_control_offer_v1* offer) {
+      if (offer != nullptr) ext_data_control_offer_v1_destroy(offer);
+    }};
+
+const ext_data_control_source_v1_listener DataControlClipboard::kSourceListener = {
+    [](void* self, ext_data_control_source_v1*, const char* format, int descriptor) {
+      DataControlClipboard& clipboard = Self(self);
+      clipboard.transfers_.Add(OwnedDescriptor(descriptor),
+                               clipboard.provider_(QString::fromUtf8(format)));
+    },
+    [](void* self, ext_data_control_source_v1* source) { Self(self).Lost(source); }};
+
+}  // namespace
+
+std::unique_ptr<SystemClipboard> OpenDataControlClipboard() {
+  wl_display* display = wl_display_connect(nullptr);
+  if (display == nullptr) return nullptr;
+  auto clipboard = std::make_unique<DataControlClipboard>(display);
+  if (!clipboard->Ready()) return nullptr;
+  return clipboard;
+}
+
+}  // namespace morvantile

@@ -1,0 +1,63 @@
+#include "platform/qt/clipboard/patience.h"
+
+#include <unistd.h>
+#include <xcb/xcb.h>
+
+#include <QGuiApplication>
+#include <condition_variable>
+#include <csignal>
+#include <cstdint>
+#include <mutex>
+#include <stop_token>
+#include <string_view>
+
+namespace morvantile {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr std::chrono::milliseconds kBetweenLooks{100};
+// Less than that is other news than the content of a clipboard.
+constexpr std::uint64_t kLeastProgress = 4096;
+
+void EndWhenSilent(const std::stop_token& over, xcb_connection_t* connection) {
+  std::mutex mutex;
+  std::condition_variable_any never;
+  std::unique_lock lock(mutex);
+  std::uint64_t seen = xcb_total_read(connection);
+  Clock::time_point since = Clock::now();
+  while (!over.stop_requested()) {
+    never.wait_for(lock, over, kBetweenLooks, [] { return false; });
+    const std::uint64_t read = xcb_total_read(connection);
+    if (read - seen >= kLeastProgress) {
+      seen = read;
+      since = Clock::now();
+    }
+    if (Clock::now() - since >= kPatienceWithOwner) _exit(0);
+  }
+}
+
+constexpr unsigned kSecondsForDesktop = 30;
+
+void SayThatItHangs(int /*signal*/) {
+  constexpr std::string_view kMessage = "morvantile: the desktop does not answer\n";
+  static_cast<void>(write(STDERR_FILENO, kMessage.data(), kMessage.size()) < 0);
+  _exit(1);
+}
+
+}  // namespace
+
+void BeginPatienceWithDesktop() {
+  std::signal(SIGALRM, SayThatItHangs);
+  alarm(kSecondsForDesktop);
+}
+
+void EndPatienceWithDesktop() { alarm(0); }
+
+Patience::Patience() {
+  const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+  if (x11 == nullptr) return;
+  watch_ = std::jthread(EndWhenSilent, x11->connection());
+}
+
+}  // namespace morvantile

@@ -1,0 +1,218 @@
+#include "platform/qt/widgets/control_widgets.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QSlider>
+#include <QTreeWidget>
+#include <utility>
+
+#include "platform/qt/attach/control_peer.h"
+#include "platform/qt/attach/row_mirror.h"
+#include "platform/qt/attach/row_selectors.h"
+#include "platform/qt/attach/value_peers.h"
+#include "platform/qt/widgets/canvas_widget.h"
+#include "platform/qt/widgets/fonts.h"
+#include "platform/qt/widgets/segment_bar.h"
+#include "platform/ui/canvas.h"
+#include "platform/ui/label.h"
+#include "platform/ui/listbox.h"
+#include "platform/ui/popup_menu.h"
+#include "platform/ui/push_button.h"
+#include "platform/ui/segmented_control.h"
+#include "platform/ui/slider.h"
+
+namespace morvantile {
+namespace {
+
+constexpr int kSliderTicks = 10;
+
+class ButtonPeer : public PeerOf<PushButton, QPushButton> {
+ public:
+  ButtonPeer(PushButton& button, QPushButton* shown) : PeerOf(button, shown) {
+    // Return is for the default button, wherever the focus is.
+    widget().setAutoDefault(false);
+    widget().setDefault(button.Default);
+    QObject::connect(&widget(), &QPushButton::clicked, &widget(),
+                     [&button] { button.UserPress(); });
+  }
+
+  void ControlChanged() override { widget().setText(QString::fromStdString(control().Caption)); }
+};
+
+class LabelWidget : public QLabel {
+ public:
+  LabelWidget(Label& label, QWidget& parent) : QLabel(&parent), label_(&label) {
+    setTextFormat(Qt::PlainText);
+  }
+
+ protected:
+  void mousePressEvent(QMouseEvent* event) override {
+    if (event->button() != Qt::LeftButton) return;
+    label_->UserMouseDown(static_cast<int>(event->position().x()),
+                          static_cast<int>(event->position().y()));
+  }
+
+ private:
+  Ref<Label> label_;
+};
+
+class LabelPeer : public PeerOf<Label, LabelWidget> {
+ public:
+  LabelPeer(Label& label, LabelWidget* shown) : PeerOf(label, shown) {
+    widget().setAlignment(Alignment());
+    if (label.MouseDown) widget().setCursor(Qt::PointingHandCursor);
+    if (label.TextColor != Label::kThemeColor) SetColor();
+  }
+
+  void ControlChanged() override {
+    const QString text = QString::fromStdString(control().Text());
+    widget().setFont(ShrunkToFit(FontFor(control()), text, control().Width));
+    widget().setText(text);
+  }
+
+ private:
+  Qt::Alignment Alignment() const {
+    switch (control().TextAlign) {
+      case Label::kAlignCenter:
+        return Qt::AlignCenter;
+      case Label::kAlignRight:
+        return Qt::AlignRight | Qt::AlignVCenter;
+      default:
+        return Qt::AlignLeft | Qt::AlignVCenter;
+    }
+  }
+
+  // A colour made for light windows is lifted on a dark one, where it couldn't be read.
+  void SetColor() {
+    QPalette palette = widget().palette();
+    QColor color = QColor::fromRgb(static_cast<QRgb>(control().TextColor));
+    if (palette.color(QPalette::Window).lightness() < 128) {
+      color.setHsl(color.hslHue(), color.hslSaturation(), 180);
+    }
+    palette.setColor(QPalette::WindowText, color);
+    widget().setPalette(palette);
+  }
+};
+
+QSlider::TickPosition TicksOf(const Slider& slider) {
+  switch (slider.TickStyle) {
+    case Slider::kTicksAbove:
+      return QSlider::TicksAbove;
+    case Slider::kTicksBelow:
+      return QSlider::TicksBelow;
+    case Slider::kTicksBoth:
+      return QSlider::TicksBothSides;
+    default:
+      return QSlider::NoTicks;
+  }
+}
+
+class SliderPeer : public PeerOf<Slider, QSlider> {
+ public:
+  SliderPeer(Slider& slider, QSlider* shown) : PeerOf(slider, shown) {
+    widget().setRange(slider.Minimum, slider.Maximum);
+    widget().setSingleStep(slider.LineStep);
+    widget().setPageStep(slider.PageStep);
+    widget().setTracking(slider.LiveScroll);
+    widget().setTickPosition(TicksOf(slider));
+    widget().setTickInterval(kSliderTicks);
+    widget().setValue(slider.Value());
+    QObject::connect(&widget(), &QSlider::valueChanged, &widget(),
+                     [&slider](int value) { slider.SetValue(value); });
+  }
+
+  void ControlChanged() override { widget().setValue(control().Value()); }
+};
+
+class SegmentedPeer : public PeerOf<SegmentedControl, SegmentBar> {
+ public:
+  using PeerOf::PeerOf;
+  void ControlChanged() override { widget().ShowState(control()); }
+};
+
+class CanvasPeer : public PeerOf<Canvas, CanvasWidget> {
+ public:
+  using PeerOf::PeerOf;
+  void ControlChanged() override { widget().update(); }
+};
+
+template <typename P, typename C, typename W>
+ShownControl Shown(C& control, W* widget) {
+  return {widget, std::make_unique<P>(control, widget)};
+}
+
+ShownControl ShownRows(ListControl& list, int columns, QAbstractItemModel& model, auto* widget) {
+  auto mirror = std::make_unique<RowMirror>(list, columns, model, SelectorOf(*widget));
+  FollowSelection(*widget, *mirror);
+  return {widget, std::move(mirror)};
+}
+
+ShownControl ShownList(Listbox& list, QWidget& parent) {
+  auto* tree = new QTreeWidget(&parent);
+  tree->setColumnCount(list.ColumnCount());
+  tree->setHeaderHidden(true);
+  tree->setRootIsDecorated(false);
+  return ShownRows(list, list.ColumnCount(), *tree->model(), tree);
+}
+
+ShownControl ShownMenu(PopupMenu& menu, QWidget& parent) {
+  auto* box = new QComboBox(&parent);
+  return ShownRows(menu, 1, *box->model(), box);
+}
+
+// The widget and peer that fit the control's class; null for one that is not known.
+ShownControl Choose(Control& any, QWidget& parent) {
+  if (auto* button = dynamic_cast<PushButton*>(&any)) {
+    return Shown<ButtonPeer>(*button, new QPushButton(&parent));
+  }
+  if (auto* label = dynamic_cast<Label*>(&any)) {
+    return Shown<LabelPeer>(*label, new LabelWidget(*label, parent));
+  }
+  if (auto* slider = dynamic_cast<Slider*>(&any)) {
+    return Shown<SliderPeer>(*slider, new QSlider(Qt::Horizontal, &parent));
+  }
+  if (auto* segmented = dynamic_cast<SegmentedControl*>(&any)) {
+    return Shown<SegmentedPeer>(*segmented, new SegmentBar(*segmented, parent));
+  }
+  if (auto* canvas = dynamic_cast<Canvas*>(&any)) {
+    return Shown<CanvasPeer>(*canvas, new CanvasWidget(*canvas, parent));
+  }
+  if (auto* list = dynamic_cast<Listbox*>(&any)) return ShownList(*list, parent);
+  if (auto* menu = dynamic_cast<PopupMenu*>(&any)) return ShownMenu(*menu, parent);
+  if (auto* field = dynamic_cast<EditField*>(&any)) {
+    return Shown<EditFieldPeer>(*field, new QLineEdit(&parent));
+  }
+  if (auto* box = dynamic_cast<CheckBox*>(&any)) {
+    return Shown<CheckBoxPeer>(*box, new QCheckBox(QString::fromStdString(box->Caption), &parent));
+  }
+  if (auto* radio = dynamic_cast<RadioButton*>(&any)) {
+    auto* widget = new QRadioButton(QString::fromStdString(radio->Caption), &parent);
+    widget->setAutoExclusive(false);  // the RadioGroup sees to that
+    return Shown<RadioButtonPeer>(*radio, widget);
+  }
+  return {nullptr, nullptr};
+}
+
+void Style(const Control& control, QWidget& widget) {
+  widget.setGeometry(control.Left, control.Top, control.Width, control.Height);
+  widget.setFont(FontFor(control));
+  widget.setToolTip(QString::fromStdString(control.HelpTag));
+  widget.setAccessibleName(QString::fromStdString(control.AccessibleName));
+  widget.setObjectName(QString::fromStdString(control.Name));
+  widget.setEnabled(control.Enabled);
+  widget.setVisible(control.Visible);
+}
+
+}  // namespace
+
+ShownControl Show(Control& control, QWidget& parent) {
+  ShownControl shown = Choose(control, parent);
+  if (shown.widget == nullptr) return shown;
+  Style(control, *shown.widget);
+  shown.peer->ControlChanged();
+  return shown;
+}
+
+}  // namespace morvantile

@@ -1,0 +1,26 @@
+// The widgets behind the controls.
+
+#ifndef MORVANTILE_PLATFORM_QT_WIDGETS_CONTROL_WIDGETS_H
+#define MORVANTILE_PLATFORM_QT_WIDGETS_CONTROL_WIDGETS_H
+
+#include <QWidget>
+#include <memory>
+
+#include "platform/ui/control.h"
+
+namespace morvantile {
+
+// A control that is shown: the widget, which belongs to its parent, and the peer that keeps the two
+// alike for as long as it lives.
+struct ShownControl {
+  QWidget* widget;
+  std::unique_ptr<ControlPeer> peer;
+};
+
+// Makes the widget that shows the control inside `parent`. The widget is null for a class of
+// control that the host doesn't know.
+ShownControl Show(Control& control, QWidget& parent);
+
+}  // namespace morvantile
+
+#endif  // MORVANTILE_PLATFORM_QT_WIDGETS_CONTROL_WIDGETS_H

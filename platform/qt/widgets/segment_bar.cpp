@@ -1,0 +1,110 @@
+#include "platform/qt/widgets/segment_bar.h"
+
+#include <QButtonGroup>
+#include <QPainter>
+#include <QPainterPath>
+
+#include "platform/qt/widgets/fonts.h"
+
+namespace morvantile {
+namespace {
+
+constexpr qreal kRadius = 4;
+
+class SegmentButton : public QAbstractButton {
+ public:
+  enum Ends { kInner = 0, kFirst = 1, kLast = 2 };
+
+  SegmentButton(int ends, QWidget* parent) : QAbstractButton(parent), ends_(ends) {
+    setCheckable(true);
+    setAttribute(Qt::WA_Hover);
+  }
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QPainterPath outline = Outline();
+    painter.fillPath(outline, FillColor());
+    painter.setPen(QPen(BorderColor(), 1));
+    painter.drawPath(outline);
+    if (hasFocus()) DrawFocus(painter);
+    painter.setPen(palette().color(isChecked() ? QPalette::HighlightedText : QPalette::ButtonText));
+    painter.drawText(rect(), Qt::AlignCenter, text());
+  }
+
+ private:
+  // The button's edge. It is rounded only at the ends of the bar, and a button draws over the edge
+  // of its neighbour, so that there is one line between two of them.
+  QPainterPath Outline() const {
+    QRectF box = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
+    if ((ends_ & kLast) == 0) box.setRight(box.right() + 1);
+    QPainterPath path;
+    path.addRoundedRect(box, kRadius, kRadius);
+    if ((ends_ & kFirst) == 0) path.addRect(QRectF(box.left(), box.top(), kRadius, box.height()));
+    if ((ends_ & kLast) == 0) {
+      path.addRect(QRectF(box.right() - kRadius, box.top(), kRadius, box.height()));
+    }
+    path.setFillRule(Qt::WindingFill);
+    return path.simplified();
+  }
+
+  QColor FillColor() const {
+    if (isChecked()) return palette().color(QPalette::Highlight);
+    const QColor base = palette().color(QPalette::Button);
+    return underMouse() ? base.lighter(108) : base;
+  }
+
+  QColor BorderColor() const {
+    const QColor button = palette().color(QPalette::Button);
+    return button.lightness() > 127 ? button.darker(140) : button.lighter(180);
+  }
+
+  void DrawFocus(QPainter& painter) const {
+    QColor ring = palette().color(isChecked() ? QPalette::HighlightedText : QPalette::Highlight);
+    ring.setAlpha(150);
+    painter.setPen(QPen(ring, 1));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(2.5, 2.5, -2.5, -2.5), 2, 2);
+  }
+
+  int ends_;
+};
+
+}  // namespace
+
+SegmentBar::SegmentBar(SegmentedControl& control, QWidget& parent) : QWidget(&parent) {
+  auto* group = new QButtonGroup(this);
+  const int count = control.ItemCount();
+  int left = 0;
+  for (int i = 0; i < count; ++i) {
+    const SegmentedControlItem& item = control.Items(i);
+    const int ends =
+        (i == 0 ? SegmentButton::kFirst : 0) | (i == count - 1 ? SegmentButton::kLast : 0);
+    const int edge = (i == 0 ? 1 : 0) + (i == count - 1 ? 1 : 0);
+    auto* button = new SegmentButton(ends, this);
+    button->setText(QString::fromStdString(item.Title));
+    button->setAccessibleName(QString::fromStdString(item.AccessibleName));
+    button->setFont(FontFor(control));
+    button->setGeometry(left, 0, item.Width + edge, control.Height);
+    left += button->width();
+    group->addButton(button);
+    QObject::connect(button, &QAbstractButton::clicked, button,
+                     [&control, i] { control.UserPress(i); });
+    buttons_.push_back(button);
+  }
+  setFocusPolicy(Qt::NoFocus);
+  ShowState(control);
+}
+
+void SegmentBar::ShowState(SegmentedControl& control) {
+  for (int i = 0; i < control.ItemCount(); ++i) {
+    QAbstractButton* button = buttons_[static_cast<std::size_t>(i)];
+    button->setToolTip(QString::fromStdString(control.Items(i).HelpTag));
+    const bool selected = control.Items(i).Selected();
+    if (selected) button->setChecked(true);
+    // The tab key stops once, at the lit one.
+    button->setFocusPolicy(selected ? Qt::StrongFocus : Qt::ClickFocus);
+  }
+}
+
+}  // namespace morvantile

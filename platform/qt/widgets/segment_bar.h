@@ -1,0 +1,26 @@
+#ifndef MORVANTILE_PLATFORM_QT_WIDGETS_SEGMENT_BAR_H
+#define MORVANTILE_PLATFORM_QT_WIDGETS_SEGMENT_BAR_H
+
+#include <QAbstractButton>
+#include <QWidget>
+#include <vector>
+
+#include "platform/ui/segmented_control.h"
+
+namespace morvantile {
+
+// Buttons side by side, one of which is lit; the arrow keys move the light.
+class SegmentBar : public QWidget {
+ public:
+  SegmentBar(SegmentedControl& control, QWidget& parent);
+
+  // Takes over selection and help tags of the control.
+  void ShowState(SegmentedControl& control);
+
+ private:
+  std::vector<QAbstractButton*> buttons_;
+};
+
+}  // namespace morvantile
+
+#endif  // MORVANTILE_PLATFORM_QT_WIDGETS_SEGMENT_BAR_H

@@ -1,0 +1,131 @@
+#include "platform/qt/widgets/window_widget.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <algorithm>
+#include <utility>
+
+#include "platform/qt/widgets/control_widgets.h"
+
+namespace morvantile {
+namespace {
+
+Qt::WindowFlags FlagsOf(const Window& window) {
+  Qt::WindowFlags flags = Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint;
+  if (window.CloseButton) flags |= Qt::WindowCloseButtonHint | Qt::WindowSystemMenuHint;
+  if (window.MaximizeButton) flags |= Qt::WindowMaximizeButtonHint;
+  if (window.MinimizeButton) flags |= Qt::WindowMinimizeButtonHint;
+  return flags;
+}
+
+bool IsModifier(int key) {
+  return (key >= Qt::Key_Shift && key <= Qt::Key_ScrollLock) || key == Qt::Key_AltGr ||
+         key == Qt::Key_Super_L || key == Qt::Key_Super_R;
+}
+
+// The parts of a widget that can have the focus: itself, or else its children.
+std::vector<QWidget*> FocusTargets(QWidget* widget) {
+  if (widget->focusPolicy() != Qt::NoFocus) return {widget};
+  std::vector<QWidget*> targets;
+  for (QWidget* child : widget->findChildren<QWidget*>()) {
+    if (child->focusPolicy() != Qt::NoFocus) targets.push_back(child);
+  }
+  return targets;
+}
+
+}  // namespace
+
+WindowWidget::WindowWidget(const Ref<Window>& window, QWidget* parent)
+    : QDialog(parent, FlagsOf(*window)), window_(window) {
+  setWindowModality(Qt::ApplicationModal);
+  setWindowTitle(QString::fromStdString(window->Title()));
+  ShowRectangle();
+  MakeControls();
+  window->AttachPeer(this);
+}
+
+WindowWidget::~WindowWidget() { window_->AttachPeer(nullptr); }
+
+void WindowWidget::MakeControls() {
+  std::vector<std::pair<int, QWidget*>> byIndex;
+  for (const Ref<Control>& control : window_->Controls()) {
+    ShownControl shown = Show(*control, *this);
+    if (shown.widget == nullptr) continue;
+    for (QWidget* target : FocusTargets(shown.widget)) {
+      byIndex.emplace_back(control->TabIndex, target);
+    }
+    if (control == window_->InitialFocus) shown.widget->setFocus();
+    peers_.push_back(std::move(shown.peer));
+  }
+  SetTabOrder(std::move(byIndex));
+}
+
+void WindowWidget::SetTabOrder(std::vector<std::pair<int, QWidget*>> byIndex) {
+  std::stable_sort(byIndex.begin(), byIndex.end(),
+                   [](const auto& a, const auto& b) { return a.first < b.first; });
+  for (std::size_t i = 1; i < byIndex.size(); ++i) {
+    setTabOrder(byIndex[i - 1].second, byIndex[i].second);
+  }
+}
+
+void WindowWidget::ShowRectangle() {
+  if (window_->Resizeable) {
+    setMinimumSize(window_->MinWidth, window_->MinHeight);
+    setMaximumSize(window_->MaxWidth, window_->MaxHeight);
+  } else {
+    setFixedSize(window_->Width(), window_->Height());
+  }
+  setGeometry(window_->Left(), window_->Top(), window_->Width(), window_->Height());
+}
+
+void WindowWidget::WindowChanged() {
+  setWindowTitle(QString::fromStdString(window_->Title()));
+  ShowRectangle();
+}
+
+void WindowWidget::WindowClosed() {
+  hide();
+  if (onClosed) onClosed();
+}
+
+void WindowWidget::reject() {
+  const Ref<PushButton> cancel = window_->FindCancelButton();
+  if (cancel != nullptr) {
+    cancel->UserPress();
+  } else {
+    window_->UserClose();
+  }
+}
+
+bool WindowWidget::event(QEvent* event) {
+  const bool handled = QDialog::event(event);
+  if (event->type() == QEvent::WindowActivate) window_->UserActivated();
+  if (event->type() == QEvent::WindowDeactivate) window_->UserDeactivated();
+  return handled;
+}
+
+void WindowWidget::keyPressEvent(QKeyEvent* event) {
+  if (!IsModifier(event->key())) window_->UserKeyDown(event->text().toStdString());
+  if (!window_->Closed()) QDialog::keyPressEvent(event);
+}
+
+void WindowWidget::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  window_->UserClose();
+}
+
+void WindowWidget::moveEvent(QMoveEvent* event) {
+  QDialog::moveEvent(event);
+  TellRectangle();
+}
+
+void WindowWidget::resizeEvent(QResizeEvent* event) {
+  QDialog::resizeEvent(event);
+  TellRectangle();
+}
+
+void WindowWidget::TellRectangle() {
+  if (isVisible()) window_->UserMoved(geometry().x(), geometry().y(), width(), height());
+}
+
+}  // namespace morvantile

@@ -1,0 +1,47 @@
+#ifndef MORVANTILE_PLATFORM_QT_WIDGETS_WINDOW_WIDGET_H
+#define MORVANTILE_PLATFORM_QT_WIDGETS_WINDOW_WIDGET_H
+
+#include <QDialog>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "platform/ui/window.h"
+
+namespace morvantile {
+
+// Shows a window and its controls, and tells the window what the user does.
+class WindowWidget : public QDialog, private WindowPeer {
+ public:
+  WindowWidget(const Ref<Window>& window, QWidget* parent);
+  ~WindowWidget() override;
+  WindowWidget(const WindowWidget&) = delete;
+  WindowWidget& operator=(const WindowWidget&) = delete;
+
+  // Called once, when the window has closed.
+  std::function<void()> onClosed;
+
+  void reject() override;
+
+ protected:
+  bool event(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void WindowChanged() override;
+  void WindowClosed() override;
+  void ShowRectangle();
+  void MakeControls();
+  void SetTabOrder(std::vector<std::pair<int, QWidget*>> byIndex);
+  void TellRectangle();
+
+  Ref<Window> window_;
+  std::vector<std::unique_ptr<ControlPeer>> peers_;
+};
+
+}  // namespace morvantile
+
+#endif  // MORVANTILE_PLATFORM_QT_WIDGETS_WINDOW_WIDGET_H

@@ -1,0 +1,143 @@
+#include "plist/store/entries.h"
+
+#include <utility>
+
+#include "platform/core/exceptions.h"
+
+namespace morvantile {
+namespace {
+
+bool IsEmpty(const Entry& entry) { return !entry.hasText && !entry.hasMark && entry.child == 0; }
+
+void ForgetText(Entry& entry) {
+  entry.text = CompactText<24>();
+  entry.hasText = false;
+}
+
+void ForgetMark(Entry& entry) { entry.mark = entry.hasMark = false; }
+
+void MoveMark(Entry& from, Entry& to) {
+  if (!from.hasMark) return;
+  to.SetMark(from.mark);
+  ForgetMark(from);
+}
+
+}  // namespace
+
+Entry* Entries::Find(std::string_view key) {
+  Entry* const listed = listed_.Find(key);
+  if (listed != nullptr || aside_ == nullptr) return listed;
+  return aside_->Find(key);
+}
+
+Entry& Entries::FindOrAdd(std::string_view key) {
+  Entry* const entry = Find(key);
+  return entry != nullptr ? *entry : Aside().FindOrAdd(key);
+}
+
+void Entries::Unlist(std::string_view key) {
+  Entry* const entry = listed_.Find(key);
+  if (entry == nullptr) return;
+  Keep(key, std::move(*entry));
+  listed_.Remove(key);
+}
+
+void Entries::UnlistAll() {
+  for (std::size_t i = 0; i < listed_.Count(); ++i) {
+    Keep(listed_.Key(i), std::move(listed_.ValueAt(i)));
+  }
+  listed_.Clear();
+}
+
+void Entries::Tidy(std::string_view key) {
+  if (aside_ == nullptr) return;
+  const Entry* const entry = aside_->Find(key);
+  if (entry != nullptr && IsEmpty(*entry)) aside_->Remove(key);
+}
+
+void Entries::Renumber(std::string_view from, std::string_view to) {
+  if (!listed_.Rename(from, to)) return;
+  Entry& entry = listed_.Value(to);
+  Entry left;
+  MoveMark(entry, left);
+  if (aside_ != nullptr) {
+    if (Entry* const known = aside_->Find(to)) MoveMark(*known, entry);
+    Tidy(to);
+  }
+  Keep(from, std::move(left));
+}
+
+Entry& Entries::TakeFromAside(Entry& entry, std::string_view key) {
+  if (Entry* const known = aside_->Find(key)) {
+    entry = std::move(*known);
+    aside_->Remove(key);
+  }
+  return entry;
+}
+
+Dictionary<Entry>& Entries::Aside() {
+  if (aside_ == nullptr) aside_ = std::make_unique<Dictionary<Entry>>();
+  return *aside_;
+}
+
+// Keeps aside what is known of a key besides its type.
+void Entries::Keep(std::string_view key, Entry entry) {
+  if (IsEmpty(entry)) return;
+  entry.type = TypeWord();
+  entry.hasType = false;
+  Aside().FindOrAdd(key) = std::move(entry);
+}
+
+std::string Types::Value(std::string_view key) const {
+  return std::string(entries_.Listed().Value(key).type.View());
+}
+
+std::size_t Values::Count() const {
+  std::size_t count = 0;
+  entries_.ForEach([&](const Entry& entry) { count += entry.hasText ? 1 : 0; });
+  return count;
+}
+
+bool Values::HasKey(std::string_view key) const {
+  const Entry* const entry = entries_.Find(key);
+  return entry != nullptr && entry->hasText;
+}
+
+std::string Values::Value(std::string_view key) const {
+  if (!HasKey(key)) throw KeyNotFoundException(std::string(key));
+  return std::string(entries_.Find(key)->text.View());
+}
+
+void Values::Remove(std::string_view key) {
+  if (!HasKey(key)) return;
+  ForgetText(*entries_.Find(key));
+  entries_.Tidy(key);
+}
+
+void Values::Clear() { entries_.ForEach(ForgetText); }
+
+std::size_t Searched::Count() const {
+  std::size_t count = 0;
+  entries_.ForEach([&](const Entry& entry) { count += entry.hasMark ? 1 : 0; });
+  return count;
+}
+
+bool Searched::HasKey(std::string_view key) const {
+  const Entry* const entry = entries_.Find(key);
+  return entry != nullptr && entry->hasMark;
+}
+
+bool Searched::Value(std::string_view key) const {
+  if (!HasKey(key)) throw KeyNotFoundException(std::string(key));
+  return entries_.Find(key)->mark;
+}
+
+void Searched::Remove(std::string_view key) {
+  if (!HasKey(key)) return;
+  ForgetMark(*entries_.Find(key));
+  entries_.Tidy(key);
+}
+
+void Searched::Clear() { entries_.ForEach(ForgetMark); }
+
+}  // namespace morvantile

@@ -1,0 +1,172 @@
+// What a node knows of its keys.
+
+#ifndef MORVANTILE_PLIST_STORE_ENTRIES_H
+#define MORVANTILE_PLIST_STORE_ENTRIES_H
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/text/folding.h"
+#include "plist/store/compact_text.h"
+#include "plist/store/dictionary.h"
+#include "plist/store/type_word.h"
+
+namespace morvantile {
+
+// Whether a type word is "dict" or "array".
+inline bool IsContainer(std::string_view type) {
+  if (type.size() < 2) return false;
+  return (MayBeLetter(type[0], 'd') && MayBeLetter(type[1], 'i') && SameText(type, "dict")) ||
+         (MayBeLetter(type[0], 'a') && SameText(type, "array"));
+}
+
+// What a node knows of one key. Each part stands for an entry in one of the node's properties: the
+// type word in `types`, the text in `values`, the mark in `searched`, the child in `childrenNames`.
+struct Entry {
+  TypeWord type;
+  CompactText<24> text;
+  std::uint32_t child = 0;  // the first place of the key in childrenNames, 0 for none
+  bool hasType = false;
+  bool isContainer = false;
+  bool hasText = false;
+  bool hasMark = false;
+  bool mark = false;
+
+  void SetType(std::string_view word) {
+    if (hasType && type.View() == word) return;
+    type.Assign(word);
+    hasType = true;
+    isContainer = IsContainer(word);
+  }
+  // As SetType, for the word of a scalar.
+  void SetScalarType(TypeWord::Known known) {
+    type = TypeWord(known);
+    hasType = true;
+    isContainer = false;
+  }
+  void SetText(std::string_view value) {
+    text.Assign(value);
+    hasText = true;
+  }
+  void SetMark(bool value) {
+    mark = value;
+    hasMark = true;
+  }
+};
+
+// The keys of a node. One table serves the three dictionaries of a node, so that a key is stored
+// and looked up once for all of them: the keys that have a type are listed, in the order in which
+// they got it; the others, which are few or none, stand aside.
+class Entries {
+ public:
+  Dictionary<Entry>& Listed() { return listed_; }
+  std::size_t Count() const { return listed_.Count(); }
+
+  // The entry of a key that has a type, or null.
+  Entry* FindListed(std::string_view key) { return listed_.Find(key); }
+
+  // The entry of a key, whatever is known of it; or null.
+  Entry* Find(std::string_view key);
+
+  // The entry of a key, listed from now on. One that is new there has no type; the caller sets it.
+  Entry& List(std::string_view key) {
+    Entry& entry = listed_.FindOrAdd(key);
+    return entry.hasType || aside_ == nullptr ? entry : TakeFromAside(entry, key);
+  }
+
+  // The entry of a key, which stands aside if it is new.
+  Entry& FindOrAdd(std::string_view key);
+
+  // Takes the type of the key away, and does nothing without one. What else is known of it stays.
+  void Unlist(std::string_view key);
+
+  // The same for all keys.
+  void UnlistAll();
+
+  // Forgets a key that stands aside if nothing is known of it any more.
+  void Tidy(std::string_view key);
+
+  // Calls `work` with every entry.
+  template <typename Work>
+  void ForEach(const Work& work) {
+    for (std::size_t i = 0; i < listed_.Count(); ++i) work(listed_.ValueAt(i));
+    if (aside_ == nullptr) return;
+    for (std::size_t i = 0; i < aside_->Count(); ++i) work(aside_->ValueAt(i));
+  }
+
+  // Gives the element of one number the number before it, which must be free: its type, its text
+  // and its child go there, at its place in the order; the mark stays under the number.
+  void Renumber(std::string_view from, std::string_view to);
+
+ private:
+  Entry& TakeFromAside(Entry& entry, std::string_view key);
+  Dictionary<Entry>& Aside();
+  void Keep(std::string_view key, Entry entry);
+
+  Dictionary<Entry> listed_;
+  std::unique_ptr<Dictionary<Entry>> aside_;
+};
+
+// The property `types` of a node: the type word of every key, in the order of the keys. It is a
+// Dictionary over the node's entries, and has the node's lifetime.
+class Types {
+ public:
+  explicit Types(Entries& entries) : entries_(entries) {}
+
+  std::size_t Count() const { return entries_.Count(); }
+  bool HasKey(std::string_view key) const { return entries_.FindListed(key) != nullptr; }
+  // Throws KeyNotFoundException for a key that isn't there.
+  std::string Value(std::string_view key) const;
+  void SetValue(std::string_view key, std::string_view word) { entries_.List(key).SetType(word); }
+  // The key at a position, from 0 on; throws OutOfBoundsException outside. Constant time.
+  std::string Key(std::size_t position) const {
+    return std::string(entries_.Listed().Key(position));
+  }
+  // Does nothing for a key that isn't there.
+  void Remove(std::string_view key) { entries_.Unlist(key); }
+  void Clear() { entries_.UnlistAll(); }
+
+ private:
+  Entries& entries_;
+};
+
+// The property `values` of a node: the text of every scalar. As Types; Count takes linear time.
+class Values {
+ public:
+  explicit Values(Entries& entries) : entries_(entries) {}
+
+  std::size_t Count() const;
+  bool HasKey(std::string_view key) const;
+  std::string Value(std::string_view key) const;
+  void SetValue(std::string_view key, std::string_view text) {
+    entries_.FindOrAdd(key).SetText(text);
+  }
+  void Remove(std::string_view key);
+  void Clear();
+
+ private:
+  Entries& entries_;
+};
+
+// The property `searched` of a node: whether the running search has delivered a key. As Values.
+class Searched {
+ public:
+  explicit Searched(Entries& entries) : entries_(entries) {}
+
+  std::size_t Count() const;
+  bool HasKey(std::string_view key) const;
+  bool Value(std::string_view key) const;
+  void SetValue(std::string_view key, bool mark) { entries_.FindOrAdd(key).SetMark(mark); }
+  void Remove(std::string_view key);
+  void Clear();
+
+ private:
+  Entries& entries_;
+};
+
+}  // namespace morvantile
+
+#endif  // MORVANTILE_PLIST_STORE_ENTRIES_H

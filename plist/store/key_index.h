@@ -1,0 +1,64 @@
+// The hash table under a Dictionary.
+
+#ifndef MORVANTILE_PLIST_STORE_KEY_INDEX_H
+#define MORVANTILE_PLIST_STORE_KEY_INDEX_H
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace morvantile {
+
+// Finds numbers by the hashes of the keys that they stand for: open addressing, with the hash
+// beside the number, so that a search looks at a key only if its whole hash agrees. Whoever holds
+// the keys says which number is meant.
+class KeyIndex {
+ public:
+  static constexpr std::uint32_t kNone = UINT32_MAX;
+
+  bool IsEmpty() const { return used_ == 0; }
+
+  // The number under `hash` that `is_meant` accepts, or kNone.
+  template <typename IsMeant>
+  std::uint32_t Find(std::uint32_t hash, const IsMeant& is_meant) const {
+    if (used_ == 0) return kNone;
+    for (std::size_t at = hash & mask_; cells_[at].number != kNone; at = (at + 1) & mask_) {
+      if (cells_[at].hash == hash && is_meant(cells_[at].number)) return cells_[at].number;
+    }
+    return kNone;
+  }
+
+  // A hint that a search for `hash` comes soon, which then need not wait for the memory.
+  void Expect(std::uint32_t hash) const { __builtin_prefetch(&cells_[hash & mask_]); }
+
+  // Whether searches are likely to miss the processor's caches.
+  bool IsLarge() const { return cells_.size() > kCellsInCaches; }
+
+  // Adds a number that isn't there yet, other than kNone.
+  void Add(std::uint32_t hash, std::uint32_t number);
+
+  // Takes out a number that is there under `hash`.
+  void Remove(std::uint32_t hash, std::uint32_t number);
+
+  // Takes out everything and makes room for `count` numbers; none gives the memory back.
+  void Reset(std::size_t count);
+
+ private:
+  static constexpr std::size_t kCellsInCaches = std::size_t{1} << 17;
+
+  struct Cell {
+    std::uint32_t hash = 0;
+    std::uint32_t number = kNone;
+  };
+
+  void Resize(std::size_t size);
+  void Place(Cell cell);
+
+  std::vector<Cell> cells_;  // a power of two of them, never more than 3/4 in use
+  std::size_t mask_ = 0;
+  std::size_t used_ = 0;
+};
+
+}  // namespace morvantile
+
+#endif  // MORVANTILE_PLIST_STORE_KEY_INDEX_H

@@ -1,0 +1,347 @@
+#include "plist/xml/reader.h"
+
+#include <algorithm>
+#include <cstring>
+#include <utility>
+
+#include "platform/core/background.h"
+#include "platform/core/bulk_memory.h"
+#include "platform/text/folding.h"
+#include "platform/text/text.h"
+#include "platform/text/text_search.h"
+#include "plist/plist.h"
+#include "plist/xml/brackets.h"
+#include "plist/xml/either_byte.h"
+
+namespace morvantile {
+namespace {
+
+constexpr char kLineSeparator = '\r';
+
+std::string_view WithoutLeadingBlanks(std::string_view line) {
+  const auto* const text = std::find_if(line.begin(), line.end(),
+                                        [](char c) { return static_cast<unsigned char>(c) > ' '; });
+  return {text, line.end()};
+}
+
+// Where the first field of a line ends: in front of the first "<" that follows a ">" and doesn't
+// begin a closing tag. The first ">" of the line is at `at`.
+std::size_t EndOfField(std::string_view line, std::size_t at) {
+  while (at != std::string_view::npos && at + 1 < line.size()) {
+    if (line[at + 1] == '<' && (at + 2 == line.size() || line[at + 2] != '/')) return at + 1;
+    at = line.find('>', at + 1);
+  }
+  return line.size();
+}
+
+// Where "</", `name` and then `end` first stand in the line, as one would find them with InStr;
+// npos if they don't. Long names, which nothing but broken files have, are left to the general
+// search.
+std::size_t FindClosingTag(std::string_view line, std::string_view name, std::string_view end) {
+  constexpr std::size_t kLongName = 64;
+  if (name.size() > kLongName) {
+    Occurrences tags(line, std::string("</").append(name).append(end));
+    return tags.Next() ? tags.Begin() : std::string_view::npos;
+  }
+  for (std::size_t at = line.find("</"); at != std::string_view::npos;
+       at = line.find("</", at + 1)) {
+    const std::string_view rest = line.substr(at + 2);
+    const std::size_t length = LengthOfPrefix(rest, name);
+    if ((length > 0 || name.empty()) && rest.substr(length).starts_with(end)) return at;
+  }
+  return std::string_view::npos;
+}
+
+bool BeginsClosingTag(std::string_view line) {
+  return line.size() >= 2 && line[0] == '<' && line[1] == '/';
+}
+
+bool IsClosingTag(std::string_view line, std::string_view name) {
+  return BeginsClosingTag(line) && line.ends_with('>') &&
+         SameText(line.substr(2, line.size() - 3), name);
+}
+
+// How many bytes the last six characters of the line have if they are "</key>"; else 0.
+std::size_t LengthOfKeyEnd(std::string_view line) {
+  constexpr std::string_view kEnd = "</key>";
+  constexpr std::size_t kMostBytes = 4 * kEnd.size();
+  if (line.ends_with(kEnd)) return kEnd.size();
+  if (!line.ends_with('>')) return 0;
+  const std::string_view tail = line.substr(line.size() - std::min(line.size(), kMostBytes));
+  const std::string end = Right(tail, static_cast<std::int64_t>(kEnd.size()));
+  return SameText(end, kEnd) ? end.size() : 0;
+}
+
+// The bytes of the "<key>" that the line begins with, or 0.
+std::size_t LengthOfKeyTag(std::string_view line) {
+  constexpr std::string_view kTag = "<key>";
+  if (line.size() < kTag.size() || !MayBeLetter(line[1], kTag[1])) return 0;
+  return LengthOfPrefix(line, kTag);
+}
+
+bool IsEndTag(std::string_view line, std::string_view end_tag) {
+  return BeginsClosingTag(line) && SameText(line, end_tag);
+}
+
+bool IsEmptyDict(std::string_view line) {
+  return line.ends_with('>') && line.size() > 1 && line[line.size() - 2] == '/' &&
+         SameText(line, "<dict/>");
+}
+
+// Whether the line is an element of that name, as the writer lays it out, whose text holds neither
+// a tag nor an entity; then that is in `text`.
+template <std::size_t kSize>
+inline bool IsUsual(std::string_view line, const char (&name)[kSize], std::string_view& text) {
+  constexpr std::size_t kName = kSize - 1;
+  constexpr std::size_t kOpening = kName + 2;
+  constexpr std::size_t kClosing = kName + 3;
+  if (line.size() < kOpening + kClosing) return false;
+  const char* const begin = line.data();
+  const char* const end = begin + line.size() - kClosing;
+  if (begin[kOpening - 1] != '>' || end[0] != '<' || end[1] != '/' || end[kClosing - 1] != '>' ||
+      std::memcmp(begin + 1, name, kName) != 0 || std::memcmp(end + 2, name, kName) != 0) {
+    return false;
+  }
+  text = line.substr(kOpening, line.size() - kOpening - kClosing);
+  return !HasEither(text, '<', '&');
+}
+
+}  // namespace
+
+void plistDict::Load(TextInputStream* stream, std::string_view ownName, bool asArray,
+                     const BackRef<plistDict>& above, const BackRef<plist>& document, bool read) {
+  types.Clear();
+  values.Clear();
+  name = ownName;
+  parent = above;
+  rootClass = document;
+  indexOf = -1;
+  isArray = asArray;
+  if (!read) return;
+  const BulkScope scope;
+  Reader(*stream).Read(*this);
+}
+
+std::string plistDict::StripAll(std::string_view text) {
+  return std::string(WithoutLeadingBlanks(text));
+}
+
+void Reader::Read(plistDict& root) {
+  Enter(root);
+  while (innermost_ != nullptr) {
+    Activation& in = *innermost_;
+    if (in.hasFields) {
+      ReadField(in);
+    } else if (in.hasEnded || stream_.AtEOF()) {
+      Leave();
+    } else {
+      ReadLine(in);
+    }
+  }
+}
+
+void Reader::Activation::Begin(plistDict& read) {
+  node = &read;
+  endTag = read.isArray ? "</array>" : "</dict>";
+  for (std::string* text : {&key, &value, &tag, &keptFields}) text->clear();
+  type = TypeWord();
+  valueIn = nullptr;
+  inValue = selfClosed = hasFields = hasEnded = false;
+  fields = {};
+}
+
+void Reader::Enter(plistDict& node) {
+  if (depth_ == activations_.size()) activations_.emplace_back();
+  innermost_ = &activations_[depth_++];
+  innermost_->Begin(node);
+}
+
+void Reader::Leave() {
+  --depth_;
+  innermost_ = depth_ > 0 ? &activations_[depth_ - 1] : nullptr;
+}
+
+void Reader::ReadLine(Activation& in) {
+  if (in.node->isArray && !in.inValue) in.key = Str(++in.node->indexOf);
+  std::string_view line;
+  stream_.ReadLine(line);
+  in.fields = WithoutLeadingBlanks(line);
+  in.hasFields = in.inValue || !ReadUsualLine(in, in.fields);
+  if (!in.keptFields.empty()) in.keptFields = std::string();
+  RuntimeBackgroundTask();
+}
+
+// Takes the lines that most files consist of by a shortcut, to the same result as ReadField: a key,
+// or a scalar on one line. Gives whether the line was one.
+bool Reader::ReadUsualLine(Activation& in, std::string_view line) {
+  if (line.size() < 2 || line[0] != '<') return false;
+  std::string_view text;
+  switch (line[1]) {
+    case 'k':
+      if (!IsUsual(line, "key", text)) return false;
+      RuntimeBackgroundTask();
+      in.key = text;
+      in.node->entries_.Listed().Expect(text);
+      return true;
+    case 's':
+      if (!IsUsual(line, "string", text)) return false;
+      ReadUsualScalar(in, TypeWord::kString, text);
+      return true;
+    case 'i':
+      if (!IsUsual(line, "integer", text)) return false;
+      ReadUsualScalar(in, TypeWord::kInteger, text);
+      return true;
+    case 'r':
+      if (!IsUsual(line, "real", text)) return false;
+      ReadUsualScalar(in, TypeWord::kReal, text);
+      return true;
+    case 'd':
+      if (!IsUsual(line, "date", text)) return false;
+      ReadUsualScalar(in, TypeWord::kDate, text);
+      return true;
+    default:
+      return false;
+  }
+}
+
+void Reader::ReadUsualScalar(Activation& in, TypeWord::Known type, std::string_view text) {
+  RuntimeBackgroundTask();
+  in.selfClosed = false;
+  in.type = TypeWord(type);
+  Entry& entry = in.node->entries_.List(in.key);
+  entry.SetScalarType(type);
+  entry.SetText(text);
+  in.valueIn = &entry;
+}
+
+void Reader::ReadField(Activation& in) {
+  if (in.valueIn != nullptr) in.value = std::exchange(in.valueIn, nullptr)->text.View();
+  const std::size_t bracket = in.fields.find('>');
+  std::string_view line = in.fields.substr(0, EndOfField(in.fields, bracket));
+  in.fields.remove_prefix(line.size());
+  in.hasFields = !in.fields.empty();
+  plistDict* const opened = StepField(in, line, bracket);
+  if (!in.hasFields) in.hasEnded = IsEndTag(line, in.endTag) || IsEmptyDict(line);
+  RuntimeBackgroundTask();
+  if (opened == nullptr) return;
+  // The child's lines take the place of this one in the stream.
+  if (in.hasFields && in.keptFields.empty()) {
+    in.keptFields = in.fields;
+    in.fields = in.keptFields;
+  }
+  Enter(*opened);
+}
+
+// Returns the node to be read next, or null. The first ">" of the line is at `bracket`.
+plistDict* Reader::StepField(Activation& in, std::string_view& line, std::size_t bracket) {
+  if (const std::size_t length = LengthOfKeyTag(line)) {
+    ReadKey(in, line, length);
+    return nullptr;
+  }
+  if (IsEndTag(line, in.endTag)) return nullptr;
+  if (in.inValue && !IsClosingTag(line, in.tag)) {
+    Continue(in, line);
+    return nullptr;
+  }
+  return bracket == std::string_view::npos ? nullptr : ReadTag(in, line, bracket);
+}
+
+void Reader::ReadKey(Activation& in, std::string_view& line, std::size_t length) {
+  line.remove_prefix(length);
+  line.remove_suffix(LengthOfKeyEnd(line));
+  in.key = line;
+  in.node->entries_.Listed().Expect(line);
+}
+
+void Reader::Continue(Activation& in, std::string_view& line) {
+  const std::size_t end = FindClosingTag(line, in.tag, ">");
+  if (end != std::string_view::npos) {
+    line = line.substr(0, end);
+    in.inValue = false;
+  }
+  AppendDecoded(in.value, line);
+  if (!SameText(in.tag, "data")) in.value += kLineSeparator;
+  if (!in.inValue) StoreValue(in, in.node->entries_.FindOrAdd(in.key));
+}
+
+plistDict* Reader::ReadTag(Activation& in, std::string_view& line, std::size_t bracket) {
+  std::string_view tag = line.substr(0, bracket);
+  if (tag.starts_with('<')) tag.remove_prefix(1);
+  const bool is_self_closed = tag.ends_with('/');
+  const bool is_closing = tag.starts_with('/');
+  if (is_self_closed && SameText(tag, "false/")) {
+    ReadBoolean(in, "false");
+  } else if (is_self_closed && SameText(tag, "true/")) {
+    ReadBoolean(in, "true");
+  } else if (is_closing && (SameText(tag.substr(1), in.type.View()) || SameText(tag, "/key"))) {
+    CloseValue(in);
+  } else {
+    OpenElement(in, tag, line);
+  }
+  return OpenChild(in, line);
+}
+
+void Reader::ReadBoolean(Activation& in, std::string_view word) {
+  Entry& entry = in.node->entries_.List(in.key);
+  entry.SetType("boolean");
+  entry.SetText(word);
+  in.type = TypeWord(TypeWord::kBoolean);
+}
+
+void Reader::CloseValue(Activation& in) {
+  in.inValue = false;
+  StoreValue(in, in.node->entries_.FindOrAdd(in.key));
+  in.value.clear();
+}
+
+void Reader::OpenElement(Activation& in, std::string_view tag, std::string_view& line) {
+  std::string_view type = tag;
+  in.selfClosed = type.ends_with('/');
+  if (in.selfClosed) type.remove_suffix(1);
+  in.type.Assign(type);
+  Entry& entry = in.node->entries_.List(in.key);
+  entry.SetType(type);
+  if (entry.isContainer || (in.selfClosed && SameText(type, "dict/"))) return;
+
+  line.remove_prefix(static_cast<std::size_t>(tag.end() - line.begin()) + 1);
+  const std::size_t end = FindClosingTag(line, type, "");
+  if (end == std::string_view::npos) {
+    OpenValue(in, tag, line);
+  } else {
+    in.value = line.substr(0, end);
+    StoreValue(in, entry);
+  }
+}
+
+// Begins a value that goes on in the next lines. Of its first line the text is lost if it holds a
+// ">".
+void Reader::OpenValue(Activation& in, std::string_view tag, std::string_view line) {
+  in.inValue = true;
+  in.tag = tag;
+  in.value.clear();
+  if (line.find('>') != std::string_view::npos) return;
+  AppendDecoded(in.value, line);
+  if (!SameText(in.type.View(), "data")) in.value += kLineSeparator;
+}
+
+// Makes the node of a container, and returns it if it is to be read.
+plistDict* Reader::OpenChild(Activation& in, std::string_view& line) {
+  if (!IsContainer(in.type.View())) return nullptr;
+  const bool is_dict = SameText(in.type.View(), "dict");
+  in.node->NewChild(in.node->entries_.FindOrAdd(in.key), in.key, !is_dict);
+  if (!in.selfClosed) return in.node->children.back().get();
+  if (is_dict) line = {};
+  return nullptr;
+}
+
+void Reader::StoreValue(Activation& in, Entry& entry) {
+  if (in.value.find('&') == std::string::npos) {
+    entry.SetText(in.value);
+  } else {
+    std::string decoded;
+    AppendDecoded(decoded, in.value);
+    entry.SetText(decoded);
+  }
+}
+
+}  // namespace morvantile
