@@ -18,6 +18,7 @@ void InfoWindow::Layout() {
   CloseButton = true;
   Resizeable = false;
   MinimizeButton = false;
+  AccessibleName = Localized("About Morvantile");
 }
 
 void InfoWindow::CreateControls() { CreateControls0(); }

@@ -21,6 +21,8 @@
 #include "platform/qt/guarded_application.h"
 #include "platform/qt/theme.h"
 #include "platform/qt/translations.h"
+#include "platform/qt/widgets/accessible.h"
+#include "platform/qt/widgets/placement.h"
 #include "platform/qt/widgets/window_widget.h"
 #include "platform/ui/application.h"
 
@@ -61,6 +63,7 @@ QtHost::QtHost(int argc, char** argv, StayBehind& stayBehind, SingleInstance& in
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setWindowIcon(QIcon(":/morvantile.png"));
   FollowDesktopTheme();
+  InstallAccessibleWidgets();
   LoadTranslations(QApplication::applicationDirPath() + "/../share/morvantile/translations");
   EndPatienceWithDesktop();
 }
@@ -124,7 +127,7 @@ std::vector<ScreenGeometry> QtHost::Screens() {
   std::vector<ScreenGeometry> screens;
   for (const QScreen* screen : QGuiApplication::screens()) {
     const QSize whole = screen->size();
-    const QRect free = screen->availableGeometry();
+    const QRect free = screen->availableGeometry().translated(-OriginOfScreens());
     screens.push_back(
         {whole.width(), whole.height(), free.x(), free.y(), free.width(), free.height()});
   }

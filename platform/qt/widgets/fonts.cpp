@@ -21,13 +21,14 @@ QFont SystemFont(int pixels) {
 
 }  // namespace
 
-QFont FontFor(const Control& control) {
-  QFont font = SystemFont(control.TextFont == "SmallSystem" ? kSmallSystemPixels : kSystemPixels);
+QFont FontFor(const Control& control, double scale) {
+  const int pixels = control.TextFont == "SmallSystem" ? kSmallSystemPixels : kSystemPixels;
+  QFont font = SystemFont(static_cast<int>(pixels * scale));
   if (control.TextFont != "System" && control.TextFont != "SmallSystem") {
     font.setFamilies({QString::fromStdString(control.TextFont), font.family()});
     if (control.TextFont.ends_with(" Black")) font.setWeight(QFont::Black);
   }
-  if (control.TextSize > 0) font.setPointSize(control.TextSize);
+  if (control.TextSize > 0) font.setPointSizeF(control.TextSize * scale);
   return font;
 }
 

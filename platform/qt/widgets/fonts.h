@@ -10,8 +10,8 @@
 
 namespace morvantile {
 
-// The font that a control asks for by TextFont and TextSize.
-QFont FontFor(const Control& control);
+// The font that a control asks for by TextFont and TextSize, in a window drawn at `scale`.
+QFont FontFor(const Control& control, double scale);
 
 // The font, made smaller as far as `text` needs it to fit into `width` logical pixels.
 QFont ShrunkToFit(QFont font, const QString& text, int width);
