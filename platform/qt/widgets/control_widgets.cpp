@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QSlider>
 #include <QTreeWidget>
 #include <utility>
@@ -38,8 +39,19 @@ class ButtonPeer : public PeerOf<PushButton, QPushButton> {
                      [&button] { button.UserPress(); });
   }
 
-  void ControlChanged() override { widget().setText(QString::fromStdString(control().Caption)); }
+  void ControlChanged() override {
+    widget().setText(QString::fromStdString(control().Caption));
+    FitButtons(*widget().parentWidget());
+  }
 };
+
+// The text, in which a size such as "640 x 480" keeps its order among right-to-left letters: marks
+// isolate it from them.
+QString WithSizesInOrder(QString text) {
+  if (!text.isRightToLeft()) return text;
+  static const QRegularExpression kSize("(\\d+ x \\d+)");
+  return text.replace(kSize, QString(QChar(0x2066)) + "\\1" + QChar(0x2069));
+}
 
 class LabelWidget : public QLabel {
  public:
@@ -66,9 +78,10 @@ class LabelPeer : public PeerOf<Label, LabelWidget> {
     if (label.TextColor != Label::kThemeColor) SetColor();
   }
 
+  // The font never grows again, so that it doesn't flicker while a number changes.
   void ControlChanged() override {
-    const QString text = QString::fromStdString(control().Text());
-    widget().setFont(ShrunkToFit(FontFor(control()), text, control().Width));
+    const QString text = WithSizesInOrder(QString::fromStdString(control().Text()));
+    widget().setFont(ShrunkToFit(widget().font(), text, widget().size()));
     widget().setText(text);
   }
 

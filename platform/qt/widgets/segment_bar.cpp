@@ -84,8 +84,8 @@ SegmentBar::SegmentBar(SegmentedControl& control, QWidget& parent) : QWidget(&pa
     auto* button = new SegmentButton(ends, this);
     button->setText(QString::fromStdString(item.Title));
     button->setAccessibleName(QString::fromStdString(item.AccessibleName));
-    button->setFont(FontFor(control));
     button->setGeometry(left, 0, item.Width + edge, control.Height);
+    button->setFont(ShrunkToFit(FontFor(control), button->text(), button->size() - kButtonMargins));
     left += button->width();
     group->addButton(button);
     QObject::connect(button, &QAbstractButton::clicked, button,
