@@ -32,7 +32,8 @@ class HostOfAllTests : public testing::Environment {
     static std::string rightToLeft = "-reverse";
     static std::array<char*, 3> arguments = {name.data(), rightToLeft.data(), nullptr};
     static StayBehind stayBehind;
-    host = std::make_unique<QtHost>(2, arguments.data(), stayBehind);
+    static SingleInstance instance;
+    host = std::make_unique<QtHost>(2, arguments.data(), stayBehind, instance);
     InstallHost(host.get());
   }
   void TearDown() override {
