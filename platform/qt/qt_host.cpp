@@ -6,6 +6,7 @@
 #include <QDesktopServices>
 #include <QEventLoop>
 #include <QIcon>
+#include <QLocale>
 #include <QMessageBox>
 #include <QScreen>
 #include <QTimer>
@@ -64,7 +65,11 @@ QtHost::QtHost(int argc, char** argv, StayBehind& stayBehind, SingleInstance& in
   QApplication::setWindowIcon(QIcon(":/morvantile.png"));
   FollowDesktopTheme();
   InstallAccessibleWidgets();
-  LoadTranslations(QApplication::applicationDirPath() + "/../share/morvantile/translations");
+  LoadTranslations(QApplication::applicationDirPath() + "/../share/morvantile/translations",
+                   QLocale().uiLanguages());
+  // Rectangles, slider and segments are where the layout puts them, in every language; each text
+  // runs in the direction of its own letters.
+  QApplication::setLayoutDirection(Qt::LeftToRight);
   EndPatienceWithDesktop();
 }
 

@@ -5,6 +5,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QTreeWidget>
 #include <utility>
 
@@ -42,7 +43,10 @@ class ButtonPeer : public PeerOf<PushButton, QPushButton> {
                      [&button] { button.UserPress(); });
   }
 
-  void ControlChanged() override { widget().setText(QString::fromStdString(control().Caption)); }
+  void ControlChanged() override {
+    widget().setText(QString::fromStdString(control().Caption));
+    FitButtons(*widget().parentWidget());
+  }
 };
 
 // Shows by a ring that it has the focus.
@@ -59,6 +63,14 @@ class ButtonWidget : public QPushButton {
                   palette());
   }
 };
+
+// The text, in which a size such as "640 x 480" keeps its order among right-to-left letters: marks
+// isolate it from them.
+QString WithSizesInOrder(QString text) {
+  if (!text.isRightToLeft()) return text;
+  static const QRegularExpression kSize("(\\d+ x \\d+)");
+  return text.replace(kSize, QString(QChar(0x2066)) + "\\1" + QChar(0x2069));
+}
 
 // A label that can be clicked is a link.
 class LabelWidget : public QLabel, public AccessibleWidget {
@@ -92,15 +104,14 @@ class LabelPeer : public PeerOf<Label, LabelWidget> {
     SetColor();
   }
 
+  // The font never grows again, so that it doesn't flicker while a number changes.
   void ControlChanged() override {
-    const QString text = QString::fromStdString(control().Text());
-    widget().setFont(ShrunkToFit(FontFor(control(), Scale()), text, widget().width()));
+    const QString text = WithSizesInOrder(QString::fromStdString(control().Text()));
+    widget().setFont(ShrunkToFit(widget().font(), text, widget().size()));
     widget().setText(text);
   }
 
  private:
-  double Scale() const { return static_cast<double>(widget().height()) / control().Height; }
-
   Qt::Alignment Alignment() const {
     switch (control().TextAlign) {
       case Label::kAlignCenter:

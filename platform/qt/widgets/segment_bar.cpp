@@ -92,8 +92,9 @@ SegmentBar::SegmentBar(SegmentedControl& control, QWidget& parent, double scale)
     auto* button = new SegmentButton(ends, this);
     button->setText(QString::fromStdString(item.Title));
     button->setAccessibleName(QString::fromStdString(item.AccessibleName));
-    button->setFont(FontFor(control, scale));
     button->setGeometry(Scaled({left, 0, item.Width + edge, control.Height}, scale));
+    button->setFont(
+        ShrunkToFit(FontFor(control, scale), button->text(), button->size() - kButtonMargins));
     left += item.Width + edge;
     group->addButton(button);
     QObject::connect(button, &QAbstractButton::clicked, button,
