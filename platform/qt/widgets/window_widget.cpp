@@ -36,7 +36,7 @@ std::vector<QWidget*> FocusTargets(QWidget* widget) {
 }  // namespace
 
 WindowWidget::WindowWidget(const Ref<Window>& window, QWidget* parent)
-    : QDialog(parent, FlagsOf(*window)), window_(window) {
+    : QDialog(parent, FlagsOf(*window)), window_(window), watch_([this] { TellIfDeactivated(); }) {
   setWindowModality(Qt::ApplicationModal);
   setWindowTitle(QString::fromStdString(window->Title()));
   ShowRectangle();
@@ -100,8 +100,12 @@ void WindowWidget::reject() {
 bool WindowWidget::event(QEvent* event) {
   const bool handled = QDialog::event(event);
   if (event->type() == QEvent::WindowActivate) window_->UserActivated();
-  if (event->type() == QEvent::WindowDeactivate) window_->UserDeactivated();
+  if (event->type() == QEvent::WindowDeactivate) TellIfDeactivated();
   return handled;
+}
+
+void WindowWidget::TellIfDeactivated() {
+  if (!isActiveWindow() && AnotherWindowIsActive(*this)) window_->UserDeactivated();
 }
 
 void WindowWidget::keyPressEvent(QKeyEvent* event) {

@@ -31,7 +31,8 @@ class HostOfAllTests : public testing::Environment {
     static std::string name = "test";
     static std::array<char*, 2> arguments = {name.data(), nullptr};
     static StayBehind stayBehind;
-    host = std::make_unique<QtHost>(1, arguments.data(), stayBehind);
+    static SingleInstance instance;
+    host = std::make_unique<QtHost>(1, arguments.data(), stayBehind, instance);
     InstallHost(host.get());
   }
   void TearDown() override {
