@@ -28,7 +28,9 @@ class WidgetGraphics : public Graphics {
       target &= QRect(QPoint(), canvas_);
       source = target.translated(sourceX - x, sourceY - y);
     }
-    painter_.drawImage(target, ImageOver(picture), source);
+    const QImage image = ImageOver(picture);
+    if (picture->metadata.profile == nullptr) return painter_.drawImage(target, image, source);
+    painter_.drawImage(target, InSrgb(image.copy(source)));
   }
 
  private:
