@@ -33,8 +33,11 @@ class Picture : public Object {
   static constexpr std::int64_t kMaxBytes = std::int64_t{1} << 30;
 
   // A picture of `width` x `height` pixels, each at least 1, with storage of its own whose content
-  // is not set. Nil if it would need more than kMaxBytes or memory that there isn't.
-  static Ref<Picture> Create(std::int64_t width, std::int64_t height, bool hasAlpha);
+  // is not set. Rows begin and end at multiples of kAlignment. Nil if it would need more than
+  // kMaxBytes or memory that there isn't. If nobody else holds the picture in `spare` and its
+  // storage is large enough, the new one takes that over.
+  static Ref<Picture> Create(std::int64_t width, std::int64_t height, bool hasAlpha,
+                             Ref<Picture> spare = nullptr);
 
   // A picture over pixels that somebody else made, without a copy. `keeper` owns them and is let
   // go together with the picture; nobody may change them in the meantime.
@@ -61,6 +64,7 @@ class Picture : public Object {
   bool hasAlpha_ = false;
   const std::uint8_t* pixels_ = nullptr;
   AlignedBytes own_;
+  std::size_t ownBytes_ = 0;  // what of `own_` could be used
   std::shared_ptr<const void> keeper_;
 };
 
