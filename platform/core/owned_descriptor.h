@@ -1,5 +1,3 @@
-// A file descriptor that is closed with its owner.
-
 #ifndef MORVANTILE_PLATFORM_CORE_OWNED_DESCRIPTOR_H
 #define MORVANTILE_PLATFORM_CORE_OWNED_DESCRIPTOR_H
 
@@ -9,9 +7,9 @@
 
 namespace morvantile {
 
+// A file descriptor that is closed with the object; a negative one is none.
 class OwnedDescriptor {
  public:
-  // A negative number is no descriptor, as open() returns it.
   explicit OwnedDescriptor(int descriptor = -1) : descriptor_(descriptor) {}
   OwnedDescriptor(OwnedDescriptor&& other) noexcept
       : descriptor_(std::exchange(other.descriptor_, -1)) {}
