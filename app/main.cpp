@@ -12,7 +12,9 @@ namespace {
 int Main(int argc, char** argv) {
   StayBehind stayBehind;
   try {
-    QtHost host(argc, argv, stayBehind);
+    SingleInstance instance;
+    if (instance.AnotherRunAnswered()) return 0;
+    QtHost host(argc, argv, stayBehind, instance);
     InstallHost(&host);
     const Ref<App> app = New<App>();
     return host.Run(*app);

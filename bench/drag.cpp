@@ -108,7 +108,8 @@ int main(int argc, char** argv) {
   const int width = argc > 2 ? std::atoi(argv[1]) : 3840;
   const int height = argc > 2 ? std::atoi(argv[2]) : 2160;
   morvantile::StayBehind stayBehind;
-  morvantile::QtHost host(1, argv, stayBehind);
+  morvantile::SingleInstance instance;
+  morvantile::QtHost host(1, argv, stayBehind, instance);
   morvantile::InstallHost(&host);
   const auto measurement = New<morvantile::Measurement>(width, height);
   measurement->Event_Open();

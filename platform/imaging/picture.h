@@ -6,11 +6,22 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <string>
 
 #include "platform/core/ref.h"
 #include "platform/imaging/aligned.h"
 
 namespace morvantile {
+
+// What a picture says about its pixels. It goes along wherever they go.
+struct PictureMetadata {
+  // The ICC profile of the colours, of the class for RGB data. Null: there is none, and they are
+  // taken for sRGB.
+  std::shared_ptr<const std::string> profile;
+  // The density, in pixels a metre; 0 if it isn't known.
+  int dotsPerMetreX = 0;
+  int dotsPerMetreY = 0;
+};
 
 // The pixels of a picture: `height` rows of `width` pixels of four bytes, blue, green, red, alpha
 // in this order, 0 to 255 each, the colours not multiplied by alpha. Rows begin `stride` bytes
@@ -29,6 +40,8 @@ class Picture : public Object {
   // go together with the picture; nobody may change them in the meantime.
   static Ref<Picture> Wrap(int width, int height, std::ptrdiff_t stride, const std::uint8_t* pixels,
                            bool hasAlpha, std::shared_ptr<const void> keeper);
+
+  PictureMetadata metadata;
 
   int Width() const { return width_; }
   int Height() const { return height_; }

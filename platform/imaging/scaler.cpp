@@ -45,8 +45,15 @@ Workers& SharedWorkers() {
   return workers;
 }
 
+// An empty picture of another size for what is made from the source.
+Ref<Picture> CreateLike(const Picture& source, std::int64_t width, std::int64_t height) {
+  Ref<Picture> picture = Picture::Create(width, height, source.HasAlpha());
+  if (picture != nullptr) picture->metadata = source.metadata;
+  return picture;
+}
+
 Ref<Picture> Copy(const Picture& source) {
-  Ref<Picture> copy = Picture::Create(source.Width(), source.Height(), source.HasAlpha());
+  Ref<Picture> copy = CreateLike(source, source.Width(), source.Height());
   if (copy == nullptr) return nullptr;
   for (int y = 0; y < source.Height(); ++y) {
     std::memcpy(copy->MutableRow(y), source.Row(y), 4 * static_cast<std::size_t>(source.Width()));
@@ -141,7 +148,7 @@ Ref<Picture> ResampleWithThreads(const Ref<Picture>& source, std::int64_t width,
   height = std::max<std::int64_t>(height, 1);
   if (width == source->Width() && height == source->Height()) return Copy(*source);
 
-  Ref<Picture> result = Picture::Create(width, height, source->HasAlpha());
+  Ref<Picture> result = CreateLike(*source, width, height);
   if (result == nullptr) return nullptr;
   try {
     Resampling resampling = ResamplingOf(*source, result->Width(), result->Height());

@@ -21,7 +21,8 @@ namespace morvantile {
 //
 // The result has alpha if the source has. At any other size than the original, the alpha bytes of
 // an opaque result are 255, and a pixel whose alpha comes to 0 is 0 in all channels. The bytes are
-// the same on every processor.
+// the same on every processor. The metadata are those of the source: the colours stay in its colour
+// space, and the density is kept, so that half as many pixels make a print of half the size.
 //
 // The call returns when the work is done. Threads of the scaler's own, started by the first call
 // and asleep between calls, take a part in it; they touch nothing but the pixels.

@@ -6,6 +6,7 @@
 #include <QDesktopServices>
 #include <QEventLoop>
 #include <QIcon>
+#include <QLocale>
 #include <QMessageBox>
 #include <QScreen>
 #include <QTimer>
@@ -14,12 +15,15 @@
 #include <utility>
 
 #include "platform/core/exceptions.h"
+#include "platform/qt/active_window.h"
 #include "platform/qt/clipboard/clipboard_qt.h"
 #include "platform/qt/clipboard/patience.h"
 #include "platform/qt/desktop_choice.h"
 #include "platform/qt/guarded_application.h"
 #include "platform/qt/theme.h"
 #include "platform/qt/translations.h"
+#include "platform/qt/widgets/accessible.h"
+#include "platform/qt/widgets/placement.h"
 #include "platform/qt/widgets/window_widget.h"
 #include "platform/ui/application.h"
 
@@ -43,9 +47,10 @@ struct QtHost::State {
   GuardedApplication application;
   std::unique_ptr<SystemClipboard> clipboard;
   StayBehind* stayBehind = nullptr;
+  SingleInstance* instance = nullptr;
 };
 
-QtHost::QtHost(int argc, char** argv, StayBehind& stayBehind) {
+QtHost::QtHost(int argc, char** argv, StayBehind& stayBehind, SingleInstance& instance) {
   BeginPatienceWithDesktop();
   std::unique_ptr<SystemClipboard> clipboard = ChooseDesktop();
   qInstallMessageHandler(SayOnlyWhatIsFatal);
@@ -54,15 +59,21 @@ QtHost::QtHost(int argc, char** argv, StayBehind& stayBehind) {
   static int argumentCount = argc;
   state_ = std::make_unique<State>(argumentCount, argv);
   state_->stayBehind = &stayBehind;
+  state_->instance = &instance;
   state_->clipboard = clipboard ? std::move(clipboard) : std::make_unique<QtClipboard>();
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setWindowIcon(QIcon(":/morvantile.png"));
   FollowDesktopTheme();
-  LoadTranslations(QApplication::applicationDirPath() + "/../share/morvantile/translations");
+  InstallAccessibleWidgets();
+  LoadTranslations(QApplication::applicationDirPath() + "/../share/morvantile/translations",
+                   QLocale().uiLanguages());
+  // Rectangles, slider and segments are where the layout puts them, in every language; each text
+  // runs in the direction of its own letters.
+  QApplication::setLayoutDirection(Qt::LeftToRight);
   EndPatienceWithDesktop();
 }
 
-QtHost::~QtHost() = default;
+QtHost::~QtHost() { state_->instance->End(); }
 
 int QtHost::Run(Application& application) {
   BeginPatienceWithDesktop();
@@ -73,6 +84,7 @@ int QtHost::Run(Application& application) {
   const int status = QApplication::exec();
   state_->application.RethrowEscaped();
   application.Event_Close();
+  state_->instance->End();
   if (!state_->clipboard->Owned()) return status;
 
   state_->clipboard->Forget();
@@ -91,8 +103,19 @@ void QtHost::ShowModal(const Ref<Window>& window) {
   widget.show();
   widget.raise();
   widget.activateWindow();
+  state_->instance->OnFurtherStart([this] {
+    QMetaObject::invokeMethod(
+        &state_->application, [this] { ShowToFurtherStarts(); }, Qt::QueuedConnection);
+  });
   loop.exec(QEventLoop::DialogExec);
   state_->application.RethrowEscaped();
+}
+
+// Without a window the run is about to end, and its end is the answer.
+void QtHost::ShowToFurtherStarts() {
+  QWidget* shown = QApplication::activeModalWidget();
+  if (shown == nullptr) return;
+  state_->instance->AnswerAll([shown](const std::string& token) { ActivateWindow(*shown, token); });
 }
 
 Ref<Picture> QtHost::ClipboardPicture() { return state_->clipboard->ReadPicture(); }
@@ -109,7 +132,7 @@ std::vector<ScreenGeometry> QtHost::Screens() {
   std::vector<ScreenGeometry> screens;
   for (const QScreen* screen : QGuiApplication::screens()) {
     const QSize whole = screen->size();
-    const QRect free = screen->availableGeometry();
+    const QRect free = screen->availableGeometry().translated(-OriginOfScreens());
     screens.push_back(
         {whole.width(), whole.height(), free.x(), free.y(), free.width(), free.height()});
   }

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/qt/clipboard/stay_behind.h"
+#include "platform/qt/single_instance.h"
 #include "platform/ui/host.h"
 
 namespace morvantile {
@@ -15,9 +16,10 @@ namespace morvantile {
 // The host on X11 and Wayland. One can exist per process.
 class QtHost : public Host {
  public:
-  // Connects to the desktop. `stayBehind` is the second half of the process that Run lets go of.
-  // Throws RuntimeException if there is no desktop.
-  QtHost(int argc, char** argv, StayBehind& stayBehind);
+  // Connects to the desktop. `stayBehind` is the second half of the process that Run lets go of;
+  // `instance` is told of the first window, which a further start of the program brings to the
+  // front, and ended when Run is over for the user. Throws RuntimeException if there is no desktop.
+  QtHost(int argc, char** argv, StayBehind& stayBehind, SingleInstance& instance);
   ~QtHost() override;
 
   Ref<Picture> ClipboardPicture() override;
@@ -38,6 +40,8 @@ class QtHost : public Host {
 
  private:
   struct State;
+  void ShowToFurtherStarts();
+
   std::unique_ptr<State> state_;
 };
 

@@ -44,6 +44,24 @@ class Gestures:
         self.assertEqual(self.pasted('image/png').size, (320, 240))
         self.assertEqual(self.pasted('image/bmp').size, (320, 240))
 
+    def test_a_copied_file_is_a_picture(self):
+        file = self.desktop.folder + '/a picture.png'
+        original = encoded(landscape(640, 480))
+        with open(file, 'wb') as writer:
+            writer.write(original)
+        name = b'file://' + file.replace(' ', '%20').encode() + b'\r\n'
+        self.desktop.copy(name + name, 'text/uri-list')
+        self.finish(self.desktop.start(self.program, stdout=subprocess.PIPE,
+                                       stderr=subprocess.STDOUT))
+        self.assertEqual(self.processes(), [])
+        self.desktop.copy(name, 'text/uri-list')
+        run, _ = self.start()
+        self.desktop.key('Return')
+        self.finish(run)
+        self.assertEqual(self.pasted().size, (320, 240))
+        with open(file, 'rb') as reader:
+            self.assertEqual(reader.read(), original)
+
     def test_mode_and_slider_are_remembered(self):
         self.desktop.copy(encoded(landscape(640, 480)), 'image/png')
         run, _ = self.start()

@@ -2,12 +2,12 @@
 
 import io
 
-from PIL import Image, ImageDraw
+from PIL import Image, ImageCms, ImageDraw
 
 
-def encoded(image, form='PNG'):
+def encoded(image, form='PNG', **options):
     file = io.BytesIO()
-    image.save(file, form)
+    image.save(file, form, **options)
     return file.getvalue()
 
 
@@ -35,3 +35,12 @@ def see_through(width=200, height=100):
     image = Image.new('RGBA', (width, height), (0, 255, 0, 0))
     image.paste((255, 0, 0, 255), (0, 0, width // 2, height))
     return image
+
+
+def swapped_colours(width=200, height=100):
+    """A red PNG, to be shown as green: its profile is sRGB, but with red and green swapped."""
+    profile = ImageCms.ImageCmsProfile(ImageCms.createProfile('sRGB')).tobytes()
+    for old, new in ((b'rXYZ', b'****'), (b'gXYZ', b'rXYZ'), (b'****', b'gXYZ')):
+        profile = profile.replace(old, new)
+    image = Image.new('RGB', (width, height), (255, 0, 0))
+    return encoded(image, icc_profile=profile, dpi=(300, 150))

@@ -10,9 +10,11 @@ import subprocess
 import sys
 import unittest
 
+from PIL import ImageGrab
+
 from desktop import PATIENCE, until
 from gestures import DIALOG, Gestures
-from pictures import decoded, encoded, landscape, see_through
+from pictures import decoded, encoded, landscape, see_through, swapped_colours
 from virtual_display import VirtualDisplay
 
 
@@ -41,6 +43,20 @@ class OnX11(Gestures, unittest.TestCase):
                 self.assertEqual(image.getpixel((10, 25)), (255, 0, 0, 255))
                 self.assertEqual(image.getpixel((90, 25))[3], 0)
                 self.assertEqual({image.getpixel((x, 25))[1] for x in range(52)}, {0})
+
+    def test_colours_and_density_are_kept(self):
+        original = swapped_colours(200, 100)
+        self.desktop.copy(original, 'image/png')
+        run, _ = self.start()
+        shown = ImageGrab.grab(xdisplay=self.desktop.environment['DISPLAY']).getcolors(1 << 24)
+        self.assertIn((100 * 50, (0, 255, 0)), shown)
+        self.desktop.key('Return')
+        self.finish(run)
+        png, bmp = self.pasted('image/png'), self.pasted('image/bmp')
+        self.assertEqual(png.getpixel((50, 25)), (255, 0, 0))
+        self.assertEqual(png.info['icc_profile'], decoded(original).info['icc_profile'])
+        self.assertEqual([round(dots) for dots in png.info['dpi']], [300, 150])
+        self.assertEqual(bmp.getpixel((50, 25)), (0, 255, 0))
 
     def test_the_info_window_leaves_the_dialog_open(self):
         self.desktop.copy(encoded(landscape(640, 480)), 'image/png')

@@ -1,5 +1,6 @@
 #include "platform/qt/clipboard/clipboard_formats.h"
 
+#include "platform/qt/clipboard/copied_file.h"
 #include "platform/qt/clipboard/picture_image.h"
 
 namespace morvantile {
@@ -12,7 +13,14 @@ QStringList PictureFormats(const QStringList& offered) {
   for (const QString& format : offered) {
     if (format.startsWith("image/") && !formats.contains(format)) formats << format;
   }
+  for (const QString& names : CopiedFileFormats()) {
+    if (offered.contains(names)) formats << names;
+  }
   return formats;
+}
+
+Ref<Picture> PictureFrom(const QString& format, const QByteArray& data) {
+  return format.startsWith("image/") ? DecodePicture(data) : PictureInCopiedFile(data);
 }
 
 QByteArray PictureOffer::In(const QString& format) const {

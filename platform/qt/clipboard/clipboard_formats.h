@@ -10,8 +10,12 @@
 
 namespace morvantile {
 
-// Those of the offered formats that are pictures, the ones that lose nothing first.
+// Those of the offered formats in which there can be a picture: pixels, in the formats that lose
+// nothing first, and then the names of copied files.
 QStringList PictureFormats(const QStringList& offered);
+
+// The picture in data of one of those formats; nil if there is none.
+Ref<Picture> PictureFrom(const QString& format, const QByteArray& data);
 
 // A picture in the formats that everybody reads, encoded when it is asked for.
 class PictureOffer {

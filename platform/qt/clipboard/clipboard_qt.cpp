@@ -10,7 +10,6 @@
 
 #include "platform/qt/clipboard/clipboard_formats.h"
 #include "platform/qt/clipboard/patience.h"
-#include "platform/qt/clipboard/picture_image.h"
 
 namespace morvantile {
 namespace {
@@ -46,7 +45,7 @@ QByteArray BytesOf(const QMimeData& offer, const QString& format) {
 Ref<Picture> ReadOffer(const QMimeData* offer) {
   if (offer == nullptr) return nullptr;
   for (const QString& format : FormatsOf(*offer)) {
-    if (Ref<Picture> picture = DecodePicture(BytesOf(*offer, format))) return picture;
+    if (Ref<Picture> picture = PictureFrom(format, BytesOf(*offer, format))) return picture;
   }
   return nullptr;
 }

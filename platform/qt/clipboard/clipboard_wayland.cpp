@@ -19,7 +19,6 @@
 #include "ext-data-control-v1-client.h"
 #include "platform/qt/clipboard/clipboard_formats.h"
 #include "platform/qt/clipboard/patience.h"
-#include "platform/qt/clipboard/picture_image.h"
 #include "platform/qt/clipboard/transfer.h"
 
 namespace morvantile {
@@ -101,9 +100,9 @@ class DataControlClipboard : public SystemClipboard {
 
   Ref<Picture> ReadOffered() {
     for (const QString& format : PictureFormats(formats_)) {
-      const std::optional<QByteArray> encoded = Receive(format);
-      if (!encoded) return nullptr;  // An owner that hangs would do so in each further form.
-      if (Ref<Picture> picture = DecodePicture(*encoded)) return picture;
+      const std::optional<QByteArray> data = Receive(format);
+      if (!data) return nullptr;  // An owner that hangs would do so in each further form.
+      if (Ref<Picture> picture = PictureFrom(format, *data)) return picture;
     }
     return nullptr;
   }

@@ -6,10 +6,10 @@
 #include <QGuiApplication>
 #include <condition_variable>
 #include <csignal>
-#include <cstdint>
 #include <mutex>
 #include <stop_token>
 #include <string_view>
+#include <utility>
 
 namespace morvantile {
 namespace {
@@ -20,17 +20,17 @@ constexpr std::chrono::milliseconds kBetweenLooks{100};
 // Less than that is other news than the content of a clipboard.
 constexpr std::uint64_t kLeastProgress = 4096;
 
-void EndWhenSilent(const std::stop_token& over, xcb_connection_t* connection) {
+void EndWhenSilent(const std::stop_token& over, const std::function<std::uint64_t()>& received) {
   std::mutex mutex;
   std::condition_variable_any never;
   std::unique_lock lock(mutex);
-  std::uint64_t seen = xcb_total_read(connection);
+  std::uint64_t seen = received();
   Clock::time_point since = Clock::now();
   while (!over.stop_requested()) {
     never.wait_for(lock, over, kBetweenLooks, [] { return false; });
-    const std::uint64_t read = xcb_total_read(connection);
-    if (read - seen >= kLeastProgress) {
-      seen = read;
+    const std::uint64_t now = received();
+    if (now - seen >= kLeastProgress) {
+      seen = now;
       since = Clock::now();
     }
     if (Clock::now() - since >= kPatienceWithOwner) _exit(0);
@@ -57,7 +57,11 @@ void EndPatienceWithDesktop() { alarm(0); }
 Patience::Patience() {
   const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
   if (x11 == nullptr) return;
-  watch_ = std::jthread(EndWhenSilent, x11->connection());
+  watch_ = std::jthread(EndWhenSilent,
+                        [connection = x11->connection()] { return xcb_total_read(connection); });
 }
+
+Patience::Patience(std::function<std::uint64_t()> received)
+    : watch_(EndWhenSilent, std::move(received)) {}
 
 }  // namespace morvantile

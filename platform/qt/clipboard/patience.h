@@ -2,11 +2,14 @@
 #define MORVANTILE_PLATFORM_QT_CLIPBOARD_PATIENCE_H
 
 #include <chrono>
+#include <cstdint>
+#include <functional>
 #include <thread>
 
 namespace morvantile {
 
-// How long a program that owns the clipboard may keep this one waiting without sending anything.
+// How long the owner of the clipboard, or a file system, may keep this program waiting without
+// sending anything.
 constexpr std::chrono::milliseconds kPatienceWithOwner{3000};
 
 // Ends the process with status 1 and a line on standard error if the desktop isn't there within 30
@@ -15,13 +18,16 @@ constexpr std::chrono::milliseconds kPatienceWithOwner{3000};
 void BeginPatienceWithDesktop();
 void EndPatienceWithDesktop();
 
-// The toolkit waits for the owner of an X11 clipboard for long and for each form anew, and can't be
-// told not to. While an object of this class lives, the process ends with status 0, as it does
-// without a picture, as soon as the connection has been silent for kPatienceWithOwner. Does nothing
-// on other desktops.
+// For calls that wait without end and can't be told not to. While an object of this class lives,
+// the process ends with status 0, as it does without a picture, as soon as nothing has come for
+// kPatienceWithOwner.
 class Patience {
  public:
+  // With the owner of an X11 clipboard, for whom the toolkit waits for long and for each form anew.
+  // Does nothing on other desktops.
   Patience();
+  // With whatever sends bytes; `received` returns how many came, and is called by another thread.
+  explicit Patience(std::function<std::uint64_t()> received);
   ~Patience() = default;
   Patience(const Patience&) = delete;
   Patience& operator=(const Patience&) = delete;

@@ -4,11 +4,13 @@
 #include <unistd.h>
 
 #include <QBuffer>
+#include <QColorSpace>
 #include <QDataStream>
 #include <QImageReader>
 #include <QImageWriter>
 #include <QtEndian>
 #include <memory>
+#include <string>
 #include <utility>
 
 namespace morvantile {
@@ -52,6 +54,14 @@ bool IsTooLarge(const QSize& size) {
   return std::int64_t{4} * size.width() * size.height() > Picture::kMaxBytes;
 }
 
+// The profile of a picture's metadata; null if there is none or one for other than RGB data.
+std::shared_ptr<const std::string> RgbProfile(const QColorSpace& space) {
+  constexpr int kDataColourSpace = 16;  // its place in the header of an ICC profile
+  const QByteArray profile = space.iccProfile();
+  if (profile.mid(kDataColourSpace, 4) != "RGB ") return nullptr;
+  return std::make_shared<const std::string>(profile.toStdString());
+}
+
 QByteArray Write(const QImage& image, const char* format) {
   QByteArray bytes;
   QBuffer buffer(&bytes);
@@ -61,16 +71,17 @@ QByteArray Write(const QImage& image, const char* format) {
 }
 
 // The file header of 14 bytes and the version 4 header of 108.
-void WriteBmpHeaders(QDataStream& out, int width, int height) {
+void WriteBmpHeaders(QDataStream& out, const QImage& image) {
   constexpr quint32 kHeaderBytes = 14;
   constexpr quint32 kInfoBytes = 108;
   constexpr quint32 kBitFields = 3;
   constexpr quint32 kSrgb = 0x73524742;
-  const quint32 pixelBytes = quint32(width) * quint32(height) * 4;
+  const quint32 pixelBytes = quint32(image.width()) * quint32(image.height()) * 4;
   out << quint16(0x4D42) << quint32(kHeaderBytes + kInfoBytes + pixelBytes) << quint32(0)
       << quint32(kHeaderBytes + kInfoBytes);
-  out << kInfoBytes << qint32(width) << qint32(height) << quint16(1) << quint16(32) << kBitFields
-      << pixelBytes << qint32(2835) << qint32(2835) << quint32(0) << quint32(0);
+  out << kInfoBytes << qint32(image.width()) << qint32(image.height()) << quint16(1) << quint16(32)
+      << kBitFields << pixelBytes << qint32(image.dotsPerMeterX()) << qint32(image.dotsPerMeterY())
+      << quint32(0) << quint32(0);
   out << quint32(0x00FF0000) << quint32(0x0000FF00) << quint32(0x000000FF) << quint32(0xFF000000)
       << kSrgb;
   for (int unused = 0; unused < 12; ++unused) out << quint32(0);
@@ -80,23 +91,36 @@ void WriteBmpHeaders(QDataStream& out, int width, int height) {
 
 QImage ImageOver(const Ref<Picture>& picture) {
   auto* keeper = new Ref<Picture>(picture);
-  return {picture->Row(0),
-          picture->Width(),
-          picture->Height(),
-          picture->Stride(),
-          picture->HasAlpha() ? QImage::Format_ARGB32 : QImage::Format_RGB32,
-          [](void* kept) { delete static_cast<Ref<Picture>*>(kept); },
-          keeper};
+  QImage image(
+      picture->Row(0), picture->Width(), picture->Height(), picture->Stride(),
+      picture->HasAlpha() ? QImage::Format_ARGB32 : QImage::Format_RGB32,
+      [](void* kept) { delete static_cast<Ref<Picture>*>(kept); }, keeper);
+  const PictureMetadata& metadata = picture->metadata;
+  if (metadata.profile != nullptr) {
+    image.setColorSpace(QColorSpace::fromIccProfile(QByteArray::fromStdString(*metadata.profile)));
+  }
+  image.setDotsPerMeterX(metadata.dotsPerMetreX);
+  image.setDotsPerMeterY(metadata.dotsPerMetreY);
+  return image;
+}
+
+QImage InSrgb(QImage image) {
+  image.convertToColorSpace(QColorSpace::SRgb);
+  return image;
 }
 
 Ref<Picture> PictureOver(const QImage& image) {
   if (image.isNull()) return nullptr;
   const bool alpha = image.hasAlphaChannel();
-  auto pixels = std::make_shared<const QImage>(
-      image.convertToFormat(alpha ? QImage::Format_ARGB32 : QImage::Format_RGB32));
-  if (pixels->isNull()) return nullptr;
-  return Picture::Wrap(pixels->width(), pixels->height(), pixels->bytesPerLine(),
-                       pixels->constBits(), alpha && !IsOpaque(*pixels), pixels);
+  std::shared_ptr<const std::string> profile = RgbProfile(image.colorSpace());
+  QImage converted = image.convertToFormat(alpha ? QImage::Format_ARGB32 : QImage::Format_RGB32);
+  if (profile == nullptr) converted = InSrgb(std::move(converted));
+  if (converted.isNull()) return nullptr;
+  const auto pixels = std::make_shared<const QImage>(std::move(converted));
+  Ref<Picture> picture = Picture::Wrap(pixels->width(), pixels->height(), pixels->bytesPerLine(),
+                                       pixels->constBits(), alpha && !IsOpaque(*pixels), pixels);
+  picture->metadata.profile = std::move(profile);
+  return picture;
 }
 
 bool IsCutOffPng(const QByteArray& encoded) {
@@ -120,21 +144,32 @@ Ref<Picture> DecodePicture(QByteArray encoded) {
   reader.setDecideFormatFromContent(true);
   reader.setAutoTransform(true);
   if (IsTooLarge(reader.size())) return nullptr;
-  QImage image;
+  // A new image has the density of the screen. A decoder that knows a density fills an image that
+  // fits, and leaves what the file doesn't say as it was.
+  constexpr int kUnknown = 1;
+  QImage image(reader.size(), reader.imageFormat());
+  const bool fits = !image.isNull();
+  image.setDotsPerMeterX(kUnknown);
+  image.setDotsPerMeterY(kUnknown);
   if (!reader.read(&image) || IsTooLarge(image.size())) return nullptr;
-  return PictureOver(image);
+  Ref<Picture> picture = PictureOver(image);
+  if (picture == nullptr || !fits || image.dotsPerMeterX() == kUnknown) return picture;
+  picture->metadata.dotsPerMetreX = image.dotsPerMeterX();
+  picture->metadata.dotsPerMetreY = image.dotsPerMeterY();
+  return picture;
 }
 
 QByteArray EncodePng(const Ref<Picture>& picture) { return Write(ImageOver(picture), "PNG"); }
 
 QByteArray EncodeBmp(const Ref<Picture>& picture) {
-  if (!picture->HasAlpha()) return Write(ImageOver(picture), "BMP");
+  const QImage image = InSrgb(ImageOver(picture));
+  if (!picture->HasAlpha()) return Write(image, "BMP");
   QByteArray bytes;
   QDataStream out(&bytes, QIODevice::WriteOnly);
   out.setByteOrder(QDataStream::LittleEndian);
-  WriteBmpHeaders(out, picture->Width(), picture->Height());
-  for (int y = picture->Height() - 1; y >= 0; --y) {
-    out.writeRawData(reinterpret_cast<const char*>(picture->Row(y)), 4 * picture->Width());
+  WriteBmpHeaders(out, image);
+  for (int y = image.height() - 1; y >= 0; --y) {
+    out.writeRawData(reinterpret_cast<const char*>(image.constScanLine(y)), 4 * image.width());
   }
   return bytes;
 }

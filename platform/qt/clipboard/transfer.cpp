@@ -24,15 +24,6 @@ bool WaitReadable(int descriptor, qint64 milliseconds) {
 
 }  // namespace
 
-OwnedDescriptor::OwnedDescriptor(OwnedDescriptor&& other) noexcept
-    : descriptor_(std::exchange(other.descriptor_, -1)) {}
-
-OwnedDescriptor::~OwnedDescriptor() { Close(); }
-
-void OwnedDescriptor::Close() {
-  if (descriptor_ >= 0) close(std::exchange(descriptor_, -1));
-}
-
 std::optional<QByteArray> ReadAll(const OwnedDescriptor& from, int patienceMilliseconds,
                                   qsizetype limit) {
   QElapsedTimer clock;

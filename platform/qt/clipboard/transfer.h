@@ -10,22 +10,9 @@
 #include <optional>
 #include <vector>
 
+#include "platform/core/owned_descriptor.h"
+
 namespace morvantile {
-
-// A file descriptor that is closed with the object.
-class OwnedDescriptor {
- public:
-  explicit OwnedDescriptor(int descriptor) : descriptor_(descriptor) {}
-  OwnedDescriptor(OwnedDescriptor&& other) noexcept;
-  OwnedDescriptor& operator=(OwnedDescriptor&&) = delete;
-  ~OwnedDescriptor();
-
-  int get() const { return descriptor_; }
-  void Close();
-
- private:
-  int descriptor_;
-};
 
 // All that comes from a pipe until its other end closes. Nothing if it fails, if it takes longer
 // than `patienceMilliseconds`, or if it is more than `limit` bytes.

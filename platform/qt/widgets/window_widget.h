@@ -6,6 +6,7 @@
 #include <memory>
 #include <vector>
 
+#include "platform/qt/active_window.h"
 #include "platform/ui/window.h"
 
 namespace morvantile {
@@ -37,8 +38,11 @@ class WindowWidget : public QDialog, private WindowPeer {
   void MakeControls();
   void SetTabOrder(std::vector<std::pair<int, QWidget*>> byIndex);
   void TellRectangle();
+  void TellIfDeactivated();
 
   Ref<Window> window_;
+  const double scale_;
+  ActiveWindowWatch watch_;
   std::vector<std::unique_ptr<ControlPeer>> peers_;
 };
 

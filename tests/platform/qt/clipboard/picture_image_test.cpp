@@ -2,8 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <QBuffer>
+#include <QColorSpace>
 #include <algorithm>
 #include <array>
+
+#include "platform/imaging/scaler.h"
+#include "platform/qt/widgets/canvas_widget.h"
 
 namespace morvantile {
 namespace {
@@ -31,6 +36,70 @@ TEST(PictureImage, EncodedPicturesComeBackWithEveryBitOfTheirAlpha) {
     EXPECT_TRUE(back->HasAlpha());
     EXPECT_TRUE(SamePixels(*back));
   }
+}
+
+constexpr QRgb kRed = 0xFFFF0000;
+constexpr QRgb kGreen = 0xFF00FF00;
+
+// Its red is what others call green, and the other way round.
+QColorSpace Swapped() {
+  return {QPointF(0.3127, 0.3290), QPointF(0.30, 0.60), QPointF(0.64, 0.33), QPointF(0.15, 0.06),
+          QColorSpace::TransferFunction::SRgb};
+}
+
+// A file of four by two pixels of one colour, with a profile and a density.
+QByteArray PngFile(QImage::Format format, QRgb colour, const QByteArray& profile) {
+  QImage image(4, 2, format);
+  image.fill(QColor(colour));
+  image.setColorSpace(QColorSpace::fromIccProfile(profile));
+  image.setDotsPerMeterX(11811);
+  image.setDotsPerMeterY(5906);
+  QByteArray file;
+  QBuffer buffer(&file);
+  buffer.open(QIODevice::WriteOnly);
+  image.save(&buffer, "PNG");
+  return file;
+}
+
+TEST(PictureImage, ColoursAndDensityOfTheSourceReachEveryForm) {
+  const QByteArray profile = Swapped().iccProfile();
+  for (const QImage::Format format : {QImage::Format_RGB32, QImage::Format_ARGB32}) {
+    const Ref<Picture> whole = DecodePicture(PngFile(format, kRed, profile));
+    for (const Ref<Picture>& picture : {whole, Resample(whole, 4, 2), Resample(whole, 2, 1)}) {
+      const QImage png = QImage::fromData(EncodePng(picture));
+      EXPECT_EQ(png.pixel(0, 0), kRed);
+      EXPECT_EQ(png.colorSpace().iccProfile(), profile);
+      EXPECT_EQ(QSize(png.dotsPerMeterX(), png.dotsPerMeterY()), QSize(11811, 5906));
+      const QImage bmp = QImage::fromData(EncodeBmp(picture));
+      EXPECT_EQ(bmp.pixel(0, 0), kGreen);
+      EXPECT_EQ(QSize(bmp.dotsPerMeterX(), bmp.dotsPerMeterY()), QSize(11811, 5906));
+    }
+  }
+}
+
+TEST(PictureImage, ThePreviewShowsWhatAProgramThatHonoursProfilesShows) {
+  const Ref<Picture> picture =
+      DecodePicture(PngFile(QImage::Format_RGB32, kRed, Swapped().iccProfile()));
+  const Ref<Canvas> canvas = New<Canvas>();
+  canvas->Paint = [&](Canvas&, Graphics& graphics) { graphics.DrawPicture(picture, 1, 1); };
+  QWidget window;
+  CanvasWidget widget(*canvas, window);
+  widget.resize(8, 8);
+  const QImage shown = widget.grab().toImage();
+  EXPECT_EQ(shown.pixel(1, 1), kGreen);
+  EXPECT_EQ(shown.pixel(4, 2), kGreen);
+}
+
+// A grey profile of linear light, made of one for RGB data: 64 of it is 137 in sRGB.
+TEST(PictureImage, AGreyProfileIsConvertedBecauseItFitsNoRgbFile) {
+  const QByteArray profile = QColorSpace(QColorSpace::SRgbLinear)
+                                 .iccProfile()
+                                 .replace(16, 4, "GRAY")
+                                 .replace("rTRC", "kTRC");
+  const QByteArray file = PngFile(QImage::Format_Grayscale8, qRgb(64, 64, 64), profile);
+  const Ref<Picture> picture = DecodePicture(file);
+  EXPECT_EQ(picture->metadata.profile, nullptr);
+  EXPECT_EQ(QImage::fromData(EncodePng(picture)).pixel(0, 0), qRgb(137, 137, 137));
 }
 
 TEST(PictureImage, APictureThatHidesNothingIsOpaque) {
