@@ -10,6 +10,7 @@
 #include "plist/date_text.h"
 #include "plist/plist.h"
 #include "plist/plistDict.h"
+#include "plist/store/entries.h"
 
 namespace morvantile {
 namespace {
@@ -92,7 +93,7 @@ void plistDict::AppendDict(const Ref<plistDict>& other) {
   }
 }
 
-Ref<plist> plistDict::PlistFromPlistDict(const Ref<plistDict>& source) {
+Ref<plist> plistDict::PlistFromPlistDict(const Ref<plistDict>& source) const {
   Ref<plist> document = New<plist>(nullptr, false);
   document->root->AppendDict(source);
   return document;

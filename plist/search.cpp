@@ -9,6 +9,7 @@
 #include "platform/text/text_search.h"
 #include "plist/plist.h"
 #include "plist/plistDict.h"
+#include "plist/store/entries.h"
 #include "plist/store/prefetch.h"
 
 namespace morvantile {

@@ -12,8 +12,6 @@
 #include <string>
 #include <string_view>
 
-#include "platform/text/folding.h"
-
 namespace morvantile {
 
 // The number of characters.

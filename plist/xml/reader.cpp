@@ -5,11 +5,11 @@
 #include <utility>
 
 #include "platform/core/background.h"
-#include "platform/core/bulk_memory.h"
 #include "platform/text/folding.h"
 #include "platform/text/text.h"
 #include "platform/text/text_search.h"
 #include "plist/plist.h"
+#include "plist/store/bulk_memory.h"
 #include "plist/xml/brackets.h"
 #include "plist/xml/either_byte.h"
 
@@ -122,7 +122,7 @@ void plistDict::Load(TextInputStream* stream, std::string_view ownName, bool asA
   Reader(*stream).Read(*this);
 }
 
-std::string plistDict::StripAll(std::string_view text) {
+std::string plistDict::StripAll(std::string_view text) const {
   return std::string(WithoutLeadingBlanks(text));
 }
 

@@ -11,6 +11,7 @@
 
 #include "platform/files/text_input_stream.h"
 #include "plist/plistDict.h"
+#include "plist/store/entries.h"
 
 namespace morvantile {
 

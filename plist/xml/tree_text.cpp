@@ -18,12 +18,12 @@ constexpr std::size_t kPieceSize = std::size_t{512} * 1024;  // beyond what a fi
 
 }  // namespace
 
-void plistDict::Write(TextOutputStream& out, std::int64_t depth) {
+void plistDict::Write(TextOutputStream& out, std::int64_t depth) const {
   TreeText text(TreeText::Form::kFile, [&out](std::string_view piece) { out.Write(piece); });
   text.Write(*this, depth);
 }
 
-void plistDict::Dump(std::int64_t depth) {
+void plistDict::Dump(std::int64_t depth) const {
   std::string dump = Clipboard().Text();
   TreeText text(TreeText::Form::kDump, [&dump](std::string_view piece) { dump += piece; });
   text.Write(*this, depth);
@@ -32,7 +32,7 @@ void plistDict::Dump(std::int64_t depth) {
   clipboard.Close();
 }
 
-void TreeText::Write(plistDict& node, std::int64_t depth) {
+void TreeText::Write(const plistDict& node, std::int64_t depth) {
   indentation_.assign(static_cast<std::size_t>(std::max<std::int64_t>(depth, 0)), '\t');
   Enter(node, {});
   while (!levels_.empty()) {
@@ -97,14 +97,14 @@ void TreeText::WriteChild(Level& level) {
   Enter(*child, level.childName);
 }
 
-void TreeText::Enter(plistDict& node, std::string_view name) {
+void TreeText::Enter(const plistDict& node, std::string_view name) {
   Level& level = levels_.emplace_back();
   level.node = &node;
   level.name = name;
   if (node.childrenNames.size() > 1) level.repeats = Repeats(node);
 }
 
-std::vector<std::uint32_t> TreeText::Repeats(plistDict& node) {
+std::vector<std::uint32_t> TreeText::Repeats(const plistDict& node) {
   node.IndexChildren();
   std::size_t different_names = 0;
   node.entries_.ForEach([&](const Entry& entry) { different_names += entry.child != 0 ? 1 : 0; });
