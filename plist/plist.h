@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/core/export.h"
 #include "platform/core/ref.h"
 #include "platform/files/folder_item.h"
 #include "platform/files/text_input_stream.h"
@@ -26,7 +27,7 @@ namespace morvantile {
 //
 // Nothing is shown, and nothing but wrong calls throws: a failure leaves `error` and
 // `errorMessage`. Neither Load nor Save clears them.
-class plist : public Object {
+class MORVANTILE_API plist : public Object {
  public:
   // Loads `file`; `flag` plays no part.
   plist(const Ref<FolderItem>& file, bool flag);
