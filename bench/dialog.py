@@ -17,8 +17,8 @@ from Xlib.error import BadDrawable, BadWindow
 
 sys.path.insert(0, os.path.join(os.path.dirname(__file__), '..', 'tests', 'desktop'))
 
+from desktops import X11  # noqa: E402
 from pictures import encoded, landscape  # noqa: E402
-from virtual_display import VirtualDisplay  # noqa: E402
 
 ROUNDS = 15
 
@@ -63,7 +63,7 @@ def memory(pid):
 def main(folder):
     program, bare, drag = (os.path.join(os.path.abspath(folder), name)
                            for name in ('morvantile', 'bench_bare_dialog', 'bench_drag'))
-    with VirtualDisplay() as display:
+    with X11() as display:
         screen = Display(display.environment['DISPLAY']).screen().root
         display.copy(encoded(landscape(3840, 2160)), 'image/png')
         ours, theirs = [], []
