@@ -18,6 +18,7 @@ void InfoWindow::Layout() {
   CloseButton = true;
   Resizeable = false;
   MinimizeButton = false;
+  AccessibleName = Localized("About Morvantile");
 }
 
 void InfoWindow::CreateControls() { CreateControls0(); }
@@ -32,7 +33,7 @@ void InfoWindow::CreateControls0() {
 
   label2_ = AddControl<Label>("Label2", 109, 64, 100, 20);
   label2_->TabIndex = 2;
-  label2_->SetText(Localized("by") + " " + MORVANTILE_AUTHOR);
+  label2_->SetText(Localized("by") + " " + Localized(MORVANTILE_AUTHOR));
   label2_->TextAlign = Label::kAlignCenter;
   label2_->TextFont = "SmallSystem";
 

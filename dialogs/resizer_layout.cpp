@@ -98,15 +98,16 @@ void ResizerWindow::CreateModeSelector() {
   modeSelector_->TabIndex = 10;
   modeSelector_->AccessibleName = Localized("Scale by");
   struct Segment {
-    const char* title;
-    const char* accessibleName;
+    std::string title;
+    std::string accessibleName;
   };
   for (const auto& [title, accessibleName] :
-       {Segment{"W", "Width"}, Segment{"H", "Height"}, Segment{"%", "Percentage"}}) {
+       {Segment{Localized("W"), Localized("Width")}, Segment{Localized("H"), Localized("Height")},
+        Segment{Localized("%"), Localized("Percentage")}}) {
     SegmentedControlItem& item = modeSelector_->AddItem();
     item.Width = 34;
-    item.Title = Localized(title);
-    item.AccessibleName = Localized(accessibleName);
+    item.Title = title;
+    item.AccessibleName = accessibleName;
   }
   modeSelector_->Items(2).SetSelected(true);
   modeSelector_->SizeToFit();

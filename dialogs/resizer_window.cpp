@@ -25,6 +25,18 @@ int PreviewOrigin(int canvasSide, int pictureSide) {
   return std::max(0, static_cast<int>(Truncate(canvasSide / 2.0 - pictureSide / 2.0)));
 }
 
+// What is read out for the slider, with "%1" for the number.
+std::string MeaningOfSlider(ResizerWindow::ScaleMode mode) {
+  switch (mode) {
+    case ResizerWindow::ScaleMode::Width:
+      return Localized("%1 pixels wide");
+    case ResizerWindow::ScaleMode::Height:
+      return Localized("%1 pixels high");
+    default:
+      return Localized("%1 per cent");
+  }
+}
+
 }  // namespace
 
 Ref<ResizerWindow> ResizerWindow::Instance(const Ref<plist>& settings) {
@@ -95,6 +107,16 @@ void ResizerWindow::Update() {
   NewSizeLabel()->SetSuffix(Str(std::floor(newWidth)) + " x " + Str(std::floor(newHeight)));
   NewClip = Resample(Clip, Truncate(newWidth), Truncate(newHeight));
   Preview()->Refresh(true);
+  DescribeForAssistants();
+}
+
+void ResizerWindow::DescribeForAssistants() {
+  ScaleSlider()->AccessibleUnit = Mode == ScaleMode::Percent ? 1 : 6;
+  const std::string target = Str(ScaleSlider()->Value() * ScaleSlider()->AccessibleUnit);
+  ScaleSlider()->SetAccessibleDescription(ReplaceAll(MeaningOfSlider(Mode), "%1", target) + ", " +
+                                          NewSizeLabel()->Text());
+  ModeSelector()->SetAccessibleDescription(NewSizeLabel()->Text());
+  Preview()->SetAccessibleDescription(NewSizeLabel()->Suffix());
 }
 
 void ResizerWindow::ScaleSlider_ValueChanged(Slider& /*slider*/) { Update(); }

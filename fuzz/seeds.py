@@ -48,6 +48,10 @@ def files():
         for form in (plistlib.FMT_XML, plistlib.FMT_BINARY):
             yield plistlib.dumps(document, fmt=form, sort_keys=False)
     yield plistlib.dumps({'u': plistlib.UID(3)}, fmt=plistlib.FMT_BINARY)
+    fraction = datetime.datetime(1999, 3, 7, 8, 5, 9, 250000)
+    yield plistlib.dumps([fraction, 'two\r\n lines'], fmt=plistlib.FMT_BINARY)
+    yield b'<?xml version="1.0" encoding="windows-1252"?><string>\x80\xe4</string>\0'
+    yield b'<!DOCTYPE plist [<!ENTITY a "b">]><date>2009-03-07T08:05:09.5+01:00</date>'
 
 
 def texts():

@@ -73,6 +73,7 @@ install(
   PATTERN "*.h"
   PATTERN "command_environment.h" EXCLUDE
   PATTERN "file_attributes.h" EXCLUDE
+  PATTERN "owned_descriptor.h" EXCLUDE
   PATTERN "private_folder.h" EXCLUDE)
 install(
   FILES ${CMAKE_SOURCE_DIR}/platform/imaging/aligned.h

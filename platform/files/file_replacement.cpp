@@ -13,6 +13,7 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/core/owned_descriptor.h"
 #include "platform/files/file_attributes.h"
 
 namespace morvantile {
@@ -100,11 +101,8 @@ bool FileReplacement::CreateNamedFile() {
 }
 
 void FileReplacement::KeepAttributes() {
-  const int old = open(target_.c_str(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC);
-  if (old >= 0) {
-    CopyExtendedAttributes(old, file_);
-    close(old);
-  }
+  const OwnedDescriptor old(open(target_.c_str(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC));
+  if (old.get() >= 0) CopyExtendedAttributes(old.get(), file_);
   struct stat status {};
   if (lstat(target_.c_str(), &status) != 0) return;
   const bool group_kept = KeepOwner(file_, status);

@@ -13,6 +13,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/core/owned_descriptor.h"
 #include "platform/files/private_folder.h"
 
 namespace morvantile {
@@ -88,19 +89,21 @@ std::string FolderItem::ShellPath() const {
 }
 
 bool FolderItem::CopyFileTo(const Ref<FolderItem>& destination) const {
-  const FolderItem& target = *destination;
-  const int source = open(path_.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-  if (source < 0) return false;
+  return CopyTo(*destination, FileReplacement::Links::kReplace);
+}
+
+bool FolderItem::CopyContentTo(const Ref<FolderItem>& destination) const {
+  return CopyTo(*destination, FileReplacement::Links::kFollow);
+}
+
+bool FolderItem::CopyTo(const FolderItem& target, FileReplacement::Links links) const {
+  const OwnedDescriptor source(open(path_.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
   struct stat status {};
-  bool copied = fstat(source, &status) == 0 && S_ISREG(status.st_mode);
-  if (copied) {
-    const auto replacement = target.BeginReplacement(FileReplacement::Links::kReplace);
-    copied = replacement != nullptr && CopyBytes(source, *replacement);
-    if (copied) replacement->SetPermissions(status.st_mode);
-    copied = copied && replacement->Commit();
-  }
-  close(source);
-  return copied;
+  if (fstat(source.get(), &status) != 0 || !S_ISREG(status.st_mode)) return false;
+  const auto replacement = target.BeginReplacement(links);
+  if (replacement == nullptr || !CopyBytes(source.get(), *replacement)) return false;
+  if (links == FileReplacement::Links::kReplace) replacement->SetPermissions(status.st_mode);
+  return replacement->Commit();
 }
 
 bool FolderItem::Delete() const {

@@ -53,6 +53,11 @@ class FolderItem : public Object {
   // at this item is followed. Only regular files are copied. Throws NilObjectException for nil.
   bool CopyFileTo(const Ref<FolderItem>& destination) const;
 
+  // Makes the content of `destination` that of this file, as CreateTextFile and a write would do
+  // it: a link there is followed, and a file keeps its permissions, its owner and its group. Else
+  // as CopyFileTo.
+  bool CopyContentTo(const Ref<FolderItem>& destination) const;
+
   // Deletes the file, the link (and not what it leads to) or the empty folder. Returns whether
   // something was deleted.
   bool Delete() const;
@@ -72,6 +77,7 @@ class FolderItem : public Object {
 
   FolderItem(std::string path, std::shared_ptr<PrivateFolder> private_folder);
 
+  bool CopyTo(const FolderItem& target, FileReplacement::Links links) const;
   std::unique_ptr<FileReplacement> BeginReplacement(FileReplacement::Links links) const;
 
   std::string path_;

@@ -17,17 +17,14 @@ constexpr std::size_t kFirstCapacity = std::size_t{256} * 1024;
 }  // namespace
 
 Ref<TextInputStream> TextInputStream::Open(const Ref<FolderItem>& file) {
-  const int opened = open(file->AbsolutePath().c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-  if (opened < 0) return nullptr;
+  Ref<TextInputStream> stream(new TextInputStream());
+  stream->file_ = open(file->AbsolutePath().c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
   struct stat status {};
-  if (fstat(opened, &status) != 0 || !S_ISREG(status.st_mode)) {
-    close(opened);
-    return nullptr;
-  }
-  return Ref<TextInputStream>(new TextInputStream(opened));
+  const bool is_regular = fstat(stream->file_, &status) == 0 && S_ISREG(status.st_mode);
+  return is_regular ? stream : nullptr;
 }
 
-TextInputStream::TextInputStream(int file) : file_(file), buffer_(kFirstCapacity) {}
+TextInputStream::TextInputStream() : buffer_(kFirstCapacity) {}
 
 TextInputStream::~TextInputStream() { Close(); }
 
@@ -119,7 +116,7 @@ std::string TextInputStream::ReadAll() {
 
 void TextInputStream::Close() {
   if (file_ >= 0) close(std::exchange(file_, -1));
-  position_ = end_;
+  MoveTo(end_);
 }
 
 }  // namespace morvantile

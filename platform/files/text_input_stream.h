@@ -40,7 +40,7 @@ class TextInputStream : public Object {
   // Whether the file could not be read to its end; the lines until then have been given.
   bool ReadError() const { return failed_; }
 
-  // Gives up the file. A further call does nothing.
+  // Gives up the file; the stream is at its end then. A further call does nothing.
   void Close();
 
  private:
@@ -50,7 +50,7 @@ class TextInputStream : public Object {
     std::size_t at = 0;
   };
 
-  explicit TextInputStream(int file);
+  TextInputStream();
 
   std::size_t EndOfLine() const;
   std::size_t LengthOfLineEnd(std::size_t at) const;
@@ -59,7 +59,7 @@ class TextInputStream : public Object {
   bool Fill();
   void MakeRoom();
 
-  int file_;
+  int file_ = -1;
   bool failed_ = false;
   std::vector<char> buffer_;
   std::size_t position_ = 0;

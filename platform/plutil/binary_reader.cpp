@@ -23,6 +23,12 @@ std::uint64_t NumberOf(std::string_view bytes) {
   return number;
 }
 
+// Whether the last byte may have been added by a program that handled the file as text.
+bool EndsInPadding(std::string_view content) {
+  constexpr std::string_view kPadding("\0 \t\r\n", 5);
+  return !content.empty() && kPadding.find(content.back()) != std::string_view::npos;
+}
+
 class BinaryReader {
  public:
   BinaryReader(std::string_view content, Document& document)
@@ -70,7 +76,11 @@ class BinaryReader {
 
 std::optional<std::string> BinaryReader::Read() {
   if (!content_.starts_with(kHeader)) return "a version of the binary form that is not known";
-  if (ReadTrailer() && ReadObjects() && KeysAreTexts() && IsFreeOfCycles()) return std::nullopt;
+  bool has_trailer = ReadTrailer();
+  for (; !has_trailer && EndsInPadding(content_); has_trailer = ReadTrailer()) {
+    content_.remove_suffix(1);
+  }
+  if (has_trailer && ReadObjects() && KeysAreTexts() && IsFreeOfCycles()) return std::nullopt;
   return problem_;
 }
 
@@ -198,7 +208,7 @@ bool BinaryReader::ReadBytes(unsigned marker, Object& object) {
   if (!ReadSize(marker, unit, size) || !Take(size * unit, bytes)) return false;
   object = Object::Bytes(type == kData ? Kind::kData : Kind::kText, bytes);
   if (type == kData) return true;
-  if (type == kAscii) return IsAscii(bytes) || Fail("an ASCII text that holds other characters");
+  if (type == kAscii) return IsUtf8(bytes) || Fail("an ASCII text that holds other characters");
   const std::optional<std::string> text = Utf8FromUtf16(bytes, std::endian::big);
   if (!text) return Fail("a text that is not sound UTF-16");
   object = Object::Bytes(Kind::kText, document_.Keep(*text));

@@ -17,7 +17,8 @@
 //   22, 23        real of 4 or 8 bytes, in the form of IEEE 754
 //   33            date: seconds since 2001-01-01T00:00:00Z as a real of 8 bytes
 //   4n            data of n bytes
-//   5n, 6n        text of n ASCII characters, or of n units of UTF-16
+//   5n, 6n        text of n ASCII characters, or of n units of UTF-16; some programs write UTF-8
+//                 of n bytes as 5n
 //   8n            UID of n + 1 bytes
 //   An, Bn, Cn    array, ordered set, set of n references to objects
 //   Dn            dict of n references to keys and then n references to values
@@ -40,9 +41,10 @@ namespace morvantile::plutil {
 bool LooksBinary(std::string_view content);
 
 // Reads `content`, of less than 4 GiB, into the empty `document`, whose bytes and texts then lie in
-// `content`. Returns nothing on success, else what is wrong. Objects that the topmost one doesn't
-// lead to are not looked at; objects that share bytes of the file are refused, as are containers
-// that contain themselves, so that time and memory are bounded by the file's size.
+// `content`. Returns nothing on success, else what is wrong. NULs and white space behind the
+// trailer are passed over. Objects that the topmost one doesn't lead to are not looked at; objects
+// that share bytes of the file are refused, as are containers that contain themselves, so that time
+// and memory are bounded by the file's size.
 std::optional<std::string> ReadBinary(std::string_view content, Document& document);
 
 }  // namespace morvantile::plutil

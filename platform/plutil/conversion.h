@@ -24,9 +24,10 @@ enum class Form { kXml, kBinary };
 //
 // What has no counterpart in the other form is refused and not lost: a null, a UID or an integer
 // of more than 64 bits, a text with a NUL, text that is not sound UTF-16 or, on the way to the
-// binary form, UTF-8, and a date outside the years 0 to 9999 on the way to XML. The fraction of a
-// date's second is dropped on that way, as others do. A set becomes an array, and a UID a dict with
-// the one key "CF$UID", from which the way back makes a UID again.
+// binary form, UTF-8, and a date outside the years 0 to 9999 on the way to XML. A set becomes an
+// array, and a UID a dict with the one key "CF$UID", from which the way back makes a UID again.
+// Where a date has a fraction of a second, its XML text has one too, which not every reader takes:
+// else a document would lose it in being loaded and saved.
 std::optional<std::string> Convert(std::string& content, Form form, Output::Sink sink);
 
 }  // namespace morvantile::plutil

@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <system_error>
+#include <utility>
 
 namespace morvantile::plutil {
 namespace {
@@ -66,6 +67,60 @@ std::optional<std::chrono::seconds> TakeTime(std::string_view& text) {
          std::chrono::seconds(seconds);
 }
 
+// Takes the decimal digits that come next.
+std::string TakeDigits(std::string_view& text) {
+  const std::string_view digits = text.substr(0, text.find_first_not_of("0123456789"));
+  text.remove_prefix(digits.size());
+  return std::string(digits);
+}
+
+// Takes the offset from UTC: "Z", "+hh:mm", "+hhmm" or "+hh", or these with a "-"; none is 0.
+std::optional<std::chrono::seconds> TakeOffset(std::string_view& text) {
+  const bool is_behind = text.starts_with('-');
+  if (TakePrefix("Z", text) || (!TakePrefix("-", text) && !TakePrefix("+", text))) {
+    return std::chrono::seconds(0);
+  }
+  const auto hours = TakeField(2, text);
+  if (!hours || *hours > 23) return std::nullopt;
+  std::optional<unsigned> minutes = 0;
+  if (TakePrefix(":", text) || !text.empty()) minutes = TakeField(2, text);
+  if (!minutes || *minutes > 59) return std::nullopt;
+  const std::chrono::seconds offset = std::chrono::hours(*hours) + std::chrono::minutes(*minutes);
+  return is_behind ? -offset : offset;
+}
+
+// The digits behind the point of 1 - 0.`digits`, whose last digit is not 0.
+std::string Complement(std::string digits) {
+  for (char& digit : digits) digit = static_cast<char>('0' + '9' - digit);
+  if (!digits.empty()) ++digits.back();
+  return digits;
+}
+
+// The number nearest to `seconds` and the decimal fraction `digits` of one more.
+double WithFraction(std::int64_t seconds, std::string digits) {
+  digits.erase(digits.find_last_not_of('0') + 1);
+  if (digits.empty()) return static_cast<double>(seconds);
+  const bool is_negative = seconds < 0;
+  const std::string text = std::to_string(is_negative ? -(seconds + 1) : seconds) + "." +
+                           (is_negative ? Complement(std::move(digits)) : digits);
+  double magnitude = 0;
+  std::from_chars(text.data(), text.data() + text.size(), magnitude);
+  return is_negative ? -magnitude : magnitude;
+}
+
+// The decimal digits behind the point of `seconds` - floor(`seconds`), as few as tell it from other
+// numbers.
+std::string FractionOf(double seconds) {
+  std::array<char, 512> text{};
+  const auto end =
+      std::to_chars(text.begin(), text.end(), std::abs(seconds), std::chars_format::fixed);
+  const std::string_view number(text.begin(), end.ptr);
+  const std::size_t point = number.find('.');
+  if (point == std::string_view::npos) return "";
+  std::string digits(number.substr(point + 1));
+  return seconds < 0 ? Complement(std::move(digits)) : digits;
+}
+
 constexpr std::string_view kBase64 =
     "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
 constexpr std::uint8_t kSkip = 64;
@@ -119,15 +174,18 @@ std::optional<double> DateFromText(std::string_view text) {
   text = Trimmed(text);
   const auto day = TakeDay(text);
   if (!day) return std::nullopt;
-  std::chrono::seconds time(0);
+  std::optional<std::chrono::seconds> time(0);
+  std::optional<std::chrono::seconds> offset(0);
+  std::string fraction;
   if (TakePrefix("T", text)) {
-    const auto taken = TakeTime(text);
-    if (!taken) return std::nullopt;
-    time = *taken;
+    time = TakeTime(text);
+    if (TakePrefix(".", text)) fraction = TakeDigits(text);
+    offset = TakeOffset(text);
+  } else {
+    TakePrefix("Z", text);
   }
-  TakePrefix("Z", text);
-  if (!text.empty()) return std::nullopt;
-  return static_cast<double>((*day + time - kEpoch).count());
+  if (!time || !offset || !text.empty()) return std::nullopt;
+  return WithFraction((*day + *time - *offset - kEpoch).count(), std::move(fraction));
 }
 
 std::optional<std::size_t> DecodeBase64(char* text, std::size_t size) {
@@ -181,11 +239,13 @@ std::optional<std::string> TextOfDate(double seconds) {
   if (year < 0 || year > 9999) return std::nullopt;
   std::array<char, 64> text{};
   const int length = std::snprintf(
-      text.data(), text.size(), "%04d-%02u-%02uT%02d:%02d:%02dZ", year,
+      text.data(), text.size(), "%04d-%02u-%02uT%02d:%02d:%02d", year,
       static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()),
       static_cast<int>(clock.hours().count()), static_cast<int>(clock.minutes().count()),
       static_cast<int>(clock.seconds().count()));
-  return std::string(text.data(), static_cast<std::size_t>(length));
+  std::string result(text.data(), static_cast<std::size_t>(length));
+  if (const std::string fraction = FractionOf(seconds); !fraction.empty()) result += "." + fraction;
+  return result += 'Z';
 }
 
 void AppendBase64(std::string_view bytes, std::string& text) {

@@ -22,7 +22,8 @@ std::optional<Object> IntegerFromText(std::string_view text);
 std::optional<double> RealFromText(std::string_view text);
 
 // "YYYY-MM-DDThh:mm:ssZ", in seconds since 2001-01-01T00:00:00Z. Years, months, days and so on may
-// lack their leading zeros, and the seconds, the whole time and the "Z" may be missing.
+// lack their leading zeros, and the seconds, the whole time and the "Z" may be missing. A fraction
+// may follow the seconds, and an offset from UTC, "+hh:mm", "+hhmm" or "+hh", may replace the "Z".
 std::optional<double> DateFromText(std::string_view text);
 
 // Decodes the base64 text of `size` bytes in place, white space in it or not, and returns the
@@ -34,7 +35,8 @@ std::string TextOfInteger(const Object& integer);
 // The shortest text that reads back as the same number, without an exponent where that is short.
 std::string TextOfReal(double value);
 
-// The date to the second, its fraction dropped, or nothing outside the years 0 to 9999.
+// The date, with a fraction of the second if it has one, as many digits as DateFromText needs to
+// read the same number; or nothing outside the years 0 to 9999.
 std::optional<std::string> TextOfDate(double seconds);
 
 // Adds the base64 text of `bytes`, without line ends.

@@ -72,6 +72,14 @@ bool IsAscii(std::string_view text) {
   return (bits & 0x8080808080808080U) == 0;
 }
 
+bool IsUtf8(std::string_view text) {
+  if (IsAscii(text)) return true;
+  while (!text.empty()) {
+    if (!TakeCodePoint(text)) return false;
+  }
+  return true;
+}
+
 bool EqualWithoutCase(std::string_view text, std::string_view lower) {
   const auto to_lower = [](char letter) {
     return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;

@@ -12,6 +12,9 @@ namespace morvantile::plutil {
 
 bool IsAscii(std::string_view text);
 
+// Whether `text` is sound UTF-8: overlong forms, surrogates and numbers above 10FFFF are not.
+bool IsUtf8(std::string_view text);
+
 // Whether `text` is `lower`, a text in small letters of ASCII, without regard to letter case.
 bool EqualWithoutCase(std::string_view text, std::string_view lower);
 
@@ -20,7 +23,7 @@ bool EqualWithoutCase(std::string_view text, std::string_view lower);
 std::optional<std::string> Utf8FromUtf16(std::string_view units, std::endian order);
 
 // The UTF-8 text `text` as UTF-16, the more significant byte first; or nothing if it is not sound
-// UTF-8 (overlong forms, surrogates and numbers above 10FFFF are not).
+// UTF-8.
 std::optional<std::string> Utf16FromUtf8(std::string_view text);
 
 // Adds the UTF-8 form of `code_point`, which is at most 10FFFF.

@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/plutil/encoding.h"
 #include "platform/plutil/scalar_text.h"
 #include "platform/plutil/unicode.h"
 #include "platform/plutil/xml_scanner.h"
@@ -70,8 +71,8 @@ class TextInPlace {
  public:
   // Adds a piece as it is.
   void AddPlain(std::span<char> piece) { Append(piece.data(), piece.size()); }
-  // Adds a piece that may hold references; returns false if one means no character.
-  bool AddDecoded(std::span<char> piece);
+  // Adds a piece that may hold references; returns what is wrong, or an empty text.
+  std::string_view AddDecoded(std::span<char> piece, const EntityNames& entities);
   // Adds a piece that holds none.
   void AddVerbatim(std::span<char> piece);
 
@@ -109,7 +110,6 @@ class XmlReader {
   bool NextTag(std::string_view problem);
   bool NextMarkup();
   bool IsAtElement() const;
-  bool CheckEncoding();
   bool ReadElement();
   bool MayStandHere(Element element);
   bool ReadScalar(Element element);
@@ -174,7 +174,6 @@ bool XmlReader::NextTag(std::string_view problem) {
     if (!IsBlank(scanner_.Text()) || (is_cdata && !IsBlank(scanner_.CData()))) {
       return Fail(problem);
     }
-    if (scanner_.Is() == Markup::kXmlDeclaration && !CheckEncoding()) return false;
     const bool says_nothing =
         is_cdata || scanner_.Is() == Markup::kXmlDeclaration || scanner_.Is() == Markup::kOther;
     if (!says_nothing) return true;
@@ -189,13 +188,6 @@ bool XmlReader::NextMarkup() {
 
 bool XmlReader::IsAtElement() const {
   return scanner_.Is() == Markup::kStartTag || scanner_.Is() == Markup::kEmptyElementTag;
-}
-
-bool XmlReader::CheckEncoding() {
-  const std::string_view encoding = scanner_.Encoding();
-  const bool is_known = encoding.empty() || EqualWithoutCase(encoding, "utf-8") ||
-                        EqualWithoutCase(encoding, "utf-16");
-  return is_known || IsAscii(content_) || Fail("XML in " + std::string(encoding));
 }
 
 bool XmlReader::ReadElement() {
@@ -224,8 +216,9 @@ bool XmlReader::ReadScalar(Element element) {
   if (scanner_.Is() == Markup::kStartTag && !ReadText(text)) return false;
   const auto wrong = [&] {
     constexpr std::size_t kMostShown = 40;
-    return Fail("no <" + std::string(name) +
-                ">: " + std::string(text.View().substr(0, kMostShown)));
+    const std::string_view limit = element == Element::kInteger ? " of 64 bits" : "";
+    return Fail(std::string("no <").append(name).append(">").append(limit).append(": ").append(
+        text.View().substr(0, kMostShown)));
   };
   std::optional<Object> object;
   switch (element) {
@@ -262,8 +255,9 @@ bool XmlReader::ReadText(TextInPlace& text) {
   while (NextMarkup()) {
     if (scanner_.IsPlain()) {
       text.AddPlain(scanner_.Text());
-    } else if (!text.AddDecoded(scanner_.Text())) {
-      return Fail("a reference to a character that does not exist");
+    } else if (const auto problem = text.AddDecoded(scanner_.Text(), scanner_.Entities());
+               !problem.empty()) {
+      return Fail(problem);
     }
     switch (scanner_.Is()) {
       case Markup::kEndTag:
@@ -328,11 +322,11 @@ bool XmlReader::Fail(std::string_view problem) {
   return false;
 }
 
-bool TextInPlace::AddDecoded(std::span<char> piece) {
+std::string_view TextInPlace::AddDecoded(std::span<char> piece, const EntityNames& entities) {
   const std::size_t size = NormalizeLineEnds(piece.data(), piece.size());
-  const std::optional<std::size_t> decoded = DecodeEntities(piece.data(), size);
-  if (decoded) Append(piece.data(), *decoded);
-  return decoded.has_value();
+  const Decoded decoded = DecodeEntities(piece.data(), size, entities);
+  Append(piece.data(), decoded.size);
+  return decoded.problem;
 }
 
 void TextInPlace::AddVerbatim(std::span<char> piece) {

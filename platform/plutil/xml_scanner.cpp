@@ -115,7 +115,7 @@ bool XmlScanner::TakeDeclaration() {
   }
   if (Take("![CDATA[")) return TakeCData();
   if (!open_.empty() || !Take("!DOCTYPE")) return Fail("a declaration that is not known here");
-  return SkipDocumentType() ? Found(Markup::kOther) : Fail("the document type is not closed");
+  return TakeDocumentType() ? Found(Markup::kOther) : Fail("the document type is not closed");
 }
 
 bool XmlScanner::TakeCData() {
@@ -129,7 +129,7 @@ bool XmlScanner::TakeCData() {
 
 // Declarations within it stand in brackets of the same kind; a quoted text or a comment may hold
 // one.
-bool XmlScanner::SkipDocumentType() {
+bool XmlScanner::TakeDocumentType() {
   for (std::size_t depth = 1; at_ < end_;) {
     const char* character = at_++;
     switch (*character) {
@@ -144,6 +144,7 @@ bool XmlScanner::SkipDocumentType() {
           if (!SkipPast("?>")) return false;
         } else if (Take('!')) {
           ++depth;
+          TakeEntityName();
         } else {
           return false;
         }
@@ -156,6 +157,12 @@ bool XmlScanner::SkipDocumentType() {
     }
   }
   return false;
+}
+
+void XmlScanner::TakeEntityName() {
+  if (!Take("ENTITY") || !SkipBlanks()) return;
+  const std::string_view name = TakeName();
+  if (!name.empty()) entities_.insert(name);
 }
 
 // `next` is kept from text to text, so that the file is searched once, not each short text.

@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/plutil/xml_text.h"
+
 namespace morvantile::plutil {
 
 enum class Markup {
@@ -22,8 +24,9 @@ enum class Markup {
 
 // Goes through an XML file from one piece of markup to the next, without a tree of it. Each element
 // must be closed by a tag of its name, and all markup must be well-formed by the rules of XML 1.0,
-// but attributes may repeat a name or hold a "<", a comment may hold "--", and the inside of the
-// document type is passed over. It takes a few bytes for each level of nesting.
+// but attributes may repeat a name or hold a "<", a comment may hold "--", and of the inside of the
+// document type only the names of entities are taken. It takes a few bytes for each level of
+// nesting.
 class XmlScanner {
  public:
   // `content` is UTF-8 without a NUL, with a byte order mark or not. Names and texts lie in it. The
@@ -51,6 +54,9 @@ class XmlScanner {
   // Of a kXmlDeclaration, the encoding that it names; empty if it names none.
   std::string_view Encoding() const { return encoding_; }
 
+  // The entities that the document type has defined.
+  const EntityNames& Entities() const { return entities_; }
+
   // After Next has returned false, what is wrong and where.
   const std::string& Problem() const { return problem_; }
 
@@ -61,7 +67,8 @@ class XmlScanner {
   bool TakeXmlDeclaration();
   bool TakeDeclaration();
   bool TakeCData();
-  bool SkipDocumentType();
+  bool TakeDocumentType();
+  void TakeEntityName();
 
   bool LiesInText(char character, char*& next);
   bool Take(char expected);
@@ -85,6 +92,7 @@ class XmlScanner {
   std::span<char> cdata_;
   std::string_view encoding_;
   bool may_be_declared_ = true;
+  EntityNames entities_;
   std::vector<std::string_view> open_;  // The names of the elements that we are in.
   std::string problem_;
 };

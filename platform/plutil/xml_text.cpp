@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <charconv>
 #include <cstdint>
 #include <cstring>
@@ -20,38 +19,26 @@ constexpr std::array kEntities = {std::pair{"amp;"sv, '&'}, std::pair{"lt;"sv, '
                                   std::pair{"gt;"sv, '>'}, std::pair{"quot;"sv, '"'},
                                   std::pair{"apos;"sv, '\''}};
 
-// The byte order of a file in UTF-16, by its mark or by the "<" that it begins with.
-std::optional<std::endian> OrderOfUtf16(std::string_view content) {
-  if (content.starts_with("\xFE\xFF"sv) || content.starts_with("\0<"sv)) return std::endian::big;
-  if (content.starts_with("\xFF\xFE"sv) || content.starts_with("<\0"sv)) return std::endian::little;
-  return std::nullopt;
-}
-
-bool IsUtf32(std::string_view content) {
-  return content.starts_with("\0\0"sv) || content.starts_with("\xFF\xFE\0\0"sv) ||
-         content.starts_with("<\0\0\0"sv);
-}
-
 // What stands for a character in an XML text; empty if the character may stand there itself.
 using Escapes = std::array<std::string_view, 256>;
 
-constexpr Escapes MakeEscapes() {
+constexpr Escapes MakeKeyEscapes() {
   Escapes escapes{};
   escapes['&'] = "&amp;";
   escapes['<'] = "&lt;";
-  escapes['>'] = "&gt;";
   escapes['\r'] = "&#13;";
-  return escapes;
-}
-
-constexpr Escapes MakeKeyEscapes() {
-  Escapes escapes = MakeEscapes();
   escapes['\n'] = "&#10;";
   return escapes;
 }
 
-constexpr Escapes kEscapes = MakeEscapes();
+constexpr Escapes MakeTextEscapes() {
+  Escapes escapes = MakeKeyEscapes();
+  escapes['>'] = "&gt;";
+  return escapes;
+}
+
 constexpr Escapes kKeyEscapes = MakeKeyEscapes();
+constexpr Escapes kTextEscapes = MakeTextEscapes();
 
 bool AppendWith(const Escapes& escapes, std::string_view text, Output& output) {
   if (text.find('\0') != std::string_view::npos) return false;
@@ -70,29 +57,31 @@ bool AppendWith(const Escapes& escapes, std::string_view text, Output& output) {
 // Replaces references in a text, from its beginning to its end.
 class EntityDecoder {
  public:
-  EntityDecoder(char* text, std::size_t size) : text_(text), size_(size) {}
+  EntityDecoder(char* text, std::size_t size, const EntityNames& defined)
+      : text_(text), size_(size), defined_(defined) {}
 
-  std::optional<std::size_t> Decode();
+  Decoded Decode();
 
  private:
   void CopyToNextAmpersand();
   bool DecodeReference();
   bool DecodeCharacter(std::string_view reference);
+  bool IsDefined(std::string_view reference) const;
+  bool Fail(std::string_view problem);
   void Put(std::string_view bytes, std::size_t length_of_reference);
 
   char* text_;
   std::size_t size_;
   std::size_t read_ = 0;
   std::size_t written_ = 0;
+  const EntityNames& defined_;
+  std::string_view problem_;
 };
 
-std::optional<std::size_t> EntityDecoder::Decode() {
+Decoded EntityDecoder::Decode() {
   CopyToNextAmpersand();
-  while (read_ < size_) {
-    if (!DecodeReference()) return std::nullopt;
-    CopyToNextAmpersand();
-  }
-  return written_;
+  while (read_ < size_ && DecodeReference()) CopyToNextAmpersand();
+  return {written_, problem_};
 }
 
 void EntityDecoder::CopyToNextAmpersand() {
@@ -114,6 +103,7 @@ bool EntityDecoder::DecodeReference() {
     Put({&character, 1}, 1 + name.size());
     return true;
   }
+  if (IsDefined(reference)) return Fail("an entity of the document's own type");
   Put("&", 1);
   return true;
 }
@@ -130,12 +120,22 @@ bool EntityDecoder::DecodeCharacter(std::string_view reference) {
     return true;
   }
   const bool is_surrogate = code_point >= 0xD800 && code_point < 0xE000;
-  if (error != std::errc() || code_point == 0 || code_point > 0x10FFFF || is_surrogate)
-    return false;
+  if (error != std::errc() || code_point == 0 || code_point > 0x10FFFF || is_surrogate) {
+    return Fail("a reference to a character that does not exist");
+  }
   std::string character;
   AppendUtf8(code_point, character);
   Put(character, static_cast<std::size_t>(end - reference.begin()) + 3);
   return true;
+}
+
+bool EntityDecoder::IsDefined(std::string_view reference) const {
+  return !defined_.empty() && defined_.contains(reference.substr(0, reference.find(';')));
+}
+
+bool EntityDecoder::Fail(std::string_view problem) {
+  problem_ = problem;
+  return false;
 }
 
 void EntityDecoder::Put(std::string_view bytes, std::size_t length_of_reference) {
@@ -145,17 +145,6 @@ void EntityDecoder::Put(std::string_view bytes, std::size_t length_of_reference)
 }
 
 }  // namespace
-
-std::optional<std::string> MakeUtf8(std::string& content) {
-  if (IsUtf32(content)) return "XML in UTF-32";
-  if (const auto order = OrderOfUtf16(content)) {
-    std::optional<std::string> converted = Utf8FromUtf16(content, *order);
-    if (!converted) return "not sound UTF-16";
-    content = *std::move(converted);
-  }
-  if (content.find('\0') != std::string::npos) return "a NUL in an XML file";
-  return std::nullopt;
-}
 
 std::size_t NormalizeLineEnds(char* text, std::size_t size) {
   if (size == 0 || std::memchr(text, '\r', size) == nullptr) return size;
@@ -168,15 +157,22 @@ std::size_t NormalizeLineEnds(char* text, std::size_t size) {
   return written;
 }
 
-std::optional<std::size_t> DecodeEntities(char* text, std::size_t size) {
-  return EntityDecoder(text, size).Decode();
+Decoded DecodeEntities(char* text, std::size_t size, const EntityNames& defined) {
+  return EntityDecoder(text, size, defined).Decode();
 }
 
 bool AppendEscaped(std::string_view text, Output& output) {
-  return AppendWith(kEscapes, text, output);
+  return AppendWith(kTextEscapes, text, output);
 }
 
 bool AppendEscapedKey(std::string_view key, Output& output) {
+  constexpr std::string_view kForbidden = "]]>";
+  for (std::size_t at = key.find(kForbidden); at != std::string_view::npos;
+       at = key.find(kForbidden)) {
+    if (!AppendWith(kKeyEscapes, key.substr(0, at), output)) return false;
+    output.Append("]]&gt;");
+    key.remove_prefix(at + kForbidden.size());
+  }
   return AppendWith(kKeyEscapes, key, output);
 }
 

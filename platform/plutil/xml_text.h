@@ -4,35 +4,39 @@
 #define MORVANTILE_PLATFORM_PLUTIL_XML_TEXT_H
 
 #include <cstddef>
-#include <optional>
-#include <string>
 #include <string_view>
+#include <unordered_set>
 
 #include "platform/plutil/output.h"
 
 namespace morvantile::plutil {
 
-// Makes `content`, an XML file in UTF-8 or UTF-16, UTF-8. Returns nothing on success, else what is
-// wrong: it is in UTF-32, not sound UTF-16, or holds a NUL. Bytes that are not UTF-8 are let pass.
-std::optional<std::string> MakeUtf8(std::string& content);
-
 // Makes each line end of the text of `size` bytes, a carriage return, a line feed or both, a line
 // feed, in place, and returns the size of the result.
 std::size_t NormalizeLineEnds(char* text, std::size_t size);
 
-// Replaces the references to characters and the five entities of XML in the text of `size` bytes,
-// in place, and returns the size of the result. An ampersand that begins no reference, as this
-// project's own library writes it, stays. Returns nothing if a reference means no character of
-// Unicode or NUL.
-std::optional<std::size_t> DecodeEntities(char* text, std::size_t size);
+// The names of entities.
+using EntityNames = std::unordered_set<std::string_view>;
 
-// Adds `text` as the content of an element. "<", ">" and "&" are written as entities, and a
-// carriage return as a reference, since a reader would make a line feed of it. Control characters
-// go out as they are, which not every reader takes. Returns false for a text with a NUL.
+struct Decoded {
+  std::size_t size = 0;
+  std::string_view problem;  // Empty on success.
+};
+
+// Replaces the references to characters and the five entities of XML in the text of `size` bytes,
+// in place. An ampersand that begins no reference, as this project's own library writes it, stays.
+// The problem is a reference to NUL or no character of Unicode, or to an entity in `defined`: what
+// it means is not known here.
+Decoded DecodeEntities(char* text, std::size_t size, const EntityNames& defined);
+
+// Adds `text` as the content of an element. "<", ">" and "&" are written as entities, and line
+// feeds and carriage returns as references, so that the text stays on one line, with the blanks at
+// its line ends, for readers that go by lines. Control characters go out as they are, which not
+// every reader takes. Returns false for a text with a NUL.
 bool AppendEscaped(std::string_view text, Output& output);
 
-// The same for a key, where a line feed is written as a reference as well, so that the key stays on
-// one line.
+// The same for a key, where a ">" stays as it is but in "]]>", since XML asks for no more and this
+// project's own library doesn't decode keys.
 bool AppendEscapedKey(std::string_view key, Output& output);
 
 }  // namespace morvantile::plutil

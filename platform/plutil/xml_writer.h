@@ -16,8 +16,8 @@ namespace morvantile::plutil {
 // tab for each level up to 64 of them (more would make the size of the text the square of the
 // depth), an empty container as <dict/> or <array/> and any other as two lines around its content,
 // an empty string as <string></string>, data as lines of base64 between the lines <data> and
-// </data>. The topmost dict is written as two lines even if it is empty. The lines of a text with
-// line feeds stand as they are.
+// </data>. The topmost dict is written as two lines even if it is empty. Line breaks in texts are
+// written as references.
 //
 // Returns nothing on success, else what is wrong: the text would be of more than `most_bytes`, or
 // Convert's comment tells of something that XML can't hold.

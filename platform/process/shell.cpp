@@ -13,6 +13,7 @@
 #include <cstddef>
 #include <optional>
 
+#include "platform/core/owned_descriptor.h"
 #include "platform/process/command_environment.h"
 
 namespace morvantile {
@@ -28,9 +29,6 @@ constexpr int kKilledAtLimit = -1;
 class RunningCommand {
  public:
   explicit RunningCommand(const std::string& command);
-  ~RunningCommand();
-  RunningCommand(const RunningCommand&) = delete;
-  RunningCommand& operator=(const RunningCommand&) = delete;
 
   // The status of the command once it has ended.
   std::optional<int> Ended() const;
@@ -39,10 +37,10 @@ class RunningCommand {
   void Kill() const;
 
  private:
-  int Spawn(const std::string& command, int output);
+  static pid_t Spawn(const std::string& command, int output);
 
   pid_t process_ = -1;
-  int output_ = -1;
+  OwnedDescriptor output_;
 };
 
 }  // namespace
@@ -71,12 +69,18 @@ RunningCommand::RunningCommand(const std::string& command) {
   if (pipe(ends.data()) != 0) return;
   for (const int end : ends) fcntl(end, F_SETFD, FD_CLOEXEC);
   fcntl(ends[0], F_SETFL, O_NONBLOCK);
-  output_ = ends[0];
-  process_ = Spawn(command, ends[1]);
-  close(ends[1]);
+  output_ = OwnedDescriptor(ends[0]);
+  const OwnedDescriptor input(ends[1]);
+  process_ = Spawn(command, input.get());
 }
 
-int RunningCommand::Spawn(const std::string& command, int output) {
+pid_t RunningCommand::Spawn(const std::string& command, int output) {
+  std::string shell = "sh";
+  std::string option = "-c";
+  std::string text = command;
+  std::array<char*, 4> arguments = {shell.data(), option.data(), text.data(), nullptr};
+  CommandEnvironment environment;
+
   posix_spawn_file_actions_t files{};
   posix_spawn_file_actions_init(&files);
   posix_spawn_file_actions_addopen(&files, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
@@ -94,21 +98,12 @@ int RunningCommand::Spawn(const std::string& command, int output) {
   posix_spawnattr_setflags(&attributes,
                            POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
 
-  std::string shell = "sh";
-  std::string option = "-c";
-  std::string text = command;
-  std::array<char*, 4> arguments = {shell.data(), option.data(), text.data(), nullptr};
-  CommandEnvironment environment;
   pid_t process = -1;
   const int error = posix_spawn(&process, "/bin/sh", &files, &attributes, arguments.data(),
                                 environment.Pointers());
   posix_spawnattr_destroy(&attributes);
   posix_spawn_file_actions_destroy(&files);
   return error == 0 ? process : -1;
-}
-
-RunningCommand::~RunningCommand() {
-  if (output_ >= 0) close(output_);
 }
 
 std::optional<int> RunningCommand::Ended() const {
@@ -125,8 +120,8 @@ std::optional<int> RunningCommand::Ended() const {
 void RunningCommand::WaitForNews() const {
   constexpr int kWhileOutputIsOpen = 20;
   constexpr int kAfterItsEnd = 1;
-  pollfd output{output_, POLLIN, 0};
-  if (output_ < 0) {
+  pollfd output{output_.get(), POLLIN, 0};
+  if (output.fd < 0) {
     poll(nullptr, 0, kAfterItsEnd);
   } else {
     poll(&output, 1, kWhileOutputIsOpen);
@@ -136,14 +131,10 @@ void RunningCommand::WaitForNews() const {
 // Reads what is there, yet not for ever: a command may write faster than this reads.
 void RunningCommand::ReadOutput(std::string& output) {
   std::array<char, 65536> piece{};
-  for (int i = 0; i < 16 && output_ >= 0; ++i) {
-    const ssize_t size = read(output_, piece.data(), piece.size());
+  for (int i = 0; i < 16 && output_.get() >= 0; ++i) {
+    const ssize_t size = read(output_.get(), piece.data(), piece.size());
     if (size < 0 && (errno == EAGAIN || errno == EINTR)) return;
-    if (size <= 0) {
-      close(output_);
-      output_ = -1;
-      return;
-    }
+    if (size <= 0) return output_.Close();
     const std::size_t room = kLongestResult - output.size();
     output.append(piece.data(), std::min(room, static_cast<std::size_t>(size)));
   }

@@ -6,6 +6,7 @@
 #include <QDesktopServices>
 #include <QEventLoop>
 #include <QIcon>
+#include <QLocale>
 #include <QMessageBox>
 #include <QScreen>
 #include <QTimer>
@@ -21,6 +22,8 @@
 #include "platform/qt/guarded_application.h"
 #include "platform/qt/theme.h"
 #include "platform/qt/translations.h"
+#include "platform/qt/widgets/accessible.h"
+#include "platform/qt/widgets/placement.h"
 #include "platform/qt/widgets/window_widget.h"
 #include "platform/ui/application.h"
 
@@ -68,7 +71,12 @@ QtHost::QtHost(int argc, char** argv, StayBehind& stayBehind, SingleInstance& in
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setWindowIcon(QIcon(":/morvantile.png"));
   FollowDesktopTheme();
-  LoadTranslations(QApplication::applicationDirPath() + "/../share/morvantile/translations");
+  InstallAccessibleWidgets();
+  LoadTranslations(QApplication::applicationDirPath() + "/../share/morvantile/translations",
+                   QLocale().uiLanguages());
+  // Rectangles, slider and segments are where the layout puts them, in every language; each text
+  // runs in the direction of its own letters.
+  QApplication::setLayoutDirection(Qt::LeftToRight);
   EndPatienceWithDesktop();
 }
 
@@ -131,7 +139,7 @@ std::vector<ScreenGeometry> QtHost::Screens() {
   std::vector<ScreenGeometry> screens;
   for (const QScreen* screen : QGuiApplication::screens()) {
     const QSize whole = screen->size();
-    const QRect free = screen->availableGeometry();
+    const QRect free = screen->availableGeometry().translated(-OriginOfScreens());
     screens.push_back(
         {whole.width(), whole.height(), free.x(), free.y(), free.width(), free.height()});
   }

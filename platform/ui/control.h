@@ -22,6 +22,8 @@ class ControlPeer {
 
   // Something that the control shows has changed.
   virtual void ControlChanged() = 0;
+  // What is read out of the control has changed.
+  virtual void DescriptionChanged() {}
 };
 
 // A control: a plain object with its own state and events. What the program sets goes to the peer,
@@ -51,6 +53,14 @@ class Control : public Object {
   std::string HelpTag;
   std::string AccessibleName;  // read out for a control that has no text of its own
 
+  // What is read out beside name and value, at once when it changes while the control has the focus.
+  const std::string& AccessibleDescription() const { return accessibleDescription_; }
+  void SetAccessibleDescription(const std::string& description) {
+    if (description == accessibleDescription_) return;
+    accessibleDescription_ = description;
+    if (peer_ != nullptr) peer_->DescriptionChanged();
+  }
+
   // The control's own handling of its opening. The window calls it once, after all its controls
   // have been made and before its own Open event.
   virtual void Event_Open() {}
@@ -73,6 +83,7 @@ class Control : public Object {
 
  private:
   ControlPeer* peer_ = nullptr;
+  std::string accessibleDescription_;
 };
 
 }  // namespace morvantile

@@ -5,7 +5,8 @@
 
 namespace morvantile {
 
-// A screen's size and the part of it that panels leave free, in logical pixels.
+// A screen's size and the part of it that panels leave free, in logical pixels. Positions are
+// relative to the top left corner of the primary screen, here and in windows.
 struct ScreenGeometry {
   int Width;
   int Height;

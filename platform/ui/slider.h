@@ -20,6 +20,7 @@ class Slider : public Control {
   int PageStep = 20;        // what Page Up and Page Down move
   bool LiveScroll = false;  // the value follows the thumb while it is dragged
   int TickStyle = kTicksNone;
+  int AccessibleUnit = 1;  // what a step of 1 means to who has the value read out
 
   int Value() const { return value_; }
   // A value outside the range becomes the nearest end of it. Raises ValueChanged if that makes

@@ -69,6 +69,7 @@ class Window : public Object {
   Ref<PushButton> FindCancelButton() const;
   // The control that has the focus when the window is shown; nil leaves it to the tab order.
   Ref<Control> InitialFocus;
+  std::string AccessibleName;  // read out for a window without a title
 
   // Makes the window ready: applies its properties, makes its controls, opens them in the order of
   // their creation and then raises Event_Open. Whoever makes a window calls it once.

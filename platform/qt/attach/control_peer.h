@@ -1,6 +1,8 @@
 #ifndef MORVANTILE_PLATFORM_QT_ATTACH_CONTROL_PEER_H
 #define MORVANTILE_PLATFORM_QT_ATTACH_CONTROL_PEER_H
 
+#include <QString>
+
 #include "platform/ui/control.h"
 
 namespace morvantile {
@@ -14,6 +16,10 @@ class PeerOf : public ControlPeer {
   ~PeerOf() override { control_->AttachPeer(nullptr); }
   PeerOf(const PeerOf&) = delete;
   PeerOf& operator=(const PeerOf&) = delete;
+
+  void DescriptionChanged() override {
+    widget_->setAccessibleDescription(QString::fromStdString(control_->AccessibleDescription()));
+  }
 
  protected:
   C& control() const { return *control_; }

@@ -4,6 +4,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QShortcut>
+#include <algorithm>
 #include <cmath>
 
 #include "platform/qt/clipboard/picture_image.h"
@@ -46,24 +47,33 @@ CanvasWidget::CanvasWidget(Canvas& canvas, QWidget& parent) : QWidget(&parent), 
   setFocusPolicy(canvas.AcceptFocus ? Qt::StrongFocus : Qt::NoFocus);
   if (canvas.Shortcut.empty()) return;
   auto* shortcut = new QShortcut(QKeySequence(QString::fromStdString(canvas.Shortcut)), this);
-  QObject::connect(shortcut, &QShortcut::activated, this, [this] { canvas_->UserMouseDown(0, 0); });
+  QObject::connect(shortcut, &QShortcut::activated, this, [this] { Press(); });
+}
+
+QAccessible::Role CanvasWidget::Role() const {
+  return IsPressable() ? QAccessible::Button : QAccessible::Graphic;
+}
+
+double CanvasWidget::Scale() const {
+  return static_cast<double>(width()) / std::max(1, canvas_->Width);
 }
 
 void CanvasWidget::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  painter.setRenderHint(QPainter::SmoothPixmapTransform, !IsWhole(devicePixelRatioF()));
+  painter.setRenderHint(QPainter::SmoothPixmapTransform, !IsWhole(devicePixelRatioF() * Scale()));
   if (canvas_->Backdrop != nullptr) {
     const QString name = QString::fromStdString(canvas_->Backdrop->Name());
     QIcon(":/" + name + ".png").paint(&painter, rect());
   }
-  WidgetGraphics graphics(painter, size());
+  painter.scale(Scale(), Scale());
+  WidgetGraphics graphics(painter, {canvas_->Width, canvas_->Height});
   canvas_->HostPaint(graphics);
 }
 
 void CanvasWidget::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
-  canvas_->UserMouseDown(static_cast<int>(event->position().x()),
-                         static_cast<int>(event->position().y()));
+  const QPointF position = event->position() / Scale();
+  canvas_->UserMouseDown(static_cast<int>(position.x()), static_cast<int>(position.y()));
 }
 
 }  // namespace morvantile

@@ -3,20 +3,28 @@
 
 #include <QWidget>
 
+#include "platform/qt/widgets/accessible.h"
 #include "platform/ui/canvas.h"
 
 namespace morvantile {
 
 // Shows a canvas: its backdrop in the density that fits the screen, then what its handler draws.
-class CanvasWidget : public QWidget {
+class CanvasWidget : public QWidget, public AccessibleWidget {
  public:
   CanvasWidget(Canvas& canvas, QWidget& parent);
+
+  QAccessible::Role Role() const override;
+  bool IsPressable() const override { return canvas_->MouseDown != nullptr; }
+  void Press() override { canvas_->UserMouseDown(0, 0); }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
 
  private:
+  // How large it is drawn.
+  double Scale() const;
+
   Ref<Canvas> canvas_;
 };
 

@@ -3,8 +3,9 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QPushButton>
-#include <QSlider>
+#include <QRegularExpression>
 #include <QTreeWidget>
 #include <utility>
 
@@ -12,9 +13,13 @@
 #include "platform/qt/attach/row_mirror.h"
 #include "platform/qt/attach/row_selectors.h"
 #include "platform/qt/attach/value_peers.h"
+#include "platform/qt/widgets/accessible.h"
 #include "platform/qt/widgets/canvas_widget.h"
+#include "platform/qt/widgets/contrast.h"
 #include "platform/qt/widgets/fonts.h"
+#include "platform/qt/widgets/placement.h"
 #include "platform/qt/widgets/segment_bar.h"
+#include "platform/qt/widgets/slider_widget.h"
 #include "platform/ui/canvas.h"
 #include "platform/ui/label.h"
 #include "platform/ui/listbox.h"
@@ -38,14 +43,47 @@ class ButtonPeer : public PeerOf<PushButton, QPushButton> {
                      [&button] { button.UserPress(); });
   }
 
-  void ControlChanged() override { widget().setText(QString::fromStdString(control().Caption)); }
+  void ControlChanged() override {
+    widget().setText(QString::fromStdString(control().Caption));
+    FitButtons(*widget().parentWidget());
+  }
 };
 
-class LabelWidget : public QLabel {
+// Shows by a ring that it has the focus.
+class ButtonWidget : public QPushButton {
+ public:
+  using QPushButton::QPushButton;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override {
+    QPushButton::paintEvent(event);
+    if (!hasFocus()) return;
+    QPainter painter(this);
+    DrawFocusRing(painter, QRectF(rect()).adjusted(2, 2, -2, -2), palette().color(QPalette::Button),
+                  palette());
+  }
+};
+
+// The text, in which a size such as "640 x 480" keeps its order among right-to-left letters: marks
+// isolate it from them.
+QString WithSizesInOrder(QString text) {
+  if (!text.isRightToLeft()) return text;
+  static const QRegularExpression kSize("(\\d+ x \\d+)");
+  return text.replace(kSize, QString(QChar(0x2066)) + "\\1" + QChar(0x2069));
+}
+
+// A label that can be clicked is a link.
+class LabelWidget : public QLabel, public AccessibleWidget {
  public:
   LabelWidget(Label& label, QWidget& parent) : QLabel(&parent), label_(&label) {
     setTextFormat(Qt::PlainText);
   }
+
+  QAccessible::Role Role() const override {
+    return IsPressable() ? QAccessible::Link : QAccessible::StaticText;
+  }
+  bool IsPressable() const override { return label_->MouseDown != nullptr; }
+  void Press() override { label_->UserMouseDown(0, 0); }
 
  protected:
   void mousePressEvent(QMouseEvent* event) override {
@@ -63,12 +101,13 @@ class LabelPeer : public PeerOf<Label, LabelWidget> {
   LabelPeer(Label& label, LabelWidget* shown) : PeerOf(label, shown) {
     widget().setAlignment(Alignment());
     if (label.MouseDown) widget().setCursor(Qt::PointingHandCursor);
-    if (label.TextColor != Label::kThemeColor) SetColor();
+    SetColor();
   }
 
+  // The font never grows again, so that it doesn't flicker while a number changes.
   void ControlChanged() override {
-    const QString text = QString::fromStdString(control().Text());
-    widget().setFont(ShrunkToFit(FontFor(control()), text, control().Width));
+    const QString text = WithSizesInOrder(QString::fromStdString(control().Text()));
+    widget().setFont(ShrunkToFit(widget().font(), text, widget().size()));
     widget().setText(text);
   }
 
@@ -84,14 +123,18 @@ class LabelPeer : public PeerOf<Label, LabelWidget> {
     }
   }
 
-  // A colour made for light windows is lifted on a dark one, where it couldn't be read.
+  // A colour made for light windows may be too dark on a dark one, and the theme's colour of dimmed
+  // text too faint on any.
   void SetColor() {
     QPalette palette = widget().palette();
-    QColor color = QColor::fromRgb(static_cast<QRgb>(control().TextColor));
-    if (palette.color(QPalette::Window).lightness() < 128) {
-      color.setHsl(color.hslHue(), color.hslSaturation(), 180);
-    }
-    palette.setColor(QPalette::WindowText, color);
+    const QColor window = palette.color(QPalette::Window);
+    const QColor text = control().TextColor == Label::kThemeColor
+                            ? palette.color(QPalette::Active, QPalette::WindowText)
+                            : QColor::fromRgb(static_cast<QRgb>(control().TextColor));
+    const QColor dimmed = palette.color(QPalette::Disabled, QPalette::WindowText);
+    palette.setColor(QPalette::WindowText, WithContrast(text, window, kContrastOfText));
+    palette.setColor(QPalette::Disabled, QPalette::WindowText,
+                     WithContrast(dimmed, window, kContrastOfParts));
     widget().setPalette(palette);
   }
 };
@@ -109,9 +152,9 @@ QSlider::TickPosition TicksOf(const Slider& slider) {
   }
 }
 
-class SliderPeer : public PeerOf<Slider, QSlider> {
+class SliderPeer : public PeerOf<Slider, SliderWidget> {
  public:
-  SliderPeer(Slider& slider, QSlider* shown) : PeerOf(slider, shown) {
+  SliderPeer(Slider& slider, SliderWidget* shown) : PeerOf(slider, shown) {
     widget().setRange(slider.Minimum, slider.Maximum);
     widget().setSingleStep(slider.LineStep);
     widget().setPageStep(slider.PageStep);
@@ -130,6 +173,7 @@ class SegmentedPeer : public PeerOf<SegmentedControl, SegmentBar> {
  public:
   using PeerOf::PeerOf;
   void ControlChanged() override { widget().ShowState(control()); }
+  void DescriptionChanged() override { widget().ShowState(control()); }
 };
 
 class CanvasPeer : public PeerOf<Canvas, CanvasWidget> {
@@ -163,18 +207,18 @@ ShownControl ShownMenu(PopupMenu& menu, QWidget& parent) {
 }
 
 // The widget and peer that fit the control's class; null for one that is not known.
-ShownControl Choose(Control& any, QWidget& parent) {
+ShownControl Choose(Control& any, QWidget& parent, double scale) {
   if (auto* button = dynamic_cast<PushButton*>(&any)) {
-    return Shown<ButtonPeer>(*button, new QPushButton(&parent));
+    return Shown<ButtonPeer>(*button, new ButtonWidget(&parent));
   }
   if (auto* label = dynamic_cast<Label*>(&any)) {
     return Shown<LabelPeer>(*label, new LabelWidget(*label, parent));
   }
   if (auto* slider = dynamic_cast<Slider*>(&any)) {
-    return Shown<SliderPeer>(*slider, new QSlider(Qt::Horizontal, &parent));
+    return Shown<SliderPeer>(*slider, new SliderWidget(*slider, parent));
   }
   if (auto* segmented = dynamic_cast<SegmentedControl*>(&any)) {
-    return Shown<SegmentedPeer>(*segmented, new SegmentBar(*segmented, parent));
+    return Shown<SegmentedPeer>(*segmented, new SegmentBar(*segmented, parent, scale));
   }
   if (auto* canvas = dynamic_cast<Canvas*>(&any)) {
     return Shown<CanvasPeer>(*canvas, new CanvasWidget(*canvas, parent));
@@ -195,9 +239,9 @@ ShownControl Choose(Control& any, QWidget& parent) {
   return {nullptr, nullptr};
 }
 
-void Style(const Control& control, QWidget& widget) {
-  widget.setGeometry(control.Left, control.Top, control.Width, control.Height);
-  widget.setFont(FontFor(control));
+void Style(const Control& control, QWidget& widget, double scale) {
+  widget.setGeometry(Scaled({control.Left, control.Top, control.Width, control.Height}, scale));
+  widget.setFont(FontFor(control, scale));
   widget.setToolTip(QString::fromStdString(control.HelpTag));
   widget.setAccessibleName(QString::fromStdString(control.AccessibleName));
   widget.setObjectName(QString::fromStdString(control.Name));
@@ -207,11 +251,12 @@ void Style(const Control& control, QWidget& widget) {
 
 }  // namespace
 
-ShownControl Show(Control& control, QWidget& parent) {
-  ShownControl shown = Choose(control, parent);
+ShownControl Show(Control& control, QWidget& parent, double scale) {
+  ShownControl shown = Choose(control, parent, scale);
   if (shown.widget == nullptr) return shown;
-  Style(control, *shown.widget);
+  Style(control, *shown.widget, scale);
   shown.peer->ControlChanged();
+  shown.peer->DescriptionChanged();
   return shown;
 }
 

@@ -17,9 +17,9 @@ struct ShownControl {
   std::unique_ptr<ControlPeer> peer;
 };
 
-// Makes the widget that shows the control inside `parent`. The widget is null for a class of
-// control that the host doesn't know.
-ShownControl Show(Control& control, QWidget& parent);
+// Makes the widget that shows the control inside `parent`, which is drawn at `scale` of its size, 0
+// to 1. The widget is null for a class of control that the host doesn't know.
+ShownControl Show(Control& control, QWidget& parent, double scale);
 
 }  // namespace morvantile
 

@@ -4,17 +4,27 @@
 #define MORVANTILE_PLATFORM_QT_WIDGETS_FONTS_H
 
 #include <QFont>
+#include <QSize>
 #include <QString>
+#include <QWidget>
 
 #include "platform/ui/control.h"
 
 namespace morvantile {
 
-// The font that a control asks for by TextFont and TextSize.
-QFont FontFor(const Control& control);
+// What the text of a button leaves free of it: left and right, above and below together.
+constexpr QSize kButtonMargins(8, 4);
 
-// The font, made smaller as far as `text` needs it to fit into `width` logical pixels.
-QFont ShrunkToFit(QFont font, const QString& text, int width);
+// The font that a control asks for by TextFont and TextSize, in a window drawn at `scale`. "System"
+// has the size of the desktop's font, or that of the layouts if it is larger, and at most what the
+// control's height has room for.
+QFont FontFor(const Control& control, double scale);
+
+// The font, made smaller as far as `text` needs it to fit into `room`, in logical pixels.
+QFont ShrunkToFit(QFont font, const QString& text, const QSize& room);
+
+// Gives all buttons of a window the largest font in which the text of each fits.
+void FitButtons(const QWidget& window);
 
 }  // namespace morvantile
 

@@ -4,14 +4,16 @@
 #include <QPainter>
 #include <QPainterPath>
 
+#include "platform/qt/widgets/contrast.h"
 #include "platform/qt/widgets/fonts.h"
+#include "platform/qt/widgets/placement.h"
 
 namespace morvantile {
 namespace {
 
 constexpr qreal kRadius = 4;
 
-class SegmentButton : public QAbstractButton {
+class SegmentButton : public QAbstractButton, public AccessibleWidget {
  public:
   enum Ends { kInner = 0, kFirst = 1, kLast = 2 };
 
@@ -19,6 +21,10 @@ class SegmentButton : public QAbstractButton {
     setCheckable(true);
     setAttribute(Qt::WA_Hover);
   }
+
+  QAccessible::Role Role() const override { return QAccessible::RadioButton; }
+  bool IsPressable() const override { return true; }
+  void Press() override { click(); }
 
  protected:
   void paintEvent(QPaintEvent* /*event*/) override {
@@ -28,8 +34,10 @@ class SegmentButton : public QAbstractButton {
     painter.fillPath(outline, FillColor());
     painter.setPen(QPen(BorderColor(), 1));
     painter.drawPath(outline);
-    if (hasFocus()) DrawFocus(painter);
-    painter.setPen(palette().color(isChecked() ? QPalette::HighlightedText : QPalette::ButtonText));
+    if (hasFocus()) {
+      DrawFocusRing(painter, QRectF(rect()).adjusted(2, 2, -2, -2), FillColor(), palette());
+    }
+    painter.setPen(TextColor());
     painter.drawText(rect(), Qt::AlignCenter, text());
   }
 
@@ -49,8 +57,14 @@ class SegmentButton : public QAbstractButton {
     return path.simplified();
   }
 
+  QColor TextColor() const {
+    return palette().color(isChecked() ? QPalette::HighlightedText : QPalette::ButtonText);
+  }
+
   QColor FillColor() const {
-    if (isChecked()) return palette().color(QPalette::Highlight);
+    if (isChecked()) {
+      return WithContrast(palette().color(QPalette::Highlight), TextColor(), kContrastOfText);
+    }
     const QColor base = palette().color(QPalette::Button);
     return underMouse() ? base.lighter(108) : base;
   }
@@ -60,19 +74,13 @@ class SegmentButton : public QAbstractButton {
     return button.lightness() > 127 ? button.darker(140) : button.lighter(180);
   }
 
-  void DrawFocus(QPainter& painter) const {
-    QColor ring = palette().color(isChecked() ? QPalette::HighlightedText : QPalette::Highlight);
-    ring.setAlpha(150);
-    painter.setPen(QPen(ring, 1));
-    painter.drawRoundedRect(QRectF(rect()).adjusted(2.5, 2.5, -2.5, -2.5), 2, 2);
-  }
-
   int ends_;
 };
 
 }  // namespace
 
-SegmentBar::SegmentBar(SegmentedControl& control, QWidget& parent) : QWidget(&parent) {
+SegmentBar::SegmentBar(SegmentedControl& control, QWidget& parent, double scale)
+    : QWidget(&parent) {
   auto* group = new QButtonGroup(this);
   const int count = control.ItemCount();
   int left = 0;
@@ -84,9 +92,10 @@ SegmentBar::SegmentBar(SegmentedControl& control, QWidget& parent) : QWidget(&pa
     auto* button = new SegmentButton(ends, this);
     button->setText(QString::fromStdString(item.Title));
     button->setAccessibleName(QString::fromStdString(item.AccessibleName));
-    button->setFont(FontFor(control));
-    button->setGeometry(left, 0, item.Width + edge, control.Height);
-    left += button->width();
+    button->setGeometry(Scaled({left, 0, item.Width + edge, control.Height}, scale));
+    button->setFont(
+        ShrunkToFit(FontFor(control, scale), button->text(), button->size() - kButtonMargins));
+    left += item.Width + edge;
     group->addButton(button);
     QObject::connect(button, &QAbstractButton::clicked, button,
                      [&control, i] { control.UserPress(i); });
@@ -99,7 +108,10 @@ SegmentBar::SegmentBar(SegmentedControl& control, QWidget& parent) : QWidget(&pa
 void SegmentBar::ShowState(SegmentedControl& control) {
   for (int i = 0; i < control.ItemCount(); ++i) {
     QAbstractButton* button = buttons_[static_cast<std::size_t>(i)];
-    button->setToolTip(QString::fromStdString(control.Items(i).HelpTag));
+    const QString help = QString::fromStdString(control.Items(i).HelpTag);
+    button->setToolTip(help);
+    button->setAccessibleDescription(
+        (help + ' ' + QString::fromStdString(control.AccessibleDescription())).trimmed());
     const bool selected = control.Items(i).Selected();
     if (selected) button->setChecked(true);
     // The tab key stops once, at the lit one.

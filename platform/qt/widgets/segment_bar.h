@@ -5,14 +5,18 @@
 #include <QWidget>
 #include <vector>
 
+#include "platform/qt/widgets/accessible.h"
 #include "platform/ui/segmented_control.h"
 
 namespace morvantile {
 
 // Buttons side by side, one of which is lit; the arrow keys move the light.
-class SegmentBar : public QWidget {
+class SegmentBar : public QWidget, public AccessibleWidget {
  public:
-  SegmentBar(SegmentedControl& control, QWidget& parent);
+  // For a window drawn at `scale`.
+  SegmentBar(SegmentedControl& control, QWidget& parent, double scale);
+
+  QAccessible::Role Role() const override { return QAccessible::Grouping; }
 
   // Takes over selection and help tags of the control.
   void ShowState(SegmentedControl& control);

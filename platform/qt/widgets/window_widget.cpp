@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "platform/qt/widgets/control_widgets.h"
+#include "platform/qt/widgets/placement.h"
 
 namespace morvantile {
 namespace {
@@ -36,9 +37,13 @@ std::vector<QWidget*> FocusTargets(QWidget* widget) {
 }  // namespace
 
 WindowWidget::WindowWidget(const Ref<Window>& window, QWidget* parent)
-    : QDialog(parent, FlagsOf(*window)), window_(window), watch_([this] { TellIfDeactivated(); }) {
+    : QDialog(parent, FlagsOf(*window)),
+      window_(window),
+      scale_(DrawnScale(*window)),
+      watch_([this] { TellIfDeactivated(); }) {
   setWindowModality(Qt::ApplicationModal);
   setWindowTitle(QString::fromStdString(window->Title()));
+  setAccessibleName(QString::fromStdString(window->AccessibleName));
   ShowRectangle();
   MakeControls();
   window->AttachPeer(this);
@@ -49,7 +54,7 @@ WindowWidget::~WindowWidget() { window_->AttachPeer(nullptr); }
 void WindowWidget::MakeControls() {
   std::vector<std::pair<int, QWidget*>> byIndex;
   for (const Ref<Control>& control : window_->Controls()) {
-    ShownControl shown = Show(*control, *this);
+    ShownControl shown = Show(*control, *this, scale_);
     if (shown.widget == nullptr) continue;
     for (QWidget* target : FocusTargets(shown.widget)) {
       byIndex.emplace_back(control->TabIndex, target);
@@ -69,13 +74,14 @@ void WindowWidget::SetTabOrder(std::vector<std::pair<int, QWidget*>> byIndex) {
 }
 
 void WindowWidget::ShowRectangle() {
+  const QRect drawn = DrawnRectangle(*window_, scale_);
   if (window_->Resizeable) {
     setMinimumSize(window_->MinWidth, window_->MinHeight);
     setMaximumSize(window_->MaxWidth, window_->MaxHeight);
   } else {
-    setFixedSize(window_->Width(), window_->Height());
+    setFixedSize(drawn.size());
   }
-  setGeometry(window_->Left(), window_->Top(), window_->Width(), window_->Height());
+  setGeometry(drawn);
 }
 
 void WindowWidget::WindowChanged() {
@@ -129,7 +135,9 @@ void WindowWidget::resizeEvent(QResizeEvent* event) {
 }
 
 void WindowWidget::TellRectangle() {
-  if (isVisible()) window_->UserMoved(geometry().x(), geometry().y(), width(), height());
+  if (!isVisible() || scale_ != 1) return;
+  const QRect place = geometry().translated(-OriginOfScreens());
+  window_->UserMoved(place.x(), place.y(), place.width(), place.height());
 }
 
 }  // namespace morvantile

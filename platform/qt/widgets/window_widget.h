@@ -41,6 +41,7 @@ class WindowWidget : public QDialog, private WindowPeer {
   void TellIfDeactivated();
 
   Ref<Window> window_;
+  const double scale_;
   ActiveWindowWatch watch_;
   std::vector<std::unique_ptr<ControlPeer>> peers_;
 };

@@ -9,7 +9,11 @@
 #include <array>
 #include <chrono>
 #include <csignal>
+#include <cstdlib>
 #include <filesystem>
+#include <functional>
+#include <iterator>
+#include <new>
 #include <random>
 #include <string>
 #include <thread>
@@ -19,7 +23,22 @@
 #include "platform/files/folder_item.h"
 #include "platform/files/text_input_stream.h"
 #include "platform/files/text_output_stream.h"
+#include "platform/process/shell.h"
 #include "tests/platform/files/scratch_folder.h"
+
+namespace {
+
+thread_local int allocations_allowed = -1;  // before one fails; negative: none does
+
+}  // namespace
+
+void* operator new(std::size_t size) {
+  if (allocations_allowed >= 0 && allocations_allowed-- == 0) throw std::bad_alloc();
+  void* const memory = std::malloc(size);
+  return memory != nullptr ? memory : throw std::bad_alloc();
+}
+void operator delete(void* memory) noexcept { std::free(memory); }
+void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 
 namespace morvantile {
 namespace {
@@ -124,9 +143,49 @@ TEST(TextInputStream, OpensRegularFilesAlone) {
     EXPECT_EQ(TextInputStream::Open(folder.Item(name)), nullptr) << name;
   }
   EXPECT_THROW(TextInputStream::Open(nullptr), NilObjectException);
-  const Ref<TextInputStream> closed = TextInputStream::Open(folder.Put("a", "text"));
-  closed->Close();
-  EXPECT_TRUE(closed->AtEOF());
+}
+
+TEST(TextInputStream, IsAtItsEndAfterClose) {
+  const ScratchFolder folder;
+  for (const char* text : {"", "one", "one\ntwo\nthree", "one\rtwo\r\nthree\n"}) {
+    const Ref<TextInputStream> stream = TextInputStream::Open(folder.Put("a", text));
+    stream->ReadLine();
+    stream->Close();
+    EXPECT_EQ(stream->ReadLine(), "") << text;
+    EXPECT_EQ(stream->ReadAll(), "") << text;
+    EXPECT_TRUE(stream->AtEOF()) << text;
+  }
+}
+
+TEST(Streams, NoDescriptorIsLeftOpenWhereMemoryRunsOut) {
+  const ScratchFolder folder;
+  const Ref<FolderItem> file = folder.Put("a", "text");
+  setxattr(file->AbsolutePath().c_str(), "user.note", "a note of some length", 21, 0);
+  const auto open_descriptors = [] {
+    const fs::directory_iterator all("/proc/self/fd");
+    return std::distance(begin(all), end(all));
+  };
+  const std::vector<std::function<void()>> operations = {
+      [&] { TextInputStream::Open(file)->ReadAll(); },
+      [&] { WriteText(file, "text"); },
+      [&] { file->CopyFileTo(folder.Item("b")); },
+      [&] { Shell().Execute("echo text"); },
+  };
+  for (std::size_t i = 0; i < operations.size(); ++i) {
+    const auto before = open_descriptors();
+    bool has_failed = true;
+    for (int allowed = 0; has_failed; ++allowed) {
+      has_failed = false;
+      allocations_allowed = allowed;
+      try {
+        operations[i]();
+      } catch (const std::bad_alloc&) {
+        has_failed = true;
+      }
+      allocations_allowed = -1;
+      ASSERT_EQ(open_descriptors(), before) << "operation " << i << ", allocation " << allowed;
+    }
+  }
 }
 
 TEST(TextOutputStream, WritesPrivateFilesWithLineFeeds) {

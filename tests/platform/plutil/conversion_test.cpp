@@ -38,8 +38,10 @@ TEST(Conversion, WritesOneElementALine) {
       "\t\t<dict/>\n"
       "\t\t<array/>\n"
       "\t</array>\n"
-      "\t<key>k&amp;e&lt;y&gt;</key>\n"
-      "\t<string>a&gt;&lt;b &amp; \"'\nsecond line</string>\n"
+      "\t<key>k&amp;e&lt;y></key>\n"
+      "\t<string>a&gt;&lt;b &amp; \"'&#10;second line&#13;&#10;\t third</string>\n"
+      "\t<key>]]&gt;a&#10;b&#13;></key>\n"
+      "\t<string></string>\n"
       "</dict>\n";
   EXPECT_EQ(ThroughBinary(XmlFile(elements)), XmlFile(elements));
   EXPECT_EQ(ToXml(XmlFile(elements)), XmlFile(elements));
@@ -59,7 +61,7 @@ TEST(Conversion, LongDataGoesOnLinesOfItsOwn) {
 }
 
 TEST(BinaryReader, ReadsEveryWidthOfNumber) {
-  const std::vector<std::pair<const char*, const char*>> cases = {
+  const std::vector<std::pair<const char*, std::string>> cases = {
       {"08", "<false/>"},
       {"09", "<true/>"},
       {"10 FF", "<integer>255</integer>"},
@@ -78,9 +80,14 @@ TEST(BinaryReader, ReadsEveryWidthOfNumber) {
       {"23 FFF0000000000000", "<real>-inf</real>"},
       {"23 7FF8000000000000", "<real>nan</real>"},
       {"33 0000000000000000", "<date>2001-01-01T00:00:00Z</date>"},
-      {"33 BFE0000000000000", "<date>2000-12-31T23:59:59Z</date>"},
+      {"33 BFE0000000000000", "<date>2000-12-31T23:59:59.5Z</date>"},
+      {"33 41B0A7E0F0000001", "<date>2009-11-09T05:32:32.00000006Z</date>"},
+      {"33 0000000000000001", "<date>2001-01-01T00:00:00." + std::string(323, '0') + "5Z</date>"},
       {"42 0001", "<data>\nAAE=\n</data>"},
       {"52 6162", "<string>ab</string>"},
+      {"54 61C3A462",
+       "<string>a\xC3\xA4"
+       "b</string>"},
       {"5F 10 02 6162", "<string>ab</string>"},
       {"5F 13 0000000000000002 6162", "<string>ab</string>"},
       {"63 00E4 D83DDE00", "<string>\xC3\xA4\xF0\x9F\x98\x80</string>"},
@@ -88,7 +95,18 @@ TEST(BinaryReader, ReadsEveryWidthOfNumber) {
       {"C0", "<array>\n</array>"},
   };
   for (const auto& [object, element] : cases) {
-    EXPECT_EQ(XmlOfObject(Hex(object)), XmlFile(std::string(element) + "\n")) << object;
+    const std::string xml = XmlOfObject(Hex(object));
+    EXPECT_EQ(xml, XmlFile(element + "\n")) << object;
+    EXPECT_EQ(ThroughBinary(xml), xml);
+    const bool keeps_bytes =
+        !element.starts_with("<date>") || ToBinary(xml) == BinaryFile({Hex(object)});
+    EXPECT_TRUE(keeps_bytes) << object;
+  }
+}
+
+TEST(BinaryReader, PassesOverWhatTextProgramsAddAtTheEnd) {
+  for (const std::string& end : {std::string("\n"), std::string(" \r\n"), std::string(40, '\0')}) {
+    EXPECT_EQ(ToXml(BinaryFile({Hex("09")}) + end), XmlFile("<true/>\n"));
   }
 }
 
@@ -169,38 +187,65 @@ TEST(XmlReader, TakesAnyLayout) {
 }
 
 TEST(XmlReader, PassesOverWhatTheDocumentTypeHolds) {
-  for (const std::string type :
-       {"<!DOCTYPE plist>", "<!DOCTYPE plist SYSTEM '>'>", "<!DOCTYPE plist [<!ENTITY a \">\">]>",
-        "<!DOCTYPE plist [<!-- '> --><?pi '>?>]>"}) {
+  for (const std::string type : {"<!DOCTYPE plist>", "<!DOCTYPE plist SYSTEM '>'>",
+                                 "<!DOCTYPE plist [<!ENTITY a \">\"><!ENTITY % b ''>]>",
+                                 "<!DOCTYPE plist [<!-- '> --><?pi '>?>]>"}) {
     EXPECT_EQ(ToXml(type + "<true/>"), XmlFile("<true/>\n")) << type;
   }
 }
 
-TEST(XmlReader, TakesUtf16InBothOrders) {
-  const std::string text = "<?xml version=\"1.0\" encoding=\"UTF-16\"?><string>\xC3\xA4</string>";
-  const std::string big = *Utf16FromUtf8(text);
-  std::string little = big;
-  for (std::size_t i = 0; i < little.size(); i += 2) std::swap(little[i], little[i + 1]);
-  for (const std::string& xml : {big, little, "\xFE\xFF" + big, "\xFF\xFE" + little}) {
-    EXPECT_EQ(ToXml(xml), XmlFile("<string>\xC3\xA4</string>\n"));
+TEST(XmlReader, TakesUtf16InBothOrdersWhateverItDeclares) {
+  for (const std::string encoding : {"UTF-16", "UTF-16LE", "utf-16be", "ISO-8859-1"}) {
+    const std::string big = *Utf16FromUtf8("<?xml version=\"1.0\" encoding=\"" + encoding +
+                                           "\"?><string>\xC3\xA4</string>");
+    std::string little = big;
+    for (std::size_t i = 0; i < little.size(); i += 2) std::swap(little[i], little[i + 1]);
+    for (const std::string& xml : {big, little, "\xFE\xFF" + big, "\xFF\xFE" + little}) {
+      EXPECT_EQ(ToXml(xml), XmlFile("<string>\xC3\xA4</string>\n")) << encoding;
+      EXPECT_EQ(ToXml(xml + '\0'), ToXml(xml));
+    }
+  }
+}
+
+TEST(XmlReader, TakesTheEncodingsThatAreMet) {
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      {"ISO-8859-1'?><string>\xE4\x80", "\xC3\xA4\xC2\x80"},
+      {"Windows-1252'?><string>\xE4\x80\x81", "\xC3\xA4\xE2\x82\xAC\xC2\x81"},
+      {"UTF8'?><string>\xC3\xA4", "\xC3\xA4"},
+      {"UTF-16LE'?><string>\xC3\xA4", "\xC3\xA4"},
+      {"Shift_JIS'?><string>ASCII alone", "ASCII alone"},
+  };
+  for (const auto& [xml, text] : cases) {
+    EXPECT_EQ(ToXml("<?xml version='1.0' encoding='" + xml + "</string>\n" + '\0'),
+              XmlFile("<string>" + text + "</string>\n"))
+        << xml;
+  }
+}
+
+TEST(XmlReader, TakesDatesWithAFractionOrAnOffset) {
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      {"2009-03-07T08:05:09.250Z", "2009-03-07T08:05:09.25Z"},
+      {"1999-03-07T08:05:09.001Z", "1999-03-07T08:05:09.001Z"},
+      {"2009-03-07T08:05:09.0", "2009-03-07T08:05:09Z"},
+      {"2009-03-07T08:05:09+02:00", "2009-03-07T06:05:09Z"},
+      {"2009-03-07T23:05:09.5-0130", "2009-03-08T00:35:09.5Z"},
+      {"2009-03-07T08:05+14", "2009-03-06T18:05:00Z"},
+  };
+  for (const auto& [date, expected] : cases) {
+    EXPECT_EQ(ThroughBinary("<date>" + date + "</date>"),
+              XmlFile("<date>" + expected + "</date>\n"));
   }
 }
 
 TEST(XmlReader, KeepsTheWhiteSpaceOfTexts) {
   const std::string elements =
-      "<array>\n\t<string>  </string>\n\t<string>\t a\n </string>\n</array>\n";
+      "<array>\n\t<string>  </string>\n\t<string>\t a&#10; </string>\n</array>\n";
   EXPECT_EQ(ThroughBinary(XmlFile(elements)), XmlFile(elements));
   EXPECT_EQ(ToXml("<string> <!-- c --> </string>"), XmlFile("<string>  </string>\n"));
 }
 
-TEST(XmlReader, ACarriageReturnAndALineFeedInAKeyComeThrough) {
-  const std::string elements =
-      "<dict>\n\t<key>a&#10;b&#13;</key>\n\t<string>c&#13;\nd</string>\n</dict>\n";
-  EXPECT_EQ(ThroughBinary(XmlFile(elements)), XmlFile(elements));
-}
-
 TEST(XmlReader, EachKindOfLineEndIsALineFeed) {
-  const std::string expected = XmlFile("<string>a\nb\n\nc\nd</string>\n");
+  const std::string expected = XmlFile("<string>a&#10;b&#10;&#10;c&#10;d</string>\n");
   EXPECT_EQ(ToXml("<string>a\r\nb\r\rc\nd</string>"), expected);
   EXPECT_EQ(ToXml("<string><![CDATA[a\r\nb\r]]>\rc<!---->\r\nd</string >"), expected);
 }
@@ -292,11 +337,18 @@ TEST(XmlReader, RefusesWhatItCannotKeep) {
         "<string>&#0;</string>",
         "<string>&#xD800;</string>",
         "<string>&#4294967296;</string>",
-        "<?xml version='1.0' encoding='ISO-8859-1'?><string>\xE4</string>"}) {
+        "<date>2009-02-03T23:00:00+24:00</date>",
+        "<date>2009-02-03T23:00:00+0160</date>",
+        "<date>2009-02-03-05:00</date>",
+        "<date>2009-02-03T23:00:00.5x</date>",
+        "<!DOCTYPE plist [<!ENTITY a 'x'>]><string>&a;</string>",
+        "<?xml version='1.0' encoding='Shift_JIS'?><string>\xE4</string>"}) {
     EXPECT_TRUE(Failed(ToXml(xml))) << xml;
   }
   EXPECT_TRUE(Failed(ToXml(std::string("<string>a\0b</string>", 20))));
   EXPECT_TRUE(Failed(ToXml(std::string("<\0\0\0>\0\0\0", 8))));
+  EXPECT_EQ(ToXml("<integer>18446744073709551616</integer>"),
+            "failed: no <integer> of 64 bits: 18446744073709551616");
   EXPECT_EQ(ToBinary("<string>\xE4</string>"), "failed: a text that is not UTF-8");
 }
 

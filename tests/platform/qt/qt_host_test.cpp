@@ -29,10 +29,11 @@ class HostOfAllTests : public testing::Environment {
 
   void SetUp() override {
     static std::string name = "test";
-    static std::array<char*, 2> arguments = {name.data(), nullptr};
+    static std::string rightToLeft = "-reverse";
+    static std::array<char*, 3> arguments = {name.data(), rightToLeft.data(), nullptr};
     static StayBehind stayBehind;
     static SingleInstance instance;
-    host = std::make_unique<QtHost>(1, arguments.data(), stayBehind, instance);
+    host = std::make_unique<QtHost>(2, arguments.data(), stayBehind, instance);
     InstallHost(host.get());
   }
   void TearDown() override {
@@ -120,6 +121,10 @@ TEST(QtHost, KeysReachTheControlsAndTheDefaultAndCancelButton) {
       << "tab goes by TabIndex, and from the last control to the first";
   EXPECT_EQ(LogAfter({Qt::Key_Tab, Qt::Key_Return}), "open OK close ")
       << "Return is for the default button, wherever the focus is";
+}
+
+TEST(QtHost, ARightToLeftDesktopDoesNotTurnSliderAndSegmentsRound) {
+  EXPECT_EQ(QApplication::layoutDirection(), Qt::LeftToRight);
 }
 
 TEST(QtHost, QuitEndsTheRunWithItsStatus) {

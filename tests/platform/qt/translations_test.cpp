@@ -2,28 +2,158 @@
 
 #include <gtest/gtest.h>
 
-#include <QCoreApplication>
-#include <QLocale>
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDir>
+#include <QFontInfo>
+#include <QFontMetrics>
+#include <QLabel>
+#include <QPushButton>
+#include <QTextLayout>
 #include <array>
+#include <set>
 #include <string>
+#include <utility>
+#include <vector>
+
+#include "dialogs/info_window.h"
+#include "dialogs/resizer_window.h"
+#include "platform/qt/widgets/window_widget.h"
+#include "platform/ui/headless_host.h"
 
 namespace morvantile {
 namespace {
 
-QString TextIn(const QString& language, const char* text) {
-  std::string name = "test";
-  std::array<char*, 2> arguments = {name.data(), nullptr};
-  int count = 1;
-  const QCoreApplication application(count, arguments.data());
-  QLocale::setDefault(QLocale(language));
-  LoadTranslations(MORVANTILE_CATALOGUES);
-  return QCoreApplication::translate("Morvantile", text);
+constexpr int kUsualPixels = 13;
+constexpr int kPixelsOf18Points = 24;
+constexpr int kReadablePixels = 9;
+
+// A desktop of its own, without a screen, whose texts come from the catalogues of the build.
+class Desktop : public HeadlessHost {
+ public:
+  explicit Desktop(const QStringList& languages) : application_(count_, arguments_.data()) {
+    LoadTranslations(MORVANTILE_CATALOGUES, languages);
+    clipboardPicture = Picture::Create(640, 480, false);
+    InstallHost(this);
+  }
+  ~Desktop() override { InstallHost(nullptr); }
+
+  std::string Translate(const std::string& text) override {
+    return QCoreApplication::translate("Morvantile", text.c_str()).toStdString();
+  }
+
+ private:
+  std::string name_ = "test";
+  std::array<char*, 2> arguments_ = {name_.data(), nullptr};
+  int count_ = 1;
+  QApplication application_;
+};
+
+TEST(Translations, TheFirstLanguageCountsThatIsEnglishOrHasACatalogue) {
+  const std::vector<std::pair<QStringList, std::string>> cases = {
+      {{"de-AT"}, "Nicht ändern"},
+      {{"pt-BR"}, "Não alterar"},
+      {{"zh-Hans-CN", "zh-CN", "zh"}, "不缩放"},
+      {{"tlh", "fr-CA", "de"}, "Ne pas modifier"},
+      {{"en-GB", "de"}, "Don't Scale"},
+      {{"pt-PT"}, "Don't Scale"},
+      {{"C"}, "Don't Scale"},
+  };
+  for (const auto& [languages, text] : cases) {
+    Desktop desktop(languages);
+    EXPECT_EQ(desktop.Translate("Don't Scale"), text) << languages.join(' ').toStdString();
+    EXPECT_EQ(desktop.Translate("no such text"), "no such text");
+  }
 }
 
-TEST(Translations, TextsFollowTheLanguageAsFarAsThereIsACatalogue) {
-  EXPECT_EQ(TextIn("de_AT", "Don't Scale"), "Nicht verkleinern");
-  EXPECT_EQ(TextIn("de_AT", "no such text"), "no such text");
-  EXPECT_EQ(TextIn("fr_FR", "Don't Scale"), "Don't Scale");
+// The text and the room of each label and button.
+struct ShownText {
+  const QWidget* widget;
+  QString text;
+  QSize room;
+};
+
+std::vector<ShownText> TextsOf(const QWidget& window) {
+  std::vector<ShownText> texts;
+  for (const auto* label : window.findChildren<QLabel*>()) {
+    texts.push_back({label, label->text(), label->size()});
+  }
+  for (const auto* button : window.findChildren<QAbstractButton*>()) {
+    if (!button->text().isEmpty()) {
+      texts.push_back({button, button->text(), button->size() - QSize(6, 4)});
+    }
+  }
+  return texts;
+}
+
+void ExpectNothingCut(const QWidget& window, const std::string& where) {
+  for (const auto& [widget, text, room] : TextsOf(window)) {
+    const QSize size = QFontMetrics(widget->font()).boundingRect(text).size();
+    const QSize ink = QFontMetrics(widget->font()).tightBoundingRect(text).size();
+    const std::string what = where + ": " + text.toStdString();
+    EXPECT_LE(size.width(), room.width()) << what;
+    EXPECT_LE(ink.height(), room.height()) << what;
+    EXPECT_GE(QFontInfo(widget->font()).pixelSize(), kReadablePixels) << what;
+  }
+  std::set<int> ofButtons;
+  for (const auto* button : window.findChildren<QPushButton*>()) {
+    ofButtons.insert(QFontInfo(button->font()).pixelSize());
+  }
+  EXPECT_LE(ofButtons.size(), 1U) << where << ": buttons of different sizes";
+}
+
+TEST(Translations, NoTextOfAnyLanguageIsCutAndALargeFontIsHonoured) {
+  QStringList languages = {"en"};
+  for (const QString& file : QDir(MORVANTILE_CATALOGUES).entryList({"*.qm"})) {
+    languages << file.section('_', 1).section('.', 0, 0);
+  }
+  ASSERT_GT(languages.size(), 8);
+  for (const QString& language : languages) {
+    for (const int pixels : {kUsualPixels, kPixelsOf18Points}) {
+      const Desktop desktop({language});
+      QFont font = QApplication::font();
+      font.setPixelSize(pixels);
+      QApplication::setFont(font);
+      const std::string where = language.toStdString() + " at " + std::to_string(pixels);
+
+      const Ref<ResizerWindow> resizer = ResizerWindow::Instance(New<plist>(""));
+      const WindowWidget shown(resizer, nullptr);
+      resizer->OriginalSize()->SetSuffix("40000 x 20000");
+      resizer->NewSizeLabel()->SetSuffix("40000 x 20000");
+      ExpectNothingCut(shown, where);
+      const QLabel* factor = shown.findChild<QLabel*>("ScaleFactorLabel");
+      EXPECT_GE(QFontInfo(factor->font()).pixelSize(), pixels == kUsualPixels ? 13 : 16) << where;
+      resizer->Close();
+
+      const Ref<InfoWindow> info = InfoWindow::Instance();
+      ExpectNothingCut(WindowWidget(info, nullptr), where);
+      info->Close();
+    }
+  }
+}
+
+TEST(Translations, SizesKeepTheirOrderAmongRightToLeftLetters) {
+  Desktop desktop({"C"});
+  const Ref<ResizerWindow> resizer = ResizerWindow::Instance(New<plist>(""));
+  const WindowWidget shown(resizer, nullptr);
+  resizer->NewSizeLabel()->SetText("גודל חדש: 640 x 480");
+  const QString text = shown.findChild<QLabel*>("NewSizeLabel")->text();
+
+  QTextLayout layout(text);
+  QTextOption option;
+  option.setTextDirection(Qt::RightToLeft);
+  layout.setTextOption(option);
+  layout.beginLayout();
+  QTextLine line = layout.createLine();
+  line.setLineWidth(1000);
+  layout.endLayout();
+  const auto placeOf = [&](const char* part) {
+    return line.cursorToX(static_cast<int>(text.indexOf(part)) + 1);
+  };
+  EXPECT_LT(placeOf("640"), placeOf("x"));
+  EXPECT_LT(placeOf("x"), placeOf("480"));
+  EXPECT_LT(placeOf("480"), placeOf("ג")) << "and stays behind the words";
+  resizer->Close();
 }
 
 }  // namespace

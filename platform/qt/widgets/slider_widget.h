@@ -1,0 +1,34 @@
+#ifndef MORVANTILE_PLATFORM_QT_WIDGETS_SLIDER_WIDGET_H
+#define MORVANTILE_PLATFORM_QT_WIDGETS_SLIDER_WIDGET_H
+
+#include <QSlider>
+
+#include "platform/ui/slider.h"
+
+namespace morvantile {
+
+// A slider whose ticks can be seen in every theme, that shows whether it has the focus, and that a
+// notch of the mouse wheel moves by one step.
+class SliderWidget : public QSlider {
+ public:
+  SliderWidget(const Slider& slider, QWidget& parent)
+      : QSlider(Qt::Horizontal, &parent), slider_(&slider) {}
+
+  // What a step means to who has the value read out.
+  int AccessibleUnit() const { return slider_->AccessibleUnit; }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+
+ private:
+  QRectF HandleRectangle() const;
+  void DrawTicks(QPainter& painter) const;
+
+  const Slider* slider_;
+  int wheelRest_ = 0;  // what is left of the wheel's turn, in eighths of a degree
+};
+
+}  // namespace morvantile
+
+#endif  // MORVANTILE_PLATFORM_QT_WIDGETS_SLIDER_WIDGET_H

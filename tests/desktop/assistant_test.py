@@ -1,0 +1,100 @@
+"""The dialog through assistive technology, by a client of AT-SPI on a real X display.
+
+Run as: assistant_test.py PROGRAM [unittest arguments]
+"""
+
+import os
+import subprocess
+import sys
+import unittest
+
+import gi
+gi.require_version('Atspi', '2.0')
+from gi.repository import Atspi
+
+from desktop import until
+from gestures import DIALOG
+from pictures import decoded, encoded, landscape
+from virtual_display import VirtualDisplay
+
+PROGRAM = os.path.abspath(sys.argv.pop(1))
+
+
+def below(node):
+    """The node and all below it."""
+    yield node
+    for index in range(node.get_child_count()):
+        yield from below(node.get_child_at_index(index))
+
+
+def told(node):
+    """What an assistant is told of a node."""
+    action = node.get_action_iface()
+    names = [Atspi.Action.get_action_name(action, i)
+             for i in range(action.get_n_actions())] if action else []
+    return node.get_role_name(), node.get_name(), 'Press' in names or 'Toggle' in names
+
+
+class Assistant(unittest.TestCase):
+    def setUp(self):
+        self.desktop = VirtualDisplay(
+            extra_environment={'QT_LINUX_ACCESSIBILITY_ALWAYS_ON': '1'})
+        self.addCleanup(self.desktop.stop)
+        bus = self.desktop.serve('dbus-daemon', '--session', '--nofork', '--print-address=1',
+                                 stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+        self.addCleanup(bus.stdout.close)
+        address = bus.stdout.readline().decode().strip()
+        self.desktop.environment['DBUS_SESSION_BUS_ADDRESS'] = address
+        os.environ.update(self.desktop.environment)
+        self.desktop.copy(encoded(landscape(640, 480)), 'image/png')
+        self.run_ = self.desktop.start(PROGRAM)
+        self.desktop.active_window(DIALOG)
+        self.program = until(self.find_program, 'the program on the bus')
+
+    def find_program(self):
+        everybody = Atspi.get_desktop(0)
+        for index in range(everybody.get_child_count()):
+            program = everybody.get_child_at_index(index)
+            if program is not None and program.get_name() == 'Morvantile':
+                return program
+        return None
+
+    def find(self, name, role=None):
+        return until(lambda: next((node for node in below(self.program) if node.get_name() == name
+                                   and role in (None, node.get_role_name())), None), name)
+
+    def press(self, name):
+        self.find(name).get_action_iface().do_action(0)
+
+    def description(self, name, wanted):
+        until(lambda: self.find(name).get_description() == wanted, f'{name}: {wanted}')
+
+    def test_assistants_find_every_control_and_do_what_a_click_does(self):
+        group = [told(node) for node in below(self.find('Scale by'))]
+        self.assertEqual(group, [('panel', 'Scale by', False), ('radio button', 'Width', True),
+                                 ('radio button', 'Height', True),
+                                 ('radio button', 'Percentage', True)])
+        self.assertEqual(told(self.find('Preview')), ('image', 'Preview', False))
+        self.description('Preview', '320 x 240')
+        self.description('Scale', '50 per cent, New Size: 320 x 240')
+        self.press('Width')
+        self.description('Scale', '300 pixels wide, New Size: 300 x 225')
+        self.description('Preview', '300 x 225')
+        value = self.find('Scale').get_value_iface()
+        self.assertEqual(value.get_current_value(), 300)
+        value.set_current_value(120)
+        self.description('Scale', '120 pixels wide, New Size: 120 x 90')
+
+        self.assertEqual(told(self.find('About Morvantile'))[0::2], ('push button', True))
+        self.press('About Morvantile')
+        info = self.find('About Morvantile', 'dialog')
+        self.assertIn(('link', 'https://morvantile.example/', True), map(told, below(info)))
+        self.desktop.key('x')
+        self.desktop.active_window(DIALOG)
+        self.press('OK')
+        self.assertEqual(self.run_.wait(20), 0)
+        self.assertEqual(decoded(self.desktop.paste('image/png')).size, (120, 90))
+
+
+if __name__ == '__main__':
+    unittest.main(verbosity=2)
