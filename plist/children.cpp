@@ -2,6 +2,7 @@
 #include "platform/text/text.h"
 #include "plist/plist.h"
 #include "plist/plistDict.h"
+#include "plist/store/entries.h"
 
 namespace morvantile {
 
@@ -14,7 +15,7 @@ Ref<plistDict> plistDict::child(std::string_view key) {
   return place == 0 ? nullptr : children[place];
 }
 
-Ref<plistDict> plistDict::index(std::int64_t number) {
+Ref<plistDict> plistDict::index(std::int64_t number) const {
   const std::size_t place = ChildPlace(Str(number));
   return place == 0 ? nullptr : children[place];
 }
@@ -47,28 +48,28 @@ void plistDict::NewChild(Entry& entry, std::string_view key, bool asArray) {
   node->isArray = asArray;
   node->parent = this;
   node->rootClass = rootClass;
-  childrenNames.emplace_back(key);
+  childrenNames.push_back(std::string(key));
   children.push_back(node);
-  if (entry.child == 0) entry.child = static_cast<std::uint32_t>(indexedChildren_);
-  ++indexedChildren_;
+  if (entry.child == 0) entry.child = static_cast<std::uint32_t>(entries_.indexedChildren);
+  ++entries_.indexedChildren;
 }
 
 // The first place of the key in childrenNames; 0 if it isn't there.
-std::size_t plistDict::ChildPlace(std::string_view key) {
+std::size_t plistDict::ChildPlace(std::string_view key) const {
   IndexChildren();
   const Entry* const entry = entries_.Find(key);
   return entry == nullptr || entry->child >= children.size() ? 0 : entry->child;
 }
 
 // Brings the entries up to date with childrenNames, which others may have added to.
-void plistDict::IndexChildren() {
-  if (indexedChildren_ > childrenNames.size()) {
+void plistDict::IndexChildren() const {
+  if (entries_.indexedChildren > childrenNames.size()) {
     entries_.ForEach([](Entry& entry) { entry.child = 0; });
-    indexedChildren_ = 1;
+    entries_.indexedChildren = 1;
   }
-  for (; indexedChildren_ < childrenNames.size(); ++indexedChildren_) {
-    Entry& entry = entries_.FindOrAdd(childrenNames[indexedChildren_]);
-    if (entry.child == 0) entry.child = static_cast<std::uint32_t>(indexedChildren_);
+  for (; entries_.indexedChildren < childrenNames.size(); ++entries_.indexedChildren) {
+    Entry& entry = entries_.FindOrAdd(childrenNames[entries_.indexedChildren]);
+    if (entry.child == 0) entry.child = static_cast<std::uint32_t>(entries_.indexedChildren);
   }
 }
 

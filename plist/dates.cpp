@@ -7,7 +7,7 @@
 namespace morvantile {
 namespace {
 
-std::string ColorText(plistDict& node, Color color) {
+std::string ColorText(const plistDict& node, Color color) {
   return node.PaddedHex(color.Red()) + node.PaddedHex(color.Green()) + node.PaddedHex(color.Blue());
 }
 
@@ -40,7 +40,7 @@ void plistDict::AppendDate(const Ref<Date>& value) {
   if (CheckArray()) AppendScalar("date", DateText(*this, *value));
 }
 
-std::string plistDict::MakeTwo(std::int64_t n) { return n > 9 ? Str(n) : "0" + Str(n); }
+std::string plistDict::MakeTwo(std::int64_t n) const { return n > 9 ? Str(n) : "0" + Str(n); }
 
 void plistDict::SetColor(std::string_view key, Color value) {
   Store(key, "string", ColorText(*this, value));
@@ -61,7 +61,7 @@ Color plistDict::GetColor(std::string_view key) { return GetColor(key, RGB(0, 0,
 
 void plistDict::AppendColor(Color value) { AppendScalar("string", ColorText(*this, value)); }
 
-std::string plistDict::PaddedHex(std::int64_t n) {
+std::string plistDict::PaddedHex(std::int64_t n) const {
   const std::string digits = Hex(n);
   return Len(digits) < 2 ? "0" + digits : digits;
 }

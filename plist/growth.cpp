@@ -1,6 +1,7 @@
 #include "platform/text/folding.h"
 #include "platform/text/text.h"
 #include "plist/plistDict.h"
+#include "plist/store/entries.h"
 
 namespace morvantile {
 

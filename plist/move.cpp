@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <vector>
 
-#include "platform/core/background.h"
 #include "platform/core/date.h"
 #include "platform/text/folding.h"
 #include "platform/text/text.h"
 #include "plist/date_text.h"
 #include "plist/plist.h"
 #include "plist/plistDict.h"
+#include "plist/store/entries.h"
 
 namespace morvantile {
 namespace {
@@ -92,7 +92,7 @@ void plistDict::AppendDict(const Ref<plistDict>& other) {
   }
 }
 
-Ref<plist> plistDict::PlistFromPlistDict(const Ref<plistDict>& source) {
+Ref<plist> plistDict::PlistFromPlistDict(const Ref<plistDict>& source) const {
   Ref<plist> document = New<plist>(nullptr, false);
   document->root->AppendDict(source);
   return document;
@@ -127,7 +127,6 @@ bool plistDict::Carry(const std::string& key, plistDict& destination, const std:
 
   enter(*this, key, destination, target);
   while (!walk.empty()) {
-    RuntimeBackgroundTask();
     const auto [from, to] = walk.back();
     if (from->eof) {
       walk.pop_back();

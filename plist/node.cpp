@@ -6,6 +6,7 @@
 #include "plist/plist.h"
 #include "plist/plistDict.h"
 #include "plist/report.h"
+#include "plist/store/entries.h"
 #include "plist/store/prefetch.h"
 
 namespace morvantile {
@@ -31,7 +32,11 @@ struct Open {
 
 }  // namespace
 
-plistDict::plistDict() = default;
+plistDict::plistDict() : entries_(*new Entries) {}
+
+void* plistDict::operator new(std::size_t size) { return AllocateBulk(size); }
+
+void plistDict::operator delete(void* node, std::size_t size) { ReleaseBulk(node, size); }
 
 // Releases what is below the node one after the other, and not each from within the one above. It
 // goes in the order of the children, which is that of the memory in a tree from a file.
@@ -45,23 +50,26 @@ plistDict::~plistDict() {
       open.pop_back();
     }
   }
+  delete &entries_;
 }
 
-std::int64_t plistDict::count() { return static_cast<std::int64_t>(entries_.Count()); }
+std::int64_t plistDict::count() const { return static_cast<std::int64_t>(entries_.Count()); }
 
-bool plistDict::Exists(std::string_view key) { return entries_.FindListed(key) != nullptr; }
+bool plistDict::Exists(std::string_view key) const { return entries_.FindListed(key) != nullptr; }
 
-std::string plistDict::GetType(std::string_view key) { return types.Value(key); }
+std::string plistDict::GetType(std::string_view key) const { return types.Value(key); }
 
-bool plistDict::TypeOK(std::string_view key) { return TypeOK(entries_.Listed().Value(key), key); }
+bool plistDict::TypeOK(std::string_view key) const {
+  return TypeOK(entries_.Listed().Value(key), key);
+}
 
-bool plistDict::TypeOK(const Entry& entry, std::string_view key) {
+bool plistDict::TypeOK(const Entry& entry, std::string_view key) const {
   if (!entry.isContainer) return true;
   SetError(true, report::IllegalType(key, entry.type.View()));
   return false;
 }
 
-std::int64_t plistDict::CheckType(std::string_view key, std::string_view wanted) {
+std::int64_t plistDict::CheckType(std::string_view key, std::string_view wanted) const {
   ClearReport();
   const Entry* const entry = entries_.FindListed(key);
   if (entry == nullptr) return 2;
@@ -70,16 +78,16 @@ std::int64_t plistDict::CheckType(std::string_view key, std::string_view wanted)
   return 0;
 }
 
-bool plistDict::CheckArray() {
+bool plistDict::CheckArray() const {
   ClearReport();
   if (isArray) return true;
   SetError(true, name + " is not an array");
   return false;
 }
 
-void plistDict::ClearReport() { SetError(false, ""); }
+void plistDict::ClearReport() const { SetError(false, ""); }
 
-void plistDict::SetError(bool flag, const std::string& message) {
+void plistDict::SetError(bool flag, const std::string& message) const {
   plist* const document = rootClass.get();
   if (document == nullptr) return;
   document->error = flag;

@@ -9,15 +9,15 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/core/bulk_memory.h"
 #include "platform/core/color.h"
 #include "platform/core/date.h"
+#include "platform/core/export.h"
 #include "platform/core/ref.h"
 #include "platform/core/variant.h"
 #include "platform/files/text_input_stream.h"
 #include "platform/files/text_output_stream.h"
-#include "plist/store/entries.h"
-#include "plist/store/list_from_one.h"
+#include "plist/key_tables.h"
+#include "plist/list_from_one.h"
 
 namespace morvantile {
 
@@ -29,6 +29,7 @@ class RadioButton;
 class StaticText;
 class Window;
 class plist;
+struct Entry;
 
 // A dict, or with `isArray` an array. A node holds scalars as text, each under a key and with a
 // type word, and owns its sub-nodes, which stand under keys too. The keys of an array are the
@@ -46,18 +47,15 @@ class plist;
 //
 // A tree belongs to one thread. Its depth is bounded by memory alone: releasing it, like everything
 // else done to a whole tree, takes no room on the call stack for it.
-class plistDict : public Object {
+class MORVANTILE_API plistDict : public Object {
  private:
-  Entries entries_;  // under `values`, `types` and `searched`, so it is made before them
+  Entries& entries_;  // under `values`, `types` and `searched`, so it is made before them
 
  public:
   // An empty dict without a name, a parent or a document.
   plistDict();
-  ~plistDict() override;
-
-  // Nodes that are read from a file stand side by side: see BulkScope.
-  static void* operator new(std::size_t size) { return AllocateBulk(size); }
-  static void operator delete(void* node, std::size_t size) { ReleaseBulk(node, size); }
+  static void* operator new(std::size_t size);
+  static void operator delete(void* node, std::size_t size);
 
   // The text of every scalar by its key, and the type word of every key, scalar or container.
   //
@@ -109,7 +107,7 @@ class plistDict : public Object {
                     const BackRef<plistDict>& above, const BackRef<plist>& document, bool read);
 
   // The text without the control characters and blanks at its left end.
-  virtual std::string StripAll(std::string_view text);
+  [[nodiscard]] virtual std::string StripAll(std::string_view text) const;
 
   // The sub-node of that key, added as an empty dict if the key is free. Nil, with the report
   // "Child exists: " + name + " already exists", if the key holds a scalar. Where a file has
@@ -121,23 +119,24 @@ class plistDict : public Object {
   virtual std::string GetValue(std::string_view key, std::string_view standard);
 
   // The type word of the key, which must exist.
-  virtual std::string GetType(std::string_view key);
+  [[nodiscard]] virtual std::string GetType(std::string_view key) const;
 
   // The sub-node whose key is that number; nil if there is none, without a report.
-  virtual Ref<plistDict> index(std::int64_t number);
+  [[nodiscard]] virtual Ref<plistDict> index(std::int64_t number) const;
 
-  // Writes the entries of the node, and all below them, as XML text that Load reads: each line
-  // behind as many tabs as `depth` says, none if it is 0 or less, and in the order of the keys.
-  // Texts are written as they are, with "<" and ">" escaped; keys are not escaped. An entry without
-  // a text is written with an empty one. Errors show in the stream's Close.
-  virtual void Write(TextOutputStream& out, std::int64_t depth);
+  // Writes the entries of the node, and all below them, as XML text that Load reads, in the order
+  // of the keys: each line behind as many tabs as `depth` says, none if it is 0 or less, and those
+  // of a node below at a depth of one more. Texts are written as they are, with "<" and ">"
+  // escaped; keys are not escaped. An entry without a text is written with an empty one. Errors
+  // show in the stream's Close.
+  virtual void Write(TextOutputStream& out, std::int64_t depth) const;
 
   // As GetValue.
   virtual std::string GetString(std::string_view key, std::string_view standard);
 
   // Whether the key, which must exist, holds a scalar; if not, with the report "Illegal Type: " +
   // key + " is a " + type.
-  virtual bool TypeOK(std::string_view key);
+  [[nodiscard]] virtual bool TypeOK(std::string_view key) const;
 
   // The number in a scalar, without its fraction; 0 if its text begins with none. All digits of a
   // 64-bit integer count. A missing key is added as an "integer" with the default. A container
@@ -167,7 +166,7 @@ class plistDict : public Object {
   // 0 if the key exists under another type than `wanted`, with the report "Type Mismatch: " + key +
   // " is a " + type; 1 if it exists under that type; 2 if it doesn't exist. Clears the report
   // first.
-  virtual std::int64_t CheckType(std::string_view key, std::string_view wanted);
+  [[nodiscard]] virtual std::int64_t CheckType(std::string_view key, std::string_view wanted) const;
 
   // Stores the text as it is.
   virtual void SetString(std::string_view key, std::string_view value);
@@ -189,7 +188,7 @@ class plistDict : public Object {
   virtual void SetDate(std::string_view key, const Ref<Date>& value);
 
   // The number with at least two digits.
-  virtual std::string MakeTwo(std::int64_t n);
+  [[nodiscard]] virtual std::string MakeTwo(std::int64_t n) const;
 
   // Adds an empty dict under a key; child(key) gives it. A key in use stays as it is, with the
   // report "Child exists: " + key + " already exists".
@@ -212,7 +211,7 @@ class plistDict : public Object {
 
   // Whether this is an array; if not, with the report name + " is not an array". Clears the report
   // first.
-  virtual bool CheckArray();
+  [[nodiscard]] virtual bool CheckArray() const;
 
   // Takes an entry out, with all that is below it. A number, or a text that reads as one, is taken
   // for the element of an array, whose followers close up, unless `asKey` is set; anything else,
@@ -223,7 +222,7 @@ class plistDict : public Object {
   virtual void Remove(const Variant& key, bool asKey);
 
   // The number of keys.
-  virtual std::int64_t count();
+  [[nodiscard]] virtual std::int64_t count() const;
 
   // The cursor goes through the keys in their order. Everybody who walks a node shares it:
   //
@@ -235,11 +234,11 @@ class plistDict : public Object {
   virtual void MoveNext();
   virtual void MoveFirst();
   virtual void MoveLast();
-  virtual std::string CurrentKey();
+  [[nodiscard]] virtual std::string CurrentKey();
 
   // The getters with their defaults: true, no text, the present moment, 0.
   virtual bool GetBoolean(std::string_view key);
-  virtual bool Exists(std::string_view key);  // whether the key is in `types`; changes nothing
+  [[nodiscard]] virtual bool Exists(std::string_view key) const;  // whether the key is in `types`
   virtual std::string GetData(std::string_view key);
   virtual Ref<Date> GetDate(std::string_view key);
   virtual std::int64_t GetInteger(std::string_view key);
@@ -248,17 +247,17 @@ class plistDict : public Object {
   virtual std::string GetValue(std::string_view key);
 
   // The text with "<" and ">" as "&lt;" and "&gt;", and back. Nothing else is changed.
-  virtual std::string BracketsToCode(std::string_view text);
-  virtual std::string CodeToBrackets(std::string_view text);
+  [[nodiscard]] virtual std::string BracketsToCode(std::string_view text) const;
+  [[nodiscard]] virtual std::string CodeToBrackets(std::string_view text) const;
 
   // Sets the document's report, or clears it with false and "". With the document's `debug` on, a
   // report is shown as well.
-  virtual void SetError(bool flag, const std::string& message);
+  virtual void SetError(bool flag, const std::string& message) const;
 
   // Adds to the text on the clipboard what Write writes, with Chr(13) at the end of each line, and
   // with a line "<search/>" behind each key that has a mark in `searched`, "<nosearch/>" behind
   // those without.
-  virtual void Dump(std::int64_t depth);
+  virtual void Dump(std::int64_t depth) const;
 
   // Colours are stored as a "string" of six hexadecimal digits, two for each of red, green and
   // blue; the fourth channel is not stored and reads as 0. GetColor takes the first two, the two
@@ -328,7 +327,7 @@ class plistDict : public Object {
 
   // Where the node stands: the names from the root to it, each behind a ":". The walk upwards ends
   // at a node that is named "root", printed as ":root", or has no parent.
-  virtual std::string AbsolutePath();
+  [[nodiscard]] virtual std::string AbsolutePath();
 
   // Carries an entry to another node, or within this one: a scalar with its type, a container with
   // all that is below it, built anew. An array takes it as its last element, whatever the keys; a
@@ -360,14 +359,14 @@ class plistDict : public Object {
   virtual void Rename(std::string_view oldKey, std::string_view newKey);
 
   // The number in hexadecimal, with at least two digits.
-  virtual std::string PaddedHex(std::int64_t n);
+  [[nodiscard]] virtual std::string PaddedHex(std::int64_t n) const;
 
   // Copies all entries of another node into this one, as Copy does it, in the order of its cursor.
   virtual void AppendDict(const Ref<plistDict>& other);
 
   // A new document without a file, whose root holds copies of all entries of `source`. The node
   // that this is called on plays no part.
-  virtual Ref<plist> PlistFromPlistDict(const Ref<plistDict>& source);
+  [[nodiscard]] virtual Ref<plist> PlistFromPlistDict(const Ref<plistDict>& source) const;
 
   // Copies all entries of another node into a dict of its name in this one, added if it is missing.
   virtual void AppendAsNewChild(const Ref<plistDict>& other);
@@ -378,10 +377,10 @@ class plistDict : public Object {
   virtual void AppendReal(double value);
 
  private:
-  void ClearReport();
-  bool TypeOK(const Entry& entry, std::string_view key);
-  bool IsDate(const Entry& entry, std::string_view key);
-  std::string_view TextOf(const Entry& entry, std::string_view key);
+  void ClearReport() const;
+  bool TypeOK(const Entry& entry, std::string_view key) const;
+  bool IsDate(const Entry& entry, std::string_view key) const;
+  std::string_view TextOf(const Entry& entry, std::string_view key) const;
   void Store(std::string_view key, std::string_view type, std::string_view text);
   bool StartElement();
   void AppendScalar(std::string_view type, std::string_view text);
@@ -389,8 +388,8 @@ class plistDict : public Object {
   bool AddContainer(std::string_view key, std::string_view type, std::string_view refusal);
   void NewChild(Entry& entry, std::string_view key, bool asArray);
 
-  std::size_t ChildPlace(std::string_view key);
-  void IndexChildren();
+  std::size_t ChildPlace(std::string_view key) const;
+  void IndexChildren() const;
   void RemoveChild(std::size_t place);
   void RemoveKey(std::string_view key);
   void RemoveElement(std::int64_t number);
@@ -410,7 +409,8 @@ class plistDict : public Object {
   friend class ScalarWalk;
   friend class TreeText;
 
-  std::size_t indexedChildren_ = 1;  // as many of childrenNames are known to the entries
+ protected:
+  ~plistDict() override;  // nodes live as long as a Ref holds them, and not on the stack
 };
 
 }  // namespace morvantile

@@ -4,6 +4,7 @@
 #include "platform/text/folding.h"
 #include "platform/text/text.h"
 #include "plist/plistDict.h"
+#include "plist/store/entries.h"
 
 namespace morvantile {
 
@@ -81,7 +82,7 @@ void plistDict::RemoveChild(std::size_t place) {
   childrenNames.erase(place);
   const Ref<plistDict> removed = std::move(children[place]);
   children.erase(place);
-  --indexedChildren_;
+  --entries_.indexedChildren;
 
   if (place < childrenNames.size()) {
     entries_.ForEach([place](Entry& entry) { entry.child -= entry.child > place ? 1 : 0; });

@@ -3,6 +3,7 @@
 #include "platform/text/text.h"
 #include "plist/plistDict.h"
 #include "plist/report.h"
+#include "plist/store/entries.h"
 
 namespace morvantile {
 namespace {
@@ -59,7 +60,7 @@ double plistDict::GetReal(std::string_view key, double standard) {
 double plistDict::GetReal(std::string_view key) { return GetReal(key, 0); }
 
 // The text of an entry, after clearing the report; "" with a report for an entry without one.
-std::string_view plistDict::TextOf(const Entry& entry, std::string_view key) {
+std::string_view plistDict::TextOf(const Entry& entry, std::string_view key) const {
   ClearReport();
   if (!entry.hasText) {
     SetError(true, std::string("Key ").append(key).append(" does not exist"));
@@ -69,7 +70,7 @@ std::string_view plistDict::TextOf(const Entry& entry, std::string_view key) {
 }
 
 // Whether the entry is a "date", which is no number; if so, with the report.
-bool plistDict::IsDate(const Entry& entry, std::string_view key) {
+bool plistDict::IsDate(const Entry& entry, std::string_view key) const {
   if (!SameText(entry.type.View(), "date")) return false;
   SetError(true, report::TypeMismatch(key, "date"));
   return true;

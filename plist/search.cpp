@@ -4,11 +4,11 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/core/background.h"
 #include "platform/text/folding.h"
 #include "platform/text/text_search.h"
 #include "plist/plist.h"
 #include "plist/plistDict.h"
+#include "plist/store/entries.h"
 #include "plist/store/prefetch.h"
 
 namespace morvantile {
@@ -24,7 +24,6 @@ class ScalarWalk {
     if (entry_ != nullptr) node_->MoveNext();
     entry_ = nullptr;
     while (!nodes_.empty()) {
-      RuntimeBackgroundTask();
       if (Step()) return true;
     }
     return false;

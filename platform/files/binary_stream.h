@@ -6,14 +6,16 @@
 #include <memory>
 #include <string_view>
 
+#include "platform/core/export.h"
 #include "platform/core/ref.h"
-#include "platform/files/file_replacement.h"
 #include "platform/files/folder_item.h"
 
 namespace morvantile {
 
+class FileReplacement;
+
 // The new content of a file. As with TextOutputStream, Close puts it in the file's place whole.
-class BinaryStream : public Object {
+class MORVANTILE_API BinaryStream : public Object {
  public:
   // Begins the content of `file`; or nil if the file can't be written, as with
   // FolderItem::CreateTextFile, or exists and `overwrite` is false. Throws NilObjectException for a
@@ -26,6 +28,9 @@ class BinaryStream : public Object {
   // Ends the stream and returns whether the file now holds what was written; if not, it is as it
   // was. A further call returns the same.
   bool Close();
+
+ protected:
+  ~BinaryStream() override;
 
  private:
   explicit BinaryStream(std::unique_ptr<FileReplacement> file);

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/core/export.h"
 #include "platform/core/ref.h"
 #include "platform/files/folder_item.h"
 
@@ -16,7 +17,7 @@ namespace morvantile {
 // The text of a file. Bytes come out as they are in the file, those that are not UTF-8 and NULs
 // included. A line ends at LF, CRLF or CR, or at the end of the file. Time and memory are linear in
 // the longest line; a file that shrinks or grows meanwhile is read as far as it goes.
-class TextInputStream : public Object {
+class MORVANTILE_API TextInputStream : public Object {
  public:
   // Opens `file` at its start; or nil if it doesn't exist, may not be read, or is no regular file
   // (a folder, a pipe, a device). Links are followed. Throws NilObjectException for a nil file.

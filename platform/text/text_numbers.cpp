@@ -7,6 +7,7 @@
 #include <type_traits>
 
 #include "platform/core/number.h"
+#include "platform/text/folding.h"
 #include "platform/text/text.h"
 
 namespace morvantile {

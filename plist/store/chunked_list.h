@@ -8,7 +8,7 @@
 #include <memory>
 #include <vector>
 
-#include "platform/core/bulk_memory.h"
+#include "plist/store/bulk_memory.h"
 
 namespace morvantile {
 

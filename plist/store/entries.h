@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "platform/text/folding.h"
+#include "plist/store/bulk_memory.h"
 #include "plist/store/compact_text.h"
 #include "plist/store/dictionary.h"
 #include "plist/store/type_word.h"
@@ -55,6 +56,11 @@ struct Entry {
     mark = value;
     hasMark = true;
   }
+  void ForgetText() {
+    text = CompactText<24>();
+    hasText = false;
+  }
+  void ForgetMark() { mark = hasMark = false; }
 };
 
 // The keys of a node. One table serves the three dictionaries of a node, so that a key is stored
@@ -62,6 +68,10 @@ struct Entry {
 // they got it; the others, which are few or none, stand aside.
 class Entries {
  public:
+  // They are beside their nodes: see BulkScope.
+  static void* operator new(std::size_t size) { return AllocateBulk(size); }
+  static void operator delete(void* entries, std::size_t size) { ReleaseBulk(entries, size); }
+
   Dictionary<Entry>& Listed() { return listed_; }
   std::size_t Count() const { return listed_.Count(); }
 
@@ -101,6 +111,9 @@ class Entries {
   // and its child go there, at its place in the order; the mark stays under the number.
   void Renumber(std::string_view from, std::string_view to);
 
+  // As many of the node's childrenNames are known to the entries, the placeholder included.
+  std::size_t indexedChildren = 1;
+
  private:
   Entry& TakeFromAside(Entry& entry, std::string_view key);
   Dictionary<Entry>& Aside();
@@ -108,63 +121,6 @@ class Entries {
 
   Dictionary<Entry> listed_;
   std::unique_ptr<Dictionary<Entry>> aside_;
-};
-
-// The property `types` of a node: the type word of every key, in the order of the keys. It is a
-// Dictionary over the node's entries, and has the node's lifetime.
-class Types {
- public:
-  explicit Types(Entries& entries) : entries_(entries) {}
-
-  std::size_t Count() const { return entries_.Count(); }
-  bool HasKey(std::string_view key) const { return entries_.FindListed(key) != nullptr; }
-  // Throws KeyNotFoundException for a key that isn't there.
-  std::string Value(std::string_view key) const;
-  void SetValue(std::string_view key, std::string_view word) { entries_.List(key).SetType(word); }
-  // The key at a position, from 0 on; throws OutOfBoundsException outside. Constant time.
-  std::string Key(std::size_t position) const {
-    return std::string(entries_.Listed().Key(position));
-  }
-  // Does nothing for a key that isn't there.
-  void Remove(std::string_view key) { entries_.Unlist(key); }
-  void Clear() { entries_.UnlistAll(); }
-
- private:
-  Entries& entries_;
-};
-
-// The property `values` of a node: the text of every scalar. As Types; Count takes linear time.
-class Values {
- public:
-  explicit Values(Entries& entries) : entries_(entries) {}
-
-  std::size_t Count() const;
-  bool HasKey(std::string_view key) const;
-  std::string Value(std::string_view key) const;
-  void SetValue(std::string_view key, std::string_view text) {
-    entries_.FindOrAdd(key).SetText(text);
-  }
-  void Remove(std::string_view key);
-  void Clear();
-
- private:
-  Entries& entries_;
-};
-
-// The property `searched` of a node: whether the running search has delivered a key. As Values.
-class Searched {
- public:
-  explicit Searched(Entries& entries) : entries_(entries) {}
-
-  std::size_t Count() const;
-  bool HasKey(std::string_view key) const;
-  bool Value(std::string_view key) const;
-  void SetValue(std::string_view key, bool mark) { entries_.FindOrAdd(key).SetMark(mark); }
-  void Remove(std::string_view key);
-  void Clear();
-
- private:
-  Entries& entries_;
 };
 
 }  // namespace morvantile

@@ -10,6 +10,7 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/text/folding.h"
 #include "platform/text/text.h"
 
 namespace morvantile {

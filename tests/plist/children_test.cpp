@@ -55,7 +55,7 @@ TEST(Child, FindsWhatWasAddedToTheArraysDirectlyAndTheFirstOfRepeatedNames) {
   node->AddChild("a");
   const Ref<plistDict> stray = New<plistDict>();
   for (const char* name : {"stray", "Stray", "a"}) {
-    node->childrenNames.emplace_back(name);
+    node->childrenNames.push_back(name);
     node->children.push_back(name == std::string("stray") ? stray : New<plistDict>());
   }
   EXPECT_TRUE(node->child("STRAY") == stray);

@@ -133,7 +133,7 @@ TEST(Dictionaries, OfANodeAreIndependentOfEachOther) {
   EXPECT_TRUE(node->searched.HasKey("k"));
   node->searched.Clear();
   EXPECT_EQ(node->searched.Count(), 0U);
-  EXPECT_THROW(node->searched.Value("k"), KeyNotFoundException);
+  EXPECT_THROW(static_cast<void>(node->searched.Value("k")), KeyNotFoundException);
   EXPECT_THROW(node->types.Key(0), OutOfBoundsException);
 }
 
