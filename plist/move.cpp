@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <vector>
 
-#include "platform/core/background.h"
 #include "platform/core/date.h"
 #include "platform/text/folding.h"
 #include "platform/text/text.h"
@@ -128,7 +127,6 @@ bool plistDict::Carry(const std::string& key, plistDict& destination, const std:
 
   enter(*this, key, destination, target);
   while (!walk.empty()) {
-    RuntimeBackgroundTask();
     const auto [from, to] = walk.back();
     if (from->eof) {
       walk.pop_back();

@@ -22,7 +22,8 @@ namespace morvantile {
 // Files are in the XML form. One in binary form, which begins with "bplist" in any letter case, is
 // copied to a file beside it, named as it and " temp.plist"; the program `plutil` turns the copy
 // into XML, and from then on the document works on the copy. Save puts it back over the file, in
-// binary form.
+// binary form. Where the file's folder takes no copy, it is made in a temporary folder, which goes
+// with the document.
 //
 // Nothing is shown, and nothing but wrong calls throws: a failure leaves `error` and
 // `errorMessage`. Neither Load nor Save clears them.
@@ -48,7 +49,7 @@ class MORVANTILE_API plist : public Object {
   Ref<FolderItem> savePath;
   // The lines of the file up to and including <dict>; the first stands at 1, behind a placeholder.
   std::vector<std::string> headers = {""};
-  // Whether a file in binary form has been read, and then that file.
+  // Whether a file in binary form has been read; stays set. And that file, if it was the last one.
   bool isBinary = false;
   Ref<FolderItem> org;
 
@@ -68,11 +69,16 @@ class MORVANTILE_API plist : public Object {
   // Writes the document to savePath, in binary form if it was read so or `makeBinary` is set, and
   // with `cleanup` does Cleanup after that. Throws NilObjectException without a savePath.
   //
+  // A link stays a link, and the file that it leads to keeps its permissions, and its owner and
+  // group where the system allows that; so it is for a binary file that is put back.
+  //
   // If the file can't be opened the report is "Could not open file for saving", and if it can't be
   // written in full, or a binary file not be put back, "Could not save file"; the files are then as
-  // they were. The latter is also what comes of a binary file that could not be read: nothing is
-  // written in its place. If the converter fails, the file is written as text. `makeBinary` doesn't
-  // make the document one that is binary: the next Save() writes text.
+  // they were. The latter is also the report, and nothing is written, as long as the tree holds
+  // less than the file that was loaded: it exists and could not be opened, not be read to its end,
+  // or not be converted. PlistFromPlistDict makes a document of what is there, which can be saved.
+  // If the converter fails on the way back, the file is written as text. `makeBinary` doesn't make
+  // the document one that is binary: the next Save() writes text.
   virtual void Save(bool cleanup, bool makeBinary);
 
   // Replaces the tree by what is in `file`, and sets savePath to it. Where there is no `file`, the
@@ -98,8 +104,8 @@ class MORVANTILE_API plist : public Object {
   // for it.
   virtual void Dump();
 
-  // Deletes the copy of a document from a binary file; nothing for another. A later Save makes it
-  // anew.
+  // Deletes the copy of a document from a binary file (savePath); nothing for another. A later Save
+  // makes it anew.
   virtual void Cleanup();
 
   // Save(false, false).
@@ -154,6 +160,8 @@ class MORVANTILE_API plist : public Object {
   void Report(const std::string& message);
   static void YieldProcessorTIme(std::int64_t intervalMs, std::int64_t delayMs,
                                  std::int64_t& lastTick);
+
+  bool mayLose_ = false;  // The tree holds less than the file that Save would replace.
 };
 
 }  // namespace morvantile

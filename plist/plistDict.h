@@ -124,10 +124,11 @@ class MORVANTILE_API plistDict : public Object {
   // The sub-node whose key is that number; nil if there is none, without a report.
   [[nodiscard]] virtual Ref<plistDict> index(std::int64_t number) const;
 
-  // Writes the entries of the node, and all below them, as XML text that Load reads: each line
-  // behind as many tabs as `depth` says, none if it is 0 or less, and in the order of the keys.
-  // Texts are written as they are, with "<" and ">" escaped; keys are not escaped. An entry without
-  // a text is written with an empty one. Errors show in the stream's Close.
+  // Writes the entries of the node, and all below them, as XML text that Load reads, in the order
+  // of the keys: each line behind as many tabs as `depth` says, none if it is 0 or less, and those
+  // of a node below at a depth of one more. Texts are written as they are, with "<" and ">"
+  // escaped; keys are not escaped. An entry without a text is written with an empty one. Errors
+  // show in the stream's Close.
   virtual void Write(TextOutputStream& out, std::int64_t depth) const;
 
   // As GetValue.

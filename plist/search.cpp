@@ -4,7 +4,6 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/core/background.h"
 #include "platform/text/folding.h"
 #include "platform/text/text_search.h"
 #include "plist/plist.h"
@@ -25,7 +24,6 @@ class ScalarWalk {
     if (entry_ != nullptr) node_->MoveNext();
     entry_ = nullptr;
     while (!nodes_.empty()) {
-      RuntimeBackgroundTask();
       if (Step()) return true;
     }
     return false;

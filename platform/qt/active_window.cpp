@@ -100,7 +100,10 @@ void ActivateX11Window(xcb_window_t window, std::uint32_t time) {
 bool AnotherWindowIsActive(const QWidget& window) {
   if (X11() == nullptr) return true;
   const std::optional<xcb_window_t> active = ActiveX11Window();
-  return active && *active != XCB_WINDOW_NONE && *active != window.winId();
+  if (!active) return false;
+  // A Wayland compositor that runs X programs shows them its Wayland windows as none.
+  if (*active == XCB_WINDOW_NONE) return qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+  return *active != window.winId();
 }
 
 void ActivateWindow(QWidget& window, const std::string& token) {

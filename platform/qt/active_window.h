@@ -16,7 +16,8 @@ namespace morvantile {
 //
 // On X11 the window manager decides by _NET_ACTIVE_WINDOW (Extended Window Manager Hints), or, if
 // it doesn't keep that property, the input focus does, which a grab leaves alone. No active window
-// at all is none other. On other desktops the toolkit is right: true.
+// at all is none other, but for a Wayland desktop that runs X programs: it is a window that they
+// can't see. On other desktops the toolkit is right: true.
 bool AnotherWindowIsActive(const QWidget& window);
 
 // Brings a shown window to the front and makes it the active one, as far as the desktop allows.

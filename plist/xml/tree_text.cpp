@@ -33,6 +33,7 @@ void plistDict::Dump(std::int64_t depth) const {
 }
 
 void TreeText::Write(const plistDict& node, std::int64_t depth) {
+  depth_ = depth;
   indentation_.assign(static_cast<std::size_t>(std::max<std::int64_t>(depth, 0)), '\t');
   Enter(node, {});
   while (!levels_.empty()) {
@@ -84,22 +85,24 @@ void TreeText::WriteScalar(const Entry& entry) {
 
 // Writes the child at the level's place, and every further one of the same name after it.
 void TreeText::WriteChild(Level& level) {
-  const Ref<plistDict>& child = level.node->children[level.child];
-  ExpectChild(*level.node, level.child + 1);
-  level.child = level.repeats.empty() ? 0 : level.repeats[level.child];
+  const std::size_t place = level.child;
+  level.child = place < level.repeats.size() ? level.repeats[place] : 0;
+  if (place >= level.node->children.size()) return;
+  const Ref<plistDict> child = level.node->children[place];
+  ExpectChild(*level.node, place + 1);
   if (!child) return;
   if (child->count() == 0) {
     WriteLine("<", level.childName, "/>");
     return;
   }
   WriteLine("<", level.childName, ">");
-  indentation_ += '\t';
+  if (++depth_ > 0) indentation_ += '\t';
   Enter(*child, level.childName);
 }
 
 void TreeText::Enter(const plistDict& node, std::string_view name) {
   Level& level = levels_.emplace_back();
-  level.node = &node;
+  level.node = Ref<const plistDict>(&node);
   level.name = name;
   if (node.childrenNames.size() > 1) level.repeats = Repeats(node);
 }
@@ -123,7 +126,7 @@ void TreeText::Leave() {
   const std::string_view name = levels_.back().name;
   levels_.pop_back();
   if (levels_.empty()) return;
-  indentation_.pop_back();
+  if (depth_-- > 0) indentation_.pop_back();
   WriteLine("</", name, ">");
 }
 

@@ -18,7 +18,8 @@
 namespace morvantile {
 
 // Lays out the entries of a node, and of all nodes below it, as lines of text: those of the XML
-// file, or those of the debug dump, which has a mark behind each key.
+// file, or those of the debug dump, which has a mark behind each key. What a background turn adds
+// or removes meanwhile is written or not.
 class TreeText {
  public:
   enum class Form { kFile, kDump };
@@ -32,7 +33,7 @@ class TreeText {
  private:
   // The writing of one node.
   struct Level {
-    const plistDict* node = nullptr;
+    Ref<const plistDict> node;
     std::string_view name;               // of the node's element
     std::size_t position = 0;            // of the key to be written next
     std::string_view childName;          // of the elements under the key before it
@@ -58,6 +59,7 @@ class TreeText {
   std::function<void(std::string_view)> sink_;
   TextPiece text_;
   std::string encoded_;
+  std::int64_t depth_ = 0;
   std::string indentation_;
   std::vector<Level> levels_;  // the innermost last
 };

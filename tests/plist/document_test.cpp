@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include "platform/process/shell.h"
 #include "platform/ui/headless_host.h"
 #include "tests/platform/files/scratch_folder.h"
 #include "tests/plist/sketch.h"
@@ -137,6 +138,22 @@ TEST_F(Documents, ABinaryFileIsWorkedOnInACopyAndStaysBinary) {
   EXPECT_EQ(folder.Names(), (std::vector<std::string>{"a", "a temp.plist"}));
   document->Cleanup();
   EXPECT_EQ(folder.Names(), std::vector<std::string>{"a"});
+}
+
+TEST_F(Documents, ABinaryFileSavedUnchangedKeepsEveryValue) {
+  folder.Put("a",
+             "<dict><key>a>&lt;&amp;b&#10;]]&gt;</key><string>one\n  two \r\n\n\tthree\n</string>"
+             "<key></key><array><string> </string><string>&#13;</string><string></string>"
+             "<string>&amp;lt;&amp;amp;&amp;#10;&lt;/string>></string><data>AAEC</data>"
+             "<date>2009-03-07T08:05:09.25Z</date><real>-0</real><real>nan</real>"
+             "<integer>18446744073709551615</integer><dict/><array/><true/>"
+             "<dict><key>CF$UID</key><integer>3</integer></dict></array></dict>");
+  Shell().Execute("plutil -convert binary1 " + folder.Item("a")->ShellPath());
+  const std::string before = folder.Content("a");
+  const Ref<plist> document = New<plist>(folder.Item("a"), false);
+  ASSERT_EQ(document->root->count(), 2);
+  document->Save(true, false);
+  EXPECT_EQ(folder.Content("a"), before);
 }
 
 TEST_F(Documents, ALeftoverCopyIsReplaced) {

@@ -4,6 +4,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QShortcut>
+#include <algorithm>
 #include <cmath>
 
 #include "platform/qt/clipboard/picture_image.h"
@@ -53,7 +54,9 @@ QAccessible::Role CanvasWidget::Role() const {
   return IsPressable() ? QAccessible::Button : QAccessible::Graphic;
 }
 
-double CanvasWidget::Scale() const { return static_cast<double>(width()) / canvas_->Width; }
+double CanvasWidget::Scale() const {
+  return static_cast<double>(width()) / std::max(1, canvas_->Width);
+}
 
 void CanvasWidget::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);

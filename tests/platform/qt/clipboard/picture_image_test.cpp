@@ -81,10 +81,11 @@ TEST(PictureImage, ThePreviewShowsWhatAProgramThatHonoursProfilesShows) {
   const Ref<Picture> picture =
       DecodePicture(PngFile(QImage::Format_RGB32, kRed, Swapped().iccProfile()));
   const Ref<Canvas> canvas = New<Canvas>();
+  canvas->Width = canvas->Height = 8;
   canvas->Paint = [&](Canvas&, Graphics& graphics) { graphics.DrawPicture(picture, 1, 1); };
   QWidget window;
   CanvasWidget widget(*canvas, window);
-  widget.resize(8, 8);
+  widget.resize(canvas->Width, canvas->Height);
   const QImage shown = widget.grab().toImage();
   EXPECT_EQ(shown.pixel(1, 1), kGreen);
   EXPECT_EQ(shown.pixel(4, 2), kGreen);
