@@ -59,7 +59,7 @@ plist::plist(std::string_view text) {
   const Ref<FolderItem> item = GetTemporaryFolderItem();
   if (const Ref<BinaryStream> stream = BinaryStream::Create(item, true)) {
     stream->Write(text);
-    stream->Close();
+    static_cast<void>(stream->Close());  // if it failed, Load says that there is no file
   }
   plist::Load(item, item);
   item->Delete();
@@ -71,6 +71,11 @@ void plist::LoadWithOptionalTemplate(const Ref<FolderItem>& file,
 }
 
 void plist::Load(const Ref<FolderItem>& file, const Ref<FolderItem>& templateFile) {
+  // Copies, since the arguments may be `savePath` or `org`.
+  LoadFrom(Ref<FolderItem>(file), Ref<FolderItem>(templateFile));
+}
+
+void plist::LoadFrom(const Ref<FolderItem>& file, const Ref<FolderItem>& templateFile) {
   root = New<plistDict>();
   savePath = file;
   org = nullptr;
@@ -216,10 +221,11 @@ std::string plist::asString() {
   return text;
 }
 
-Ref<plist> plist::FromString(std::string_view text) { return New<plist>(text); }
+Ref<plist> plist::FromString(std::string_view text) const { return New<plist>(text); }
 
 std::string plist::Encrypt(std::string_view key) {
-  std::optional<std::string> encrypted = EncryptBlowfish(key, asString());
+  const std::string kept_key(key);
+  std::optional<std::string> encrypted = EncryptBlowfish(kept_key, asString());
   if (!encrypted) {
     Report("Could not encrypt");
     return "";
