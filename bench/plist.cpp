@@ -83,7 +83,7 @@ void LibplistWriteToFile(benchmark::State& state) {
 
 void LibplistReadBinaryAndWriteXmlMemory(benchmark::State& state) {
   const Ref<FolderItem> binary = Result();
-  File()->CopyFileTo(binary);
+  static_cast<void>(File()->CopyFileTo(binary));
   New<Shell>()->Execute("plutil -convert binary1 " + binary->ShellPath());
   const std::string bytes = peers::ReadFile(binary->AbsolutePath());
   for (auto _ : state) {

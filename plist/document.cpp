@@ -59,7 +59,7 @@ plist::plist(std::string_view text) {
   const Ref<FolderItem> item = GetTemporaryFolderItem();
   if (const Ref<BinaryStream> stream = BinaryStream::Create(item, true)) {
     stream->Write(text);
-    stream->Close();
+    static_cast<void>(stream->Close());  // if it failed, Load says that there is no file
   }
   plist::Load(item, item);
   item->Delete();
@@ -221,7 +221,7 @@ std::string plist::asString() {
   return text;
 }
 
-Ref<plist> plist::FromString(std::string_view text) { return New<plist>(text); }
+Ref<plist> plist::FromString(std::string_view text) const { return New<plist>(text); }
 
 std::string plist::Encrypt(std::string_view key) {
   const std::string kept_key(key);

@@ -5,15 +5,11 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <string>
 #include <vector>
 
 #include "platform/core/export.h"
-#include "platform/core/ref.h"
 
 namespace morvantile {
-
-class plistDict;
 
 // The children of a node, or their names, from 1 on. At 0 is a placeholder, a default element that
 // is always there; size() counts it.
@@ -21,7 +17,7 @@ class plistDict;
 // References and iterators hold until an element is added or taken out, or until the first use of
 // the list that is not const.
 template <typename T>
-class ListFromOne {
+class MORVANTILE_API ListFromOne {
  public:
   using value_type = T;
   using iterator = T*;
@@ -44,15 +40,15 @@ class ListFromOne {
   [[nodiscard]] const T& back() const { return end()[-1]; }
 
   // Adds an element at the end.
-  MORVANTILE_API void push_back(T element);
+  void push_back(T element);
   // Takes the last element out; there must be one besides the placeholder.
-  MORVANTILE_API void pop_back();
+  void pop_back();
   // Takes an element out; it must not be the placeholder.
-  MORVANTILE_API void erase(std::size_t place);
+  void erase(std::size_t place);
 
-  MORVANTILE_API iterator begin();
+  iterator begin();
   iterator end() { return begin() + size(); }
-  [[nodiscard]] MORVANTILE_API const_iterator begin() const;
+  [[nodiscard]] const_iterator begin() const;
   [[nodiscard]] const_iterator end() const { return begin() + size(); }
 
   // Whether all elements are the same, the placeholder included.
@@ -63,15 +59,12 @@ class ListFromOne {
  private:
   struct Elements;
 
-  [[nodiscard]] MORVANTILE_API std::size_t Size() const;
-  MORVANTILE_API void Release();
+  [[nodiscard]] std::size_t Size() const;
+  void Release();
   Elements& Made();
 
   Elements* elements_ = nullptr;  // none as long as there is the placeholder alone
 };
-
-extern template class ListFromOne<std::string>;
-extern template class ListFromOne<Ref<plistDict>>;
 
 }  // namespace morvantile
 

@@ -41,9 +41,12 @@ struct Entry;
 //
 // Nothing fails by an exception: an operation that can't do its work leaves `error` and a message
 // on the document (SetError), returns a neutral value and changes nothing. A node without a
-// document has nowhere to report to, and returns the same. Exceptions are for wrong calls alone: a
-// nil Date (NilObjectException), and GetType or TypeOK of a key that isn't there
-// (KeyNotFoundException).
+// document has nowhere to report to, and returns the same. Exceptions are for wrong calls alone:
+// GetType or TypeOK of a key that isn't there (KeyNotFoundException), and nil where a Date, a node,
+// a control or a window is taken (NilObjectException), unless the operation says what nil does.
+//
+// What only reads is const, and a Ref<const plistDict> can do it. Getters are not const, because
+// they store their defaults.
 //
 // A tree belongs to one thread. Its depth is bounded by memory alone: releasing it, like everything
 // else done to a whole tree, takes no room on the call stack for it.
@@ -113,6 +116,7 @@ class MORVANTILE_API plistDict : public Object {
   // "Child exists: " + name + " already exists", if the key holds a scalar. Where a file has
   // repeated a key, the first of its nodes. Leaves the report alone if it adds nothing.
   virtual Ref<plistDict> child(std::string_view key);
+  Ref<plistDict> child(std::nullptr_t) = delete;  // nor child(0): see index
 
   // The text of a scalar, whatever its type. A missing key is added as a "string" with the default.
   // A container gives "" and the report "Key " + key + " does not exist".
@@ -147,6 +151,7 @@ class MORVANTILE_API plistDict : public Object {
   // type gives false and the report "Type Mismatch: " + key + " is a " + type. An earlier report
   // stays if there is none of this call.
   virtual bool GetBoolean(std::string_view key, bool standard);
+  bool GetBoolean(std::string_view key, const void* standard) = delete;
 
   // A new Date, made of a text like "2009-03-07T08:05:09Z" or only its part before the "T". The
   // fields are taken as they stand, without regard to time zones; one out of range carries over as
@@ -162,6 +167,7 @@ class MORVANTILE_API plistDict : public Object {
   // These store a value under a key, and make it deliverable to a running search again. A key keeps
   // the type that it got first: for another type CheckType leaves its report and nothing changes.
   virtual void SetBoolean(std::string_view key, bool value);
+  void SetBoolean(std::string_view key, const void* value) = delete;  // "false" would be true
 
   // 0 if the key exists under another type than `wanted`, with the report "Type Mismatch: " + key +
   // " is a " + type; 1 if it exists under that type; 2 if it doesn't exist. Clears the report
@@ -170,6 +176,7 @@ class MORVANTILE_API plistDict : public Object {
 
   // Stores the text as it is.
   virtual void SetString(std::string_view key, std::string_view value);
+  void SetString(std::string_view key, std::nullptr_t) = delete;
 
   // Stores the number without its fraction: see Format.
   virtual void SetInteger(std::string_view key, double value);
@@ -206,8 +213,10 @@ class MORVANTILE_API plistDict : public Object {
   virtual void AppendDict();
   virtual void AppendArray();
   virtual void AppendBoolean(bool value);
+  void AppendBoolean(const void* value) = delete;
   virtual void AppendDouble(double value);  // as AppendReal, with the type "double"
   virtual void AppendString(std::string_view value);
+  void AppendString(std::nullptr_t) = delete;
   virtual void AppendData(std::string_view value);
   virtual void AppendDate(const Ref<Date>& value);
 

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "platform/imaging/aligned.h"
+
 namespace morvantile {
 
 Ref<Picture> Picture::Create(std::int64_t width, std::int64_t height, bool hasAlpha) {
@@ -12,13 +14,10 @@ Ref<Picture> Picture::Create(std::int64_t width, std::int64_t height, bool hasAl
   AlignedBytes storage = MakeAlignedBytes(static_cast<std::size_t>(stride * height));
   if (storage == nullptr) return nullptr;
 
-  Ref<Picture> picture(new Picture);
-  picture->width_ = static_cast<int>(width);
-  picture->height_ = static_cast<int>(height);
-  picture->stride_ = stride;
-  picture->hasAlpha_ = hasAlpha;
-  picture->pixels_ = storage.get();
-  picture->own_ = std::move(storage);
+  std::uint8_t* const pixels = storage.get();
+  Ref<Picture> picture = Wrap(static_cast<int>(width), static_cast<int>(height), stride, pixels,
+                              hasAlpha, std::shared_ptr<const void>(std::move(storage)));
+  picture->writable_ = pixels;
   return picture;
 }
 

@@ -8,8 +8,8 @@
 #include <memory>
 #include <string>
 
+#include "platform/core/export.h"
 #include "platform/core/ref.h"
-#include "platform/imaging/aligned.h"
 
 namespace morvantile {
 
@@ -27,7 +27,7 @@ struct PictureMetadata {
 // in this order, 0 to 255 each, the colours not multiplied by alpha. Rows begin `stride` bytes
 // apart, stride >= 4 * width. A picture that isn't marked as having alpha is opaque, whatever its
 // alpha bytes hold.
-class Picture : public Object {
+class MORVANTILE_API Picture : public Object {
  public:
   // The largest pixel storage that a picture may have, in bytes.
   static constexpr std::int64_t kMaxBytes = std::int64_t{1} << 30;
@@ -50,7 +50,9 @@ class Picture : public Object {
 
   const std::uint8_t* Row(int y) const { return pixels_ + stride_ * y; }
   // The row for writing; null for a picture made by Wrap.
-  std::uint8_t* MutableRow(int y) { return own_ == nullptr ? nullptr : own_.get() + stride_ * y; }
+  std::uint8_t* MutableRow(int y) {
+    return writable_ == nullptr ? nullptr : writable_ + stride_ * y;
+  }
 
  private:
   Picture() = default;
@@ -60,7 +62,7 @@ class Picture : public Object {
   std::ptrdiff_t stride_ = 0;
   bool hasAlpha_ = false;
   const std::uint8_t* pixels_ = nullptr;
-  AlignedBytes own_;
+  std::uint8_t* writable_ = nullptr;
   std::shared_ptr<const void> keeper_;
 };
 

@@ -45,7 +45,7 @@ std::optional<std::string> ConvertFile(const Command& command) {
   if (input->ReadError()) return "the file cannot be read to its end";
 
   const auto replacement = FileReplacement::Begin(
-      file->AbsolutePath(), FileReplacement::Links::kFollow, FileReplacement::Durability::kSynced);
+      file->AbsolutePath(), Links::kFollow, FileReplacement::Durability::kSynced);
   if (replacement == nullptr) return "the file cannot be written";
   const auto append = [&](std::string_view bytes) { replacement->Append(bytes); };
   if (auto problem = Convert(content, command.form, append)) return problem;

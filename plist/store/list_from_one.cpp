@@ -1,5 +1,6 @@
 #include "plist/list_from_one.h"
 
+#include <memory>
 #include <utility>
 
 #include "plist/plistDict.h"
@@ -8,10 +9,7 @@
 namespace morvantile {
 
 template <typename T>
-struct ListFromOne<T>::Elements : std::vector<T, BulkAllocator<T>> {
-  static void* operator new(std::size_t size) { return AllocateBulk(size); }
-  static void operator delete(void* elements, std::size_t size) { ReleaseBulk(elements, size); }
-};
+struct ListFromOne<T>::Elements : std::vector<T, BulkAllocator<T>> {};
 
 template <typename T>
 void ListFromOne<T>::push_back(T element) {
@@ -46,13 +44,14 @@ std::size_t ListFromOne<T>::Size() const {
 
 template <typename T>
 void ListFromOne<T>::Release() {
-  delete elements_;
+  std::destroy_at(elements_);
+  ReleaseBulk(elements_, sizeof *elements_);
 }
 
 template <typename T>
 typename ListFromOne<T>::Elements& ListFromOne<T>::Made() {
   if (elements_ == nullptr) {
-    elements_ = new Elements;
+    elements_ = std::construct_at(static_cast<Elements*>(AllocateBulk(sizeof(Elements))));
     elements_->reserve(2);
     elements_->resize(1);
   }

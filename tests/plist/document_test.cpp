@@ -249,7 +249,7 @@ TEST_F(Documents, WithoutAPlaceForTemporaryFilesThereIsNoString) {
   const Ref<FolderItem> path = document->savePath;
   setenv("TMPDIR", "/no such folder", 1);
   EXPECT_EQ(document->asString(), "");
-  EXPECT_THROW(New<plist>("text"), NilObjectException);
+  EXPECT_THROW(New<plist>(std::string("text")), NilObjectException);
   unsetenv("TMPDIR");
   EXPECT_TRUE(document->savePath == path);
 }
