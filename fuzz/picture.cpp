@@ -9,6 +9,7 @@
 
 #include "fuzz/require.h"
 #include "platform/qt/clipboard/picture_image.h"
+#include "platform/qt/clipboard/png_file.h"
 
 namespace morvantile {
 namespace {

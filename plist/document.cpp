@@ -54,6 +54,11 @@ void plist::LoadWithOptionalTemplate(const Ref<FolderItem>& file,
 }
 
 void plist::Load(const Ref<FolderItem>& file, const Ref<FolderItem>& templateFile) {
+  // Copies, since the arguments may be `savePath` or `org`.
+  LoadFrom(Ref<FolderItem>(file), Ref<FolderItem>(templateFile));
+}
+
+void plist::LoadFrom(const Ref<FolderItem>& file, const Ref<FolderItem>& templateFile) {
   root = New<plistDict>();
   savePath = file;
   org = nullptr;
@@ -202,7 +207,8 @@ std::string plist::asString() {
 Ref<plist> plist::FromString(std::string_view text) const { return New<plist>(text); }
 
 std::string plist::Encrypt(std::string_view key) {
-  std::optional<std::string> encrypted = EncryptBlowfish(key, asString());
+  const std::string kept_key(key);
+  std::optional<std::string> encrypted = EncryptBlowfish(kept_key, asString());
   if (!encrypted) {
     Report("Could not encrypt");
     return "";

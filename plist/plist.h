@@ -155,6 +155,7 @@ class MORVANTILE_API plist : public Object {
   bool ReadStructure(const Ref<plistDict>& node, std::string_view text, std::string_view mode);
 
  private:
+  void LoadFrom(const Ref<FolderItem>& file, const Ref<FolderItem>& templateFile);
   void MakeEmpty(const std::string& report);
   Ref<TextInputStream> OpenConverted(const Ref<FolderItem>& file, const Ref<FolderItem>& source);
   void ReadHeaders(TextInputStream& stream, std::string line);

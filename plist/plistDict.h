@@ -205,8 +205,10 @@ class MORVANTILE_API plistDict : public Object {
   // key + " already exists", if the key is in use.
   virtual bool AddArray(std::string_view key);
 
-  // These add an element at the end of an array, under the key Str(count()). On a dict they leave
-  // the report of CheckArray and do nothing else.
+  // These add an element at the end of an array, under the key Str(count()), which indexOf then
+  // holds. In an array with gaps, which a file may bring, that key may be in use: its type and text
+  // are replaced, and index() finds the node that is there before one that is added. On a dict they
+  // leave the report of CheckArray and do nothing else.
   virtual void AppendInteger(std::int64_t value);
   virtual void AppendDict();
   virtual void AppendArray();
@@ -227,7 +229,7 @@ class MORVANTILE_API plistDict : public Object {
   // and anything with `asKey`, is taken for a key, and nothing happens if it isn't there. The
   // report is that of CheckArray for a number on a dict, and "Subscript out of range" for one that
   // no element has. Marks in `searched` stay under their keys and numbers, and the cursor where it
-  // is.
+  // is. Of nodes whose key a file has repeated, the first goes.
   virtual void Remove(const Variant& key, bool asKey);
 
   // The number of keys.
@@ -347,14 +349,15 @@ class MORVANTILE_API plistDict : public Object {
   //
   // An entry of a type without operations of its own, or whose text doesn't read as its type, is
   // carried as it stands. The source stays if anything below it was refused, and an entry moved
-  // onto itself stays as it is.
+  // onto itself stays as it is. A container that is merged into one around it leaves out the entry
+  // that would be merged into that container itself.
   //
-  // Reports, on this node's document: "Destination is nil", "Source does not exist.", "Destination
-  // is inside " + key, and where the entry would be merged into a container around it, key + " is
-  // inside the destination", which change nothing; key + " could not be moved as a whole" if no
-  // other report tells why the source stays; and that of Remove. On the destination's that of what
-  // refused an entry. A report of an inner entry is cleared by the next one. Moving an empty
-  // container leaves "Source does not exist.", though it is moved.
+  // Reports, on this node's document: "Destination is nil", "Source does not exist." and
+  // "Destination is inside " + key, which change nothing; key + " could not be moved as a whole" if
+  // no other report tells why the source stays; and that of Remove. On the document of the node
+  // that holds it, key + " is inside the destination" for the entry that is left out. On the
+  // destination's that of what refused an entry. A report of an inner entry is cleared by the next
+  // one. Moving an empty container leaves "Source does not exist.", though it is moved.
   virtual void Move(std::string_view key, const Ref<plistDict>& destination, bool removeSource,
                     std::string_view newKey);
   // With `removeSource`, and under the same key.
@@ -393,7 +396,7 @@ class MORVANTILE_API plistDict : public Object {
   void Store(std::string_view key, std::string_view type, std::string_view text);
   bool StartElement();
   void AppendScalar(std::string_view type, std::string_view text);
-  void AppendContainer(std::string_view type);
+  Ref<plistDict> AppendContainer(std::string_view type);
   bool AddContainer(std::string_view key, std::string_view type, std::string_view refusal);
   void NewChild(Entry& entry, std::string_view key, bool asArray);
 
@@ -405,6 +408,8 @@ class MORVANTILE_API plistDict : public Object {
   void MoveElementsDown(std::size_t first);
   void RenumberElement(std::int64_t number);
   void RenameChild(const Entry& entry, const std::string& key);
+  bool HasRepeatedNames() const;
+  void RenumberRepeatedNames(std::int64_t first, std::int64_t last);
 
   void BuildPath();
 
@@ -412,7 +417,6 @@ class MORVANTILE_API plistDict : public Object {
   bool CarryScalar(const std::string& key, plistDict& destination, const std::string& target);
   static Ref<plistDict> MakeContainer(std::string_view type, plistDict& destination,
                                       const std::string& target);
-  bool Contain(std::string_view key, plistDict& destination, std::string_view target);
 
   friend class Reader;
   friend class ScalarWalk;

@@ -34,6 +34,7 @@ void plistDict::RemoveElement(std::int64_t number) {
     return;
   }
   if (entry->isContainer) RemoveChild(ChildPlace(key));
+  if (HasRepeatedNames()) RenumberRepeatedNames(number + 1, last);
   values.Remove(key);
   if (entries_.Listed().IsNumbered()) {
     MoveElementsDown(static_cast<std::size_t>(number));
@@ -42,6 +43,28 @@ void plistDict::RemoveElement(std::int64_t number) {
     types.Remove(key);
     for (std::int64_t i = number + 1; i <= last; ++i) RenumberElement(i);
   }
+  IndexChildren();
+}
+
+// Whether a key is in childrenNames twice, as a file may bring it.
+bool plistDict::HasRepeatedNames() const {
+  IndexChildren();
+  std::size_t different_names = 0;
+  entries_.ForEach([&](const Entry& entry) { different_names += entry.child != 0 ? 1 : 0; });
+  return childrenNames.size() > different_names + 1;
+}
+
+// Gives the nodes of the elements from `first` to `last` the number before theirs, all those of one
+// number, and has the entries forget their places, which are to be found anew.
+void plistDict::RenumberRepeatedNames(std::int64_t first, std::int64_t last) {
+  for (std::size_t place = 1; place < childrenNames.size(); ++place) {
+    const std::int64_t number = CInt64(childrenNames[place]);
+    if (number < first || number > last || childrenNames[place] != Str(number)) continue;
+    childrenNames[place] = Str(number - 1);
+    if (children[place]) children[place]->name = childrenNames[place];
+  }
+  entries_.ForEach([](Entry& entry) { entry.child = 0; });
+  entries_.indexedChildren = 1;
 }
 
 // Moves the elements behind `first` one number down; what stood there is lost, and the last number

@@ -149,13 +149,35 @@ class Faults(unittest.TestCase):
         self.desktop.key('Return')
         self.finish(run)
 
+    def large(self):
+        """A run whose picture takes its owner half a second to encode, just ended."""
+        self.put_settings(**{'Slider Value': 100.0})
+        self.desktop.copy(encoded(Image.effect_noise((3000, 3000), 50).convert('RGB'), 'BMP'),
+                          'image/bmp')
+        run, _ = self.start()
+        self.desktop.key('Return')
+        self.finish(run)
+
     def test_fifty_pastes_at_once_all_get_the_picture(self):
-        self.scaled()
+        self.large()
         command = ('xclip', '-selection', 'clipboard', '-t', 'image/png', '-o')
         pastes = [self.desktop.start(*command, stdout=subprocess.PIPE) for _ in range(50)]
         pasted = {paste.communicate(timeout=PATIENCE)[0] for paste in pastes}
         self.assertEqual(len(pasted), 1)
-        self.assertEqual(decoded(pasted.pop()).size, (320, 240))
+        self.assertEqual(decoded(pasted.pop()).size, (3000, 3000))
+
+    def test_the_owner_is_killed_while_it_encodes(self):
+        self.large()
+        os.kill(self.processes()[0], signal.SIGKILL)
+        self.leaves_no_process()
+        self.scaled()
+        self.assertEqual(decoded(self.desktop.paste('image/png')).size, (640, 480))
+
+    def test_the_clipboard_is_taken_over_while_the_owner_encodes(self):
+        self.large()
+        self.desktop.copy(b'text', self.desktop.text)
+        self.leaves_no_process()
+        self.assertEqual(self.desktop.paste(self.desktop.text), b'text')
 
     def test_a_hundred_megabytes_come_through_and_a_receiver_may_die(self):
         self.put_settings(**{'Slider Value': 100.0})

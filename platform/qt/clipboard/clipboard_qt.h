@@ -1,8 +1,10 @@
 #ifndef MORVANTILE_PLATFORM_QT_CLIPBOARD_CLIPBOARD_QT_H
 #define MORVANTILE_PLATFORM_QT_CLIPBOARD_CLIPBOARD_QT_H
 
+#include <memory>
 #include <string>
 
+#include "platform/qt/clipboard/clipboard_formats.h"
 #include "platform/qt/clipboard/system_clipboard.h"
 
 namespace morvantile {
@@ -21,6 +23,7 @@ class QtClipboard : public SystemClipboard {
   void ServeUntilTakenOver() override;
 
  private:
+  std::shared_ptr<PictureOffer> offer_;
   bool known_ = false;
   Ref<Picture> picture_;
 };
