@@ -1,4 +1,3 @@
-#include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <system_error>
@@ -7,33 +6,17 @@
 #include "platform/core/number.h"
 #include "platform/core/time.h"
 #include "platform/files/binary_stream.h"
-#include "platform/process/shell.h"
 #include "platform/text/folding.h"
 #include "platform/text/text.h"
 #include "platform/ui/msg_box.h"
 #include "plist/cipher.h"
+#include "plist/converter.h"
 #include "plist/plist.h"
 
 namespace morvantile {
 namespace {
 
 constexpr std::string_view kEndOfHeaders = "<dict>";
-
-// How long the converter may take for a file: many times what it needs.
-std::chrono::seconds PatienceFor(const FolderItem& file) {
-  constexpr std::uintmax_t kBytesInASecond = 1'000'000;
-  constexpr std::chrono::seconds kAlways{8};
-  std::error_code error;
-  const std::uintmax_t size = std::filesystem::file_size(file.AbsolutePath(), error);
-  return error ? kAlways : kAlways + std::chrono::seconds(size / kBytesInASecond);
-}
-
-// Runs the converter on a file, which it changes in place.
-bool Convert(const char* form, const FolderItem& file) {
-  Shell shell(PatienceFor(file));
-  shell.Execute(std::string("plutil -convert ") + form + " " + file.ShellPath());
-  return shell.ErrorCode() == 0;
-}
 
 // A copy that may be written, whether or not the file may.
 bool MakeWritableCopy(const FolderItem& file, const Ref<FolderItem>& copy) {

@@ -10,7 +10,10 @@ trap 'rm -rf "$scratch"' EXIT
 cd "$scratch"
 fail() { echo "$*"; exit 1; }
 quietly() { "$@" >log 2>&1 || { cat log; fail "failed: $*"; }; }
-runs() { [ "$(PATH=/usr/bin:/bin "$@")" = 'as expected' ] || fail "did not run: $*"; }
+runs() {
+  output=$(PATH=/usr/bin:/bin "$@") || true
+  [ "$output" = 'as expected' ] || fail "$*: $output"
+}
 
 outside=$project/tests/packaging/outside
 quietly cmake -G Ninja -S "$outside" -B inside -DMORVANTILE_SOURCE="$project" \
