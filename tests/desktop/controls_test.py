@@ -5,6 +5,7 @@ Run as: controls_test.py PROGRAM [unittest arguments]
 
 import os
 import pty
+import re
 import signal
 import subprocess
 import unittest
@@ -37,8 +38,8 @@ class Controls(OnDesktop):
         self.finish(run)
         for target in ('image/png', 'image/bmp'):
             with self.subTest(target=target):
-                image = self.pasted(target)
-                self.assertEqual((image.mode, image.size), ('RGBA', (100, 50)))
+                image = self.pasted(target).convert('RGBA')
+                self.assertEqual(image.size, (100, 50))
                 self.assertEqual(image.getpixel((10, 25)), (255, 0, 0, 255))
                 self.assertEqual(image.getpixel((90, 25))[3], 0)
                 self.assertEqual({image.getpixel((x, 25))[1] for x in range(52)}, {0})
@@ -52,10 +53,20 @@ class Controls(OnDesktop):
         self.desktop.key('Return')
         self.finish(run)
         png, bmp = self.pasted('image/png'), self.pasted('image/bmp')
-        self.assertEqual(png.getpixel((50, 25)), (255, 0, 0))
+        self.assertEqual(png.convert('RGB').getpixel((50, 25)), (255, 0, 0))
         self.assertEqual(png.info['icc_profile'], decoded(original).info['icc_profile'])
         self.assertEqual([round(dots) for dots in png.info['dpi']], [300, 150])
         self.assertEqual(bmp.getpixel((50, 25)), (0, 255, 0))
+
+    def test_the_dialog_is_in_the_middle_of_the_primary_screen(self):
+        for monitor, place, output in (('left', '400/100x800/200+0+0', 'screen'),
+                                       ('*right', '880/200x700/200+400+100', 'none')):
+            self.desktop.run('xrandr', '--setmonitor', monitor, place, output)
+            self.addCleanup(self.desktop.run, 'xrandr', '--delmonitor', monitor.strip('*'))
+        self.desktop.copy(encoded(landscape(640, 480)), 'image/png')
+        _, dialog = self.start()
+        told = self.desktop.output('xwininfo', '-id', dialog)
+        self.assertEqual(re.findall(r'Absolute upper-left .: +(\d+)', told), ['620', '196'])
 
     def test_the_info_window_leaves_the_dialog_open(self):
         self.desktop.copy(encoded(landscape(640, 480)), 'image/png')
