@@ -196,10 +196,10 @@ class Trees {
         if (TakesKeys(node)) node.GetBoolean(key);
         break;
       case 7:
-        node.index(input_.ConsumeIntegralInRange(-1, 20));
+        static_cast<void>(node.index(input_.ConsumeIntegralInRange(-1, 20)));
         break;
       default:
-        node.AbsolutePath();
+        static_cast<void>(node.AbsolutePath());
     }
   }
 
