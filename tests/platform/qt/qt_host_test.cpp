@@ -14,8 +14,10 @@
 #include "platform/ui/slider.h"
 #include "platform/ui/window.h"
 
-// An exception that passes through the toolkit on its way out leaves one of its guards behind.
-extern "C" const char* __lsan_default_suppressions() {  // NOLINT: the sanitizer's name
+// An exception that passes through the toolkit on its way out leaves one of its guards behind. The
+// name is the sanitizer's, which finds it only if it is exported.
+extern "C" __attribute__((visibility("default"))) const char*
+__lsan_default_suppressions() {  // NOLINT
   return "leak:QtSharedPointer::ExternalRefCountData::getAndRef\n";
 }
 
