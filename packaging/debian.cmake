@@ -35,8 +35,8 @@ morvantile_package(
   DESCRIPTION
     "Morvantile shows the picture on the clipboard in a dialog with a slider,\nand puts the smaller picture back. It is made to be bound to a key: take a\nscreenshot, press the key, drag the slider, press OK, and paste."
   DEPENDS "morvantile-plutil ${same}, qt6-qpa-plugins"
-  RECOMMENDS "qt6-wayland"
-  SUGGESTS "qt6-translations-l10n")
+  RECOMMENDS "qt6-wayland, qt6-image-formats-plugins, libqt6svg6"
+  SUGGESTS "qt6-translations-l10n, fonts-noto-cjk")
 morvantile_package(
   plutil
   NAME morvantile-plutil

@@ -20,10 +20,7 @@ void plistDict::AppendDict() { AppendContainer("dict"); }
 void plistDict::AppendArray() { AppendContainer("array"); }
 
 void plistDict::AppendScalar(std::string_view type, std::string_view text) {
-  if (!isArray) {
-    CheckArray();
-    return;
-  }
+  if (!isArray && !CheckArray()) return;
   indexOf = count();
   Entry& entry = entries_.List(Str(indexOf));
   entry.SetType(type);

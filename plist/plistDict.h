@@ -229,7 +229,7 @@ class MORVANTILE_API plistDict final : public Object {
   // and anything with `asKey`, is taken for a key, and nothing happens if it isn't there. The
   // report is that of CheckArray for a number on a dict, and "Subscript out of range" for one that
   // no element has. Marks in `searched` stay under their keys and numbers, and the cursor where it
-  // is. Of nodes whose key a file has repeated, the first goes.
+  // is. Where a file has repeated a key, the first of its nodes goes; all of them of an element.
   virtual void Remove(const Variant& key, bool asKey);
 
   // The number of keys.
@@ -409,7 +409,7 @@ class MORVANTILE_API plistDict final : public Object {
   void RenumberElement(std::int64_t number);
   void RenameChild(const Entry& entry, const std::string& key);
   bool HasRepeatedNames() const;
-  void RenumberRepeatedNames(std::int64_t first, std::int64_t last);
+  void RemoveAmongRepeated(std::int64_t number, std::int64_t last, bool isContainer);
 
   void BuildPath();
 

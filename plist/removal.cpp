@@ -33,8 +33,11 @@ void plistDict::RemoveElement(std::int64_t number) {
     SetError(true, "Subscript out of range");
     return;
   }
-  if (entry->isContainer) RemoveChild(ChildPlace(key));
-  if (HasRepeatedNames()) RenumberRepeatedNames(number + 1, last);
+  if (HasRepeatedNames()) {
+    RemoveAmongRepeated(number, last, entry->isContainer);
+  } else if (entry->isContainer) {
+    RemoveChild(ChildPlace(key));
+  }
   values.Remove(key);
   if (entries_.Listed().IsNumbered()) {
     MoveElementsDown(static_cast<std::size_t>(number));
@@ -54,14 +57,27 @@ bool plistDict::HasRepeatedNames() const {
   return childrenNames.size() > different_names + 1;
 }
 
-// Gives the nodes of the elements from `first` to `last` the number before theirs, all those of one
-// number, and has the entries forget their places, which are to be found anew.
-void plistDict::RenumberRepeatedNames(std::int64_t first, std::int64_t last) {
+// Takes the nodes of the element `number` out where a file has repeated keys, if it is a container,
+// and gives those of the elements behind it, up to `last`, the number before theirs. The entries
+// forget the places of all nodes, which are to be found anew.
+void plistDict::RemoveAmongRepeated(std::int64_t number, std::int64_t last, bool isContainer) {
+  std::size_t kept = 1;
   for (std::size_t place = 1; place < childrenNames.size(); ++place) {
-    const std::int64_t number = CInt64(childrenNames[place]);
-    if (number < first || number > last || childrenNames[place] != Str(number)) continue;
-    childrenNames[place] = Str(number - 1);
-    if (children[place]) children[place]->name = childrenNames[place];
+    std::string key = std::move(childrenNames[place]);
+    const Ref<plistDict> node = std::move(children[place]);
+    const std::int64_t own = CInt64(key);
+    const bool is_number = key == Str(own);
+    if (is_number && own == number && isContainer) continue;
+    if (is_number && own > number && own <= last) {
+      key = Str(own - 1);
+      if (node) node->name = key;
+    }
+    childrenNames[kept] = std::move(key);
+    children[kept++] = node;
+  }
+  while (children.size() > kept) {
+    childrenNames.pop_back();
+    children.pop_back();
   }
   entries_.ForEach([](Entry& entry) { entry.child = 0; });
   entries_.indexedChildren = 1;

@@ -121,7 +121,7 @@ TEST(Report, IsShownWhenDebugIsOn) {
   InstallHost(&host);
   const Ref<plist> document = NewDocument();
   document->debug = true;
-  document->root->CheckArray();
+  EXPECT_FALSE(document->root->CheckArray());
   document->root->SetString("a", "x");
   document->root->SetInteger("a", 1);
   EXPECT_EQ(host.messages,

@@ -238,7 +238,7 @@ TEST_F(Documents, AStringShowsTheReportThatStands) {
   HeadlessHost host;
   InstallHost(&host);
   const Ref<plist> document = New<plist>(folder.Put("a", kText), false);
-  document->root->CheckArray();
+  EXPECT_FALSE(document->root->CheckArray());
   EXPECT_EQ(document->asString(), kText);
   EXPECT_EQ(host.messages, std::vector<std::string>{"root is not an array"});
   InstallHost(nullptr);

@@ -121,13 +121,13 @@ TEST_F(Removal, MovesElementsOverTheGapsThatAFileMayLeave) {
   EXPECT_FALSE(list.searched.HasKey("0"));
 }
 
-TEST_F(Removal, AmongRepeatedNamesLeavesTheFirstOfANameToIndex) {
+TEST_F(Removal, KeepsTheNodesOfAnElementTogether) {
   for (const char* gap : {"", "\n"}) {
     const Ref<plist> read = Read(std::string("<key>a</key>\n<array>\n<dict/><dict/>\n") + gap +
                                  "<dict/><dict/>\n<dict/>\n</array>");
     plistDict& list = *read->root->child("a");
-    std::vector<std::string> expected = {"", "0", "0", "0", "1"};
-    if (*gap != '\0') expected = {"", "0", "1", "1", "3"};
+    std::vector<std::string> expected = {"", "0", "0", "1"};
+    if (*gap != '\0') expected = {"", "1", "1", "3"};
     list.Remove(0, false);
     EXPECT_EQ(list.childrenNames, expected);
     for (std::size_t place = 1; place < expected.size(); ++place) {
