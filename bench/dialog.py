@@ -23,8 +23,8 @@ HOUSE = os.path.join(os.path.dirname(os.path.abspath(__file__)), '..')
 sys.path.insert(0, os.path.join(HOUSE, 'tests', 'desktop'))
 
 from desktop import until  # noqa: E402
+from desktops import X11  # noqa: E402
 from pictures import encoded, landscape  # noqa: E402
-from virtual_display import VirtualDisplay  # noqa: E402
 
 ROUNDS = 15
 PASTES = 5
@@ -136,7 +136,7 @@ def pastes(display, program, picture):
 def main(folder):
     program, bare, drag = (os.path.join(os.path.abspath(folder), name)
                            for name in ('morvantile', 'bench_bare_dialog', 'bench_drag'))
-    with VirtualDisplay() as display:
+    with X11() as display:
         screen = Display(display.environment['DISPLAY']).screen().root
         display.copy(encoded(landscape(*SIZE)), 'image/png')
         ours, theirs = [], []

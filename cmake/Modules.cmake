@@ -13,10 +13,10 @@ if(CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
 endif()
 
 add_library(morvantile_options INTERFACE)
-target_include_directories(morvantile_options INTERFACE ${CMAKE_SOURCE_DIR})
+target_include_directories(morvantile_options INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(
   morvantile_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion
-                               -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
+                               -Wnon-virtual-dtor -Woverloaded-virtual)
 if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   # It warns of "text" + std::string (GCC bug 105651), and clang-tidy doesn't know the warning.
   target_compile_options(morvantile_options INTERFACE -Wno-restrict -Wno-unknown-warning-option)

@@ -5,7 +5,6 @@ include(CMakePackageConfigHelpers)
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(GCRYPT REQUIRED IMPORTED_TARGET libgcrypt)
 pkg_check_modules(utf8proc REQUIRED IMPORTED_TARGET libutf8proc)
-find_package(Qt6 REQUIRED COMPONENTS Widgets)
 
 set(MORVANTILE_ABI 0)  # goes up with each release that breaks programs built against an earlier one
 set(headers ${CMAKE_INSTALL_INCLUDEDIR}/morvantile)
@@ -22,7 +21,7 @@ function(morvantile_library name)
   string(REPLACE _ - file_name morvantile-${name})
   add_library(lib_${name} ${objects})
   add_library(Morvantile::${name} ALIAS lib_${name})
-  target_include_directories(lib_${name} INTERFACE $<BUILD_INTERFACE:${CMAKE_SOURCE_DIR}>
+  target_include_directories(lib_${name} INTERFACE $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
                                                    $<INSTALL_INTERFACE:${headers}>)
   target_compile_features(lib_${name} INTERFACE cxx_std_20)
   target_link_options(lib_${name} PRIVATE
@@ -64,7 +63,10 @@ else()
 endif()
 morvantile_library(plist ROOMS morvantile_base morvantile_picture morvantile_ui morvantile_plist
                    LINKS ${foundation})
-morvantile_library(plist_qt ROOMS morvantile_attach LINKS PUBLIC lib_plist Qt6::Widgets)
+if(MORVANTILE_PROGRAM)
+  find_package(Qt6 REQUIRED COMPONENTS Widgets)
+  morvantile_library(plist_qt ROOMS morvantile_attach LINKS PUBLIC lib_plist Qt6::Widgets)
+endif()
 
 # The face of the library. No header here tells how a node stores what it holds.
 set(core background color date exceptions export ref variant)
@@ -78,12 +80,14 @@ set(installed_headers
     plist/plist
     plist/plistDict
     platform/imaging/picture
-    platform/qt/attach/attach
     platform/text/text)
 foreach(room core files ui)
   list(TRANSFORM ${room} PREPEND platform/${room}/)
   list(APPEND installed_headers ${${room}})
 endforeach()
+if(MORVANTILE_PROGRAM)
+  list(APPEND installed_headers platform/qt/attach/attach)
+endif()
 foreach(header ${installed_headers})
   cmake_path(GET header PARENT_PATH folder)
   install(

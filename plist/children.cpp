@@ -9,8 +9,9 @@ namespace morvantile {
 Ref<plistDict> plistDict::child(std::string_view key) {
   std::size_t place = ChildPlace(key);
   if (place == 0) {
-    AddChild(key);
-    place = ChildPlace(key);
+    const std::string kept(key);
+    AddChild(kept);
+    place = ChildPlace(kept);
   }
   return place == 0 ? nullptr : children[place];
 }
@@ -28,7 +29,6 @@ bool plistDict::AddArray(std::string_view key) {
 
 bool plistDict::AddContainer(std::string_view key, std::string_view type,
                              std::string_view refusal) {
-  ClearReport();
   if (Exists(key)) {
     SetError(true, std::string(refusal).append(key).append(" already exists"));
     return false;
@@ -37,6 +37,7 @@ bool plistDict::AddContainer(std::string_view key, std::string_view type,
   entry.SetType(type);
   entry.SetMark(false);
   NewChild(entry, key, SameText(type, "array"));
+  ClearReport();
   return true;
 }
 

@@ -1,4 +1,3 @@
-#include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <system_error>
@@ -7,33 +6,17 @@
 #include "platform/core/number.h"
 #include "platform/core/time.h"
 #include "platform/files/binary_stream.h"
-#include "platform/process/shell.h"
 #include "platform/text/folding.h"
 #include "platform/text/text.h"
 #include "platform/ui/msg_box.h"
 #include "plist/cipher.h"
+#include "plist/converter.h"
 #include "plist/plist.h"
 
 namespace morvantile {
 namespace {
 
 constexpr std::string_view kEndOfHeaders = "<dict>";
-
-// How long the converter may take for a file: many times what it needs.
-std::chrono::seconds PatienceFor(const FolderItem& file) {
-  constexpr std::uintmax_t kBytesInASecond = 1'000'000;
-  constexpr std::chrono::seconds kAlways{8};
-  std::error_code error;
-  const std::uintmax_t size = std::filesystem::file_size(file.AbsolutePath(), error);
-  return error ? kAlways : kAlways + std::chrono::seconds(size / kBytesInASecond);
-}
-
-// Runs the converter on a file, which it changes in place.
-bool Convert(const char* form, const FolderItem& file) {
-  Shell shell(PatienceFor(file));
-  shell.Execute(std::string("plutil -convert ") + form + " " + file.ShellPath());
-  return shell.ErrorCode() == 0;
-}
 
 // A copy that may be written, whether or not the file may.
 bool MakeWritableCopy(const FolderItem& file, const Ref<FolderItem>& copy) {
@@ -59,7 +42,7 @@ plist::plist(std::string_view text) {
   const Ref<FolderItem> item = GetTemporaryFolderItem();
   if (const Ref<BinaryStream> stream = BinaryStream::Create(item, true)) {
     stream->Write(text);
-    stream->Close();
+    static_cast<void>(stream->Close());  // if it failed, Load says that there is no file
   }
   plist::Load(item, item);
   item->Delete();
@@ -71,6 +54,11 @@ void plist::LoadWithOptionalTemplate(const Ref<FolderItem>& file,
 }
 
 void plist::Load(const Ref<FolderItem>& file, const Ref<FolderItem>& templateFile) {
+  // Copies, since the arguments may be `savePath` or `org`.
+  LoadFrom(Ref<FolderItem>(file), Ref<FolderItem>(templateFile));
+}
+
+void plist::LoadFrom(const Ref<FolderItem>& file, const Ref<FolderItem>& templateFile) {
   root = New<plistDict>();
   savePath = file;
   org = nullptr;
@@ -216,10 +204,11 @@ std::string plist::asString() {
   return text;
 }
 
-Ref<plist> plist::FromString(std::string_view text) { return New<plist>(text); }
+Ref<plist> plist::FromString(std::string_view text) const { return New<plist>(text); }
 
 std::string plist::Encrypt(std::string_view key) {
-  std::optional<std::string> encrypted = EncryptBlowfish(key, asString());
+  const std::string kept_key(key);
+  std::optional<std::string> encrypted = EncryptBlowfish(kept_key, asString());
   if (!encrypted) {
     Report("Could not encrypt");
     return "";

@@ -70,12 +70,13 @@ bool plistDict::TypeOK(const Entry& entry, std::string_view key) const {
 }
 
 std::int64_t plistDict::CheckType(std::string_view key, std::string_view wanted) const {
-  ClearReport();
   const Entry* const entry = entries_.FindListed(key);
-  if (entry == nullptr) return 2;
-  if (SameText(entry->type.View(), wanted)) return 1;
-  SetError(true, report::TypeMismatch(key, entry->type.View()));
-  return 0;
+  if (entry != nullptr && !SameText(entry->type.View(), wanted)) {
+    SetError(true, report::TypeMismatch(key, entry->type.View()));
+    return 0;
+  }
+  ClearReport();
+  return entry != nullptr ? 1 : 2;
 }
 
 bool plistDict::CheckArray() const {

@@ -36,6 +36,7 @@ class MORVANTILE_API plist : public Object {
   // A document from the bytes of a file, XML or binary. Its savePath is a temporary file that is
   // gone; Save creates it anew. Throws NilObjectException where no temporary file can be made.
   explicit plist(std::string_view text);
+  explicit plist(const char* text) = delete;  // is it a path? then New<FolderItem>(path)
 
   // The topmost node.
   Ref<plistDict> root;
@@ -136,22 +137,25 @@ class MORVANTILE_API plist : public Object {
   // The bytes that Save() writes, through a temporary file; of a document from a binary file that
   // is the binary form, and the file is written as well. If there is a report then, it is shown in
   // a message box. "" if no temporary file can be made.
-  virtual std::string asString();
+  [[nodiscard]] virtual std::string asString();
 
   // A new document, as plist(text) makes it. The object that this is called on plays no part.
-  virtual Ref<plist> FromString(std::string_view text);
+  [[nodiscard]] virtual Ref<plist> FromString(std::string_view text) const;
 
   // asString() encrypted with the Blowfish cipher; plist/cipher.h tells the layout and how
   // to decrypt it. A key of no bytes or of more than 56 gives "" and the report "Could not
   // encrypt".
-  virtual std::string Encrypt(std::string_view key);
+  [[nodiscard]] virtual std::string Encrypt(std::string_view key);
 
  protected:
+  ~plist() override = default;  // as nodes, documents are not on the stack
+
   // Delivers the next scalar of a node or below it that holds `text`: in its text if `mode` is
   // "valueSearch", in its key if it is "keySearch"; another mode finds nothing.
   bool ReadStructure(const Ref<plistDict>& node, std::string_view text, std::string_view mode);
 
  private:
+  void LoadFrom(const Ref<FolderItem>& file, const Ref<FolderItem>& templateFile);
   void MakeEmpty(const std::string& report);
   Ref<TextInputStream> OpenConverted(const Ref<FolderItem>& file, const Ref<FolderItem>& source);
   void ReadHeaders(TextInputStream& stream, std::string line);

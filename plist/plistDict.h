@@ -41,9 +41,12 @@ struct Entry;
 //
 // Nothing fails by an exception: an operation that can't do its work leaves `error` and a message
 // on the document (SetError), returns a neutral value and changes nothing. A node without a
-// document has nowhere to report to, and returns the same. Exceptions are for wrong calls alone: a
-// nil Date (NilObjectException), and GetType or TypeOK of a key that isn't there
-// (KeyNotFoundException).
+// document has nowhere to report to, and returns the same. Exceptions are for wrong calls alone:
+// GetType or TypeOK of a key that isn't there (KeyNotFoundException), and nil where a Date, a node,
+// a control or a window is taken (NilObjectException), unless the operation says what nil does.
+//
+// What only reads is const, and a Ref<const plistDict> can do it. Getters are not const, because
+// they store their defaults.
 //
 // A tree belongs to one thread. Its depth is bounded by memory alone: releasing it, like everything
 // else done to a whole tree, takes no room on the call stack for it.
@@ -113,6 +116,7 @@ class MORVANTILE_API plistDict : public Object {
   // "Child exists: " + name + " already exists", if the key holds a scalar. Where a file has
   // repeated a key, the first of its nodes. Leaves the report alone if it adds nothing.
   virtual Ref<plistDict> child(std::string_view key);
+  Ref<plistDict> child(std::nullptr_t) = delete;  // nor child(0): see index
 
   // The text of a scalar, whatever its type. A missing key is added as a "string" with the default.
   // A container gives "" and the report "Key " + key + " does not exist".
@@ -147,6 +151,7 @@ class MORVANTILE_API plistDict : public Object {
   // type gives false and the report "Type Mismatch: " + key + " is a " + type. An earlier report
   // stays if there is none of this call.
   virtual bool GetBoolean(std::string_view key, bool standard);
+  bool GetBoolean(std::string_view key, const void* standard) = delete;
 
   // A new Date, made of a text like "2009-03-07T08:05:09Z" or only its part before the "T". The
   // fields are taken as they stand, without regard to time zones; one out of range carries over as
@@ -162,6 +167,7 @@ class MORVANTILE_API plistDict : public Object {
   // These store a value under a key, and make it deliverable to a running search again. A key keeps
   // the type that it got first: for another type CheckType leaves its report and nothing changes.
   virtual void SetBoolean(std::string_view key, bool value);
+  void SetBoolean(std::string_view key, const void* value) = delete;  // "false" would be true
 
   // 0 if the key exists under another type than `wanted`, with the report "Type Mismatch: " + key +
   // " is a " + type; 1 if it exists under that type; 2 if it doesn't exist. Clears the report
@@ -170,6 +176,7 @@ class MORVANTILE_API plistDict : public Object {
 
   // Stores the text as it is.
   virtual void SetString(std::string_view key, std::string_view value);
+  void SetString(std::string_view key, std::nullptr_t) = delete;
 
   // Stores the number without its fraction: see Format.
   virtual void SetInteger(std::string_view key, double value);
@@ -198,14 +205,18 @@ class MORVANTILE_API plistDict : public Object {
   // key + " already exists", if the key is in use.
   virtual bool AddArray(std::string_view key);
 
-  // These add an element at the end of an array, under the key Str(count()). On a dict they leave
-  // the report of CheckArray and do nothing else.
+  // These add an element at the end of an array, under the key Str(count()), which indexOf then
+  // holds. In an array with gaps, which a file may bring, that key may be in use: its type and text
+  // are replaced, and index() finds the node that is there before one that is added. On a dict they
+  // leave the report of CheckArray and do nothing else.
   virtual void AppendInteger(std::int64_t value);
   virtual void AppendDict();
   virtual void AppendArray();
   virtual void AppendBoolean(bool value);
+  void AppendBoolean(const void* value) = delete;
   virtual void AppendDouble(double value);  // as AppendReal, with the type "double"
   virtual void AppendString(std::string_view value);
+  void AppendString(std::nullptr_t) = delete;
   virtual void AppendData(std::string_view value);
   virtual void AppendDate(const Ref<Date>& value);
 
@@ -218,7 +229,7 @@ class MORVANTILE_API plistDict : public Object {
   // and anything with `asKey`, is taken for a key, and nothing happens if it isn't there. The
   // report is that of CheckArray for a number on a dict, and "Subscript out of range" for one that
   // no element has. Marks in `searched` stay under their keys and numbers, and the cursor where it
-  // is.
+  // is. Where a file has repeated a key, the first of its nodes goes; all of them of an element.
   virtual void Remove(const Variant& key, bool asKey);
 
   // The number of keys.
@@ -338,14 +349,15 @@ class MORVANTILE_API plistDict : public Object {
   //
   // An entry of a type without operations of its own, or whose text doesn't read as its type, is
   // carried as it stands. The source stays if anything below it was refused, and an entry moved
-  // onto itself stays as it is.
+  // onto itself stays as it is. A container that is merged into one around it leaves out the entry
+  // that would be merged into that container itself.
   //
-  // Reports, on this node's document: "Destination is nil", "Source does not exist.", "Destination
-  // is inside " + key, and where the entry would be merged into a container around it, key + " is
-  // inside the destination", which change nothing; key + " could not be moved as a whole" if no
-  // other report tells why the source stays; and that of Remove. On the destination's that of what
-  // refused an entry. A report of an inner entry is cleared by the next one. Moving an empty
-  // container leaves "Source does not exist.", though it is moved.
+  // Reports, on this node's document: "Destination is nil", "Source does not exist." and
+  // "Destination is inside " + key, which change nothing; key + " could not be moved as a whole" if
+  // no other report tells why the source stays; and that of Remove. On the document of the node
+  // that holds it, key + " is inside the destination" for the entry that is left out. On the
+  // destination's that of what refused an entry. A report of an inner entry is cleared by the next
+  // one. Moving an empty container leaves "Source does not exist.", though it is moved.
   virtual void Move(std::string_view key, const Ref<plistDict>& destination, bool removeSource,
                     std::string_view newKey);
   // With `removeSource`, and under the same key.
@@ -384,7 +396,7 @@ class MORVANTILE_API plistDict : public Object {
   void Store(std::string_view key, std::string_view type, std::string_view text);
   bool StartElement();
   void AppendScalar(std::string_view type, std::string_view text);
-  void AppendContainer(std::string_view type);
+  Ref<plistDict> AppendContainer(std::string_view type);
   bool AddContainer(std::string_view key, std::string_view type, std::string_view refusal);
   void NewChild(Entry& entry, std::string_view key, bool asArray);
 
@@ -396,6 +408,8 @@ class MORVANTILE_API plistDict : public Object {
   void MoveElementsDown(std::size_t first);
   void RenumberElement(std::int64_t number);
   void RenameChild(const Entry& entry, const std::string& key);
+  bool HasRepeatedNames() const;
+  void RemoveAmongRepeated(std::int64_t number, std::int64_t last, bool isContainer);
 
   void BuildPath();
 
@@ -403,7 +417,6 @@ class MORVANTILE_API plistDict : public Object {
   bool CarryScalar(const std::string& key, plistDict& destination, const std::string& target);
   static Ref<plistDict> MakeContainer(std::string_view type, plistDict& destination,
                                       const std::string& target);
-  bool Contain(std::string_view key, plistDict& destination, std::string_view target);
 
   friend class Reader;
   friend class ScalarWalk;

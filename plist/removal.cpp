@@ -33,7 +33,11 @@ void plistDict::RemoveElement(std::int64_t number) {
     SetError(true, "Subscript out of range");
     return;
   }
-  if (entry->isContainer) RemoveChild(ChildPlace(key));
+  if (HasRepeatedNames()) {
+    RemoveAmongRepeated(number, last, entry->isContainer);
+  } else if (entry->isContainer) {
+    RemoveChild(ChildPlace(key));
+  }
   values.Remove(key);
   if (entries_.Listed().IsNumbered()) {
     MoveElementsDown(static_cast<std::size_t>(number));
@@ -42,6 +46,41 @@ void plistDict::RemoveElement(std::int64_t number) {
     types.Remove(key);
     for (std::int64_t i = number + 1; i <= last; ++i) RenumberElement(i);
   }
+  IndexChildren();
+}
+
+// Whether a key is in childrenNames twice, as a file may bring it.
+bool plistDict::HasRepeatedNames() const {
+  IndexChildren();
+  std::size_t different_names = 0;
+  entries_.ForEach([&](const Entry& entry) { different_names += entry.child != 0 ? 1 : 0; });
+  return childrenNames.size() > different_names + 1;
+}
+
+// Takes the nodes of the element `number` out where a file has repeated keys, if it is a container,
+// and gives those of the elements behind it, up to `last`, the number before theirs. The entries
+// forget the places of all nodes, which are to be found anew.
+void plistDict::RemoveAmongRepeated(std::int64_t number, std::int64_t last, bool isContainer) {
+  std::size_t kept = 1;
+  for (std::size_t place = 1; place < childrenNames.size(); ++place) {
+    std::string key = std::move(childrenNames[place]);
+    const Ref<plistDict> node = std::move(children[place]);
+    const std::int64_t own = CInt64(key);
+    const bool is_number = key == Str(own);
+    if (is_number && own == number && isContainer) continue;
+    if (is_number && own > number && own <= last) {
+      key = Str(own - 1);
+      if (node) node->name = key;
+    }
+    childrenNames[kept] = std::move(key);
+    children[kept++] = node;
+  }
+  while (children.size() > kept) {
+    childrenNames.pop_back();
+    children.pop_back();
+  }
+  entries_.ForEach([](Entry& entry) { entry.child = 0; });
+  entries_.indexedChildren = 1;
 }
 
 // Moves the elements behind `first` one number down; what stood there is lost, and the last number

@@ -79,21 +79,23 @@ class ScalarWalk {
 };
 
 bool plist::Find(std::string_view text) {
+  const std::string wanted(text);
   foundDict = nullptr;
   foundKey.clear();
   foundValue.clear();
   foundType.clear();
   ClearSearch(root);
-  lastSearch = text;
-  return ReadStructure(root, text, "valueSearch");
+  lastSearch = wanted;
+  return ReadStructure(root, wanted, "valueSearch");
 }
 
 bool plist::FindNext(std::string_view text) {
-  if (!SameText(text, lastSearch)) {
+  const std::string wanted(text);
+  if (!SameText(wanted, lastSearch)) {
     ClearSearch(root);
-    lastSearch = text;
+    lastSearch = wanted;
   }
-  return ReadStructure(root, text, "valueSearch");
+  return ReadStructure(root, wanted, "valueSearch");
 }
 
 void plist::ClearSearch(const Ref<plistDict>& node) {

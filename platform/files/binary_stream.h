@@ -20,14 +20,14 @@ class MORVANTILE_API BinaryStream : public Object {
   // Begins the content of `file`; or nil if the file can't be written, as with
   // FolderItem::CreateTextFile, or exists and `overwrite` is false. Throws NilObjectException for a
   // nil file.
-  static Ref<BinaryStream> Create(const Ref<FolderItem>& file, bool overwrite);
+  [[nodiscard]] static Ref<BinaryStream> Create(const Ref<FolderItem>& file, bool overwrite);
 
   // Adds `bytes`. A write that fails shows in Close; one after Close does nothing.
   void Write(std::string_view bytes);
 
   // Ends the stream and returns whether the file now holds what was written; if not, it is as it
   // was. A further call returns the same.
-  bool Close();
+  [[nodiscard]] bool Close();
 
  protected:
   ~BinaryStream() override;

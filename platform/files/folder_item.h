@@ -30,36 +30,36 @@ class MORVANTILE_API FolderItem : public Object {
   FolderItem(const FolderItem& other);
 
   // Whether a file or folder is there. Follows links: a link to nothing doesn't exist.
-  bool Exists() const;
+  [[nodiscard]] bool Exists() const;
 
   // The last part of the path; "" for the topmost folder.
-  std::string Name() const;
+  [[nodiscard]] std::string Name() const;
 
   // The folder that the item is in; nil for the topmost folder and for an item that names nothing.
-  Ref<FolderItem> Parent() const;
+  [[nodiscard]] Ref<FolderItem> Parent() const;
 
   // The item `name` in this folder, whether or not either exists. A `name` with "/" in it leads on
   // to the folders below.
-  Ref<FolderItem> Child(std::string_view name) const;
+  [[nodiscard]] Ref<FolderItem> Child(std::string_view name) const;
 
   // The path from the topmost folder, without a "/" at its end; "" for an item that names nothing.
-  std::string AbsolutePath() const;
+  [[nodiscard]] std::string AbsolutePath() const;
 
   // The absolute path as one word of a POSIX shell's command line, quoted: every byte of it,
   // blanks, quotes, line breaks and "$(...)" included, comes through, and no name is taken for an
   // option.
-  std::string ShellPath() const;
+  [[nodiscard]] std::string ShellPath() const;
 
   // Makes `destination` a copy of this file, with its permission bits, and returns whether that
   // succeeded; if not, the destination is as it was. The copy is put in place whole, in one step. A
   // link at the destination is replaced and never written through; a link
   // at this item is followed. Only regular files are copied. Throws NilObjectException for nil.
-  bool CopyFileTo(const Ref<FolderItem>& destination) const;
+  [[nodiscard]] bool CopyFileTo(const Ref<FolderItem>& destination) const;
 
   // Makes the content of `destination` that of this file, as CreateTextFile and a write would do
   // it: a link there is followed, and a file keeps its permissions, its owner and its group. Else
   // as CopyFileTo.
-  bool CopyContentTo(const Ref<FolderItem>& destination) const;
+  [[nodiscard]] bool CopyContentTo(const Ref<FolderItem>& destination) const;
 
   // Deletes the file, the link (and not what it leads to) or the empty folder. Returns whether
   // something was deleted.
@@ -71,7 +71,7 @@ class MORVANTILE_API FolderItem : public Object {
   // it held stays until the stream's Close: see TextOutputStream. A link stays a link. An existing
   // file keeps its permissions, access list and other extended attributes, and its owner and group
   // where the system allows that; further hard links of it keep the old content.
-  Ref<TextOutputStream> CreateTextFile() const;
+  [[nodiscard]] Ref<TextOutputStream> CreateTextFile() const;
 
   // Makes the folder and those above it that are missing, for the user alone (0700). Returns
   // whether there is a folder of that name now.
@@ -96,7 +96,7 @@ struct MORVANTILE_API SpecialFolder {
   // that is an absolute path, else ".config" in the user's home folder; on macOS
   // "Library/Application Support" there. The home folder is $HOME if that is an absolute path, else
   // the one that the system's list of users gives; for a user without one the item names nothing.
-  static Ref<FolderItem> ApplicationData();
+  [[nodiscard]] static Ref<FolderItem> ApplicationData();
 };
 
 // A name for a temporary file, which doesn't exist yet and which nobody else can predict or use: it

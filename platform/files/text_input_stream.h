@@ -21,7 +21,7 @@ class MORVANTILE_API TextInputStream : public Object {
  public:
   // Opens `file` at its start; or nil if it doesn't exist, may not be read, or is no regular file
   // (a folder, a pipe, a device). Links are followed. Throws NilObjectException for a nil file.
-  static Ref<TextInputStream> Open(const Ref<FolderItem>& file);
+  [[nodiscard]] static Ref<TextInputStream> Open(const Ref<FolderItem>& file);
 
   ~TextInputStream() override;
 
@@ -39,7 +39,7 @@ class MORVANTILE_API TextInputStream : public Object {
   std::string ReadAll();
 
   // Whether the file could not be read to its end; the lines until then have been given.
-  bool ReadError() const { return failed_; }
+  [[nodiscard]] bool ReadError() const { return failed_; }
 
   // Gives up the file; the stream is at its end then. A further call does nothing.
   void Close();

@@ -26,7 +26,7 @@ class MORVANTILE_API TextOutputStream : public Object {
   void WriteLine(std::string_view text);
   // Ends the stream and returns whether the file now holds what was written; if not, because the
   // disk is full for one, it is as it was. A further call returns the same.
-  bool Close();
+  [[nodiscard]] bool Close();
 
  protected:
   ~TextOutputStream() override;

@@ -108,11 +108,8 @@ void TreeText::Enter(const plistDict& node, std::string_view name) {
 }
 
 std::vector<std::uint32_t> TreeText::Repeats(const plistDict& node) {
-  node.IndexChildren();
-  std::size_t different_names = 0;
-  node.entries_.ForEach([&](const Entry& entry) { different_names += entry.child != 0 ? 1 : 0; });
+  if (!node.HasRepeatedNames()) return {};
   const ListFromOne<std::string>& names = node.childrenNames;
-  if (names.size() <= different_names + 1) return {};
   std::vector<std::uint32_t> next(names.size());
   std::unordered_map<const Entry*, std::uint32_t> seen;
   for (std::size_t place = names.size() - 1; place > 0; --place) {

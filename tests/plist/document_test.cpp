@@ -3,8 +3,8 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include "platform/process/shell.h"
 #include "platform/ui/headless_host.h"
+#include "plist/converter.h"
 #include "tests/platform/files/scratch_folder.h"
 #include "tests/plist/sketch.h"
 
@@ -148,7 +148,7 @@ TEST_F(Documents, ABinaryFileSavedUnchangedKeepsEveryValue) {
              "<date>2009-03-07T08:05:09.25Z</date><real>-0</real><real>nan</real>"
              "<integer>18446744073709551615</integer><dict/><array/><true/>"
              "<dict><key>CF$UID</key><integer>3</integer></dict></array></dict>");
-  Shell().Execute("plutil -convert binary1 " + folder.Item("a")->ShellPath());
+  ASSERT_TRUE(Convert("binary1", *folder.Item("a")));
   const std::string before = folder.Content("a");
   const Ref<plist> document = New<plist>(folder.Item("a"), false);
   ASSERT_EQ(document->root->count(), 2);
@@ -249,7 +249,7 @@ TEST_F(Documents, WithoutAPlaceForTemporaryFilesThereIsNoString) {
   const Ref<FolderItem> path = document->savePath;
   setenv("TMPDIR", "/no such folder", 1);
   EXPECT_EQ(document->asString(), "");
-  EXPECT_THROW(New<plist>("text"), NilObjectException);
+  EXPECT_THROW(New<plist>(std::string("text")), NilObjectException);
   unsetenv("TMPDIR");
   EXPECT_TRUE(document->savePath == path);
 }

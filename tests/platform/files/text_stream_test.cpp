@@ -168,7 +168,7 @@ TEST(Streams, NoDescriptorIsLeftOpenWhereMemoryRunsOut) {
   const std::vector<std::function<void()>> operations = {
       [&] { TextInputStream::Open(file)->ReadAll(); },
       [&] { WriteText(file, "text"); },
-      [&] { file->CopyFileTo(folder.Item("b")); },
+      [&] { static_cast<void>(file->CopyFileTo(folder.Item("b"))); },
       [&] { Shell().Execute("echo text"); },
   };
   for (std::size_t i = 0; i < operations.size(); ++i) {
