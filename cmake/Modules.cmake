@@ -31,7 +31,7 @@ target_compile_options(
   morvantile_options
   INTERFACE -fstack-protector-strong -fstack-clash-protection
             $<$<BOOL:${MORVANTILE_HAS_CF_PROTECTION}>:-fcf-protection>)
-target_link_options(morvantile_options INTERFACE $<$<NOT:$<PLATFORM_ID:Darwin>>:-Wl,-z,relro,-z,now>)
+target_link_options(morvantile_options INTERFACE -Wl,-z,relro,-z,now)
 
 if(NOT MORVANTILE_SANITIZE)
   # It needs the optimiser, and would hide from the sanitizers what they are to see.

@@ -1,5 +1,7 @@
+#include <memory>
 #include <utility>
 
+#include "platform/core/bulk_memory.h"
 #include "platform/core/exceptions.h"
 #include "platform/text/folding.h"
 #include "platform/ui/msg_box.h"
@@ -32,11 +34,14 @@ struct Open {
 
 }  // namespace
 
-plistDict::plistDict() : entries_(*new Entries) {}
+// The entries are behind the node, in one block with it.
+plistDict::plistDict() : entries_(*new (this + 1) Entries) {}
 
-void* plistDict::operator new(std::size_t size) { return AllocateBulk(size); }
+void* plistDict::operator new(std::size_t size) { return AllocateBulk(size + sizeof(Entries)); }
 
-void plistDict::operator delete(void* node, std::size_t size) { ReleaseBulk(node, size); }
+void plistDict::operator delete(void* node, std::size_t size) {
+  ReleaseBulk(node, size + sizeof(Entries));
+}
 
 // Releases what is below the node one after the other, and not each from within the one above. It
 // goes in the order of the children, which is that of the memory in a tree from a file.
@@ -50,7 +55,7 @@ plistDict::~plistDict() {
       open.pop_back();
     }
   }
-  delete &entries_;
+  std::destroy_at(&entries_);
 }
 
 std::int64_t plistDict::count() const { return static_cast<std::int64_t>(entries_.Count()); }

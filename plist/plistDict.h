@@ -50,7 +50,7 @@ struct Entry;
 //
 // A tree belongs to one thread. Its depth is bounded by memory alone: releasing it, like everything
 // else done to a whole tree, takes no room on the call stack for it.
-class MORVANTILE_API plistDict : public Object {
+class MORVANTILE_API plistDict final : public Object {
  private:
   Entries& entries_;  // under `values`, `types` and `searched`, so it is made before them
 
@@ -140,7 +140,7 @@ class MORVANTILE_API plistDict : public Object {
 
   // Whether the key, which must exist, holds a scalar; if not, with the report "Illegal Type: " +
   // key + " is a " + type.
-  [[nodiscard]] virtual bool TypeOK(std::string_view key) const;
+  virtual bool TypeOK(std::string_view key) const;
 
   // The number in a scalar, without its fraction; 0 if its text begins with none. All digits of a
   // 64-bit integer count. A missing key is added as an "integer" with the default. A container
@@ -172,7 +172,7 @@ class MORVANTILE_API plistDict : public Object {
   // 0 if the key exists under another type than `wanted`, with the report "Type Mismatch: " + key +
   // " is a " + type; 1 if it exists under that type; 2 if it doesn't exist. Clears the report
   // first.
-  [[nodiscard]] virtual std::int64_t CheckType(std::string_view key, std::string_view wanted) const;
+  virtual std::int64_t CheckType(std::string_view key, std::string_view wanted) const;
 
   // Stores the text as it is.
   virtual void SetString(std::string_view key, std::string_view value);
@@ -222,7 +222,7 @@ class MORVANTILE_API plistDict : public Object {
 
   // Whether this is an array; if not, with the report name + " is not an array". Clears the report
   // first.
-  [[nodiscard]] virtual bool CheckArray() const;
+  virtual bool CheckArray() const;
 
   // Takes an entry out, with all that is below it. A number, or a text that reads as one, is taken
   // for the element of an array, whose followers close up, unless `asKey` is set; anything else,
@@ -422,7 +422,6 @@ class MORVANTILE_API plistDict : public Object {
   friend class ScalarWalk;
   friend class TreeText;
 
- protected:
   ~plistDict() override;  // nodes live as long as a Ref holds them, and not on the stack
 };
 

@@ -1,5 +1,7 @@
 #include "platform/core/ref.h"
 
+#include "platform/core/bulk_memory.h"
+
 namespace morvantile {
 
 Object::~Object() {
@@ -9,13 +11,13 @@ Object::~Object() {
 }
 
 Object::Anchor* Object::AnchorForBackRef() const {
-  if (anchor_ == nullptr) anchor_ = new Anchor{this, 1};
+  if (anchor_ == nullptr) anchor_ = new (AllocateBulk(sizeof(Anchor))) Anchor{this, 1};
   ++anchor_->count;
   return anchor_;
 }
 
 void Object::Release(Anchor* anchor) {
-  if (--anchor->count == 0) delete anchor;
+  if (--anchor->count == 0) ReleaseBulk(anchor, sizeof(Anchor));
 }
 
 }  // namespace morvantile

@@ -92,10 +92,10 @@ class MORVANTILE_API FolderItem : public Object {
 
 // Folders that the system has a place for.
 struct MORVANTILE_API SpecialFolder {
-  // Where programs keep the user's settings, whether or not it exists. On Linux $XDG_CONFIG_HOME if
-  // that is an absolute path, else ".config" in the user's home folder; on macOS
-  // "Library/Application Support" there. The home folder is $HOME if that is an absolute path, else
-  // the one that the system's list of users gives; for a user without one the item names nothing.
+  // Where programs keep the user's settings, whether or not it exists: $XDG_CONFIG_HOME if that is
+  // an absolute path, else ".config" in the user's home folder. The home folder is $HOME if that is
+  // an absolute path, else the one in the system's list of users; for a user without one the item
+  // names nothing.
   [[nodiscard]] static Ref<FolderItem> ApplicationData();
 };
 

@@ -1,6 +1,6 @@
 #include "plist/store/compact_text.h"
 
-#include "plist/store/bulk_memory.h"
+#include "platform/core/bulk_memory.h"
 
 namespace morvantile {
 

@@ -10,7 +10,6 @@
 #include <string_view>
 
 #include "platform/text/folding.h"
-#include "plist/store/bulk_memory.h"
 #include "plist/store/compact_text.h"
 #include "plist/store/dictionary.h"
 #include "plist/store/type_word.h"
@@ -68,10 +67,6 @@ struct Entry {
 // they got it; the others, which are few or none, stand aside.
 class Entries {
  public:
-  // They are beside their nodes: see BulkScope.
-  static void* operator new(std::size_t size) { return AllocateBulk(size); }
-  static void operator delete(void* entries, std::size_t size) { ReleaseBulk(entries, size); }
-
   Dictionary<Entry>& Listed() { return listed_; }
   std::size_t Count() const { return listed_.Count(); }
 

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "plist/plistDict.h"
-#include "plist/store/bulk_memory.h"
+#include "platform/core/bulk_memory.h"
 
 namespace morvantile {
 

@@ -9,7 +9,7 @@
 #include "platform/text/text.h"
 #include "platform/text/text_search.h"
 #include "plist/plist.h"
-#include "plist/store/bulk_memory.h"
+#include "platform/core/bulk_memory.h"
 #include "plist/xml/brackets.h"
 #include "plist/xml/either_byte.h"
 

@@ -137,13 +137,15 @@ std::string_view TreeText::Encoded(std::string_view text) {
 
 template <typename... Parts>
 void TreeText::WriteLine(const Parts&... parts) {
-  text_.Add(indentation_, parts..., form_ == Form::kFile ? '\n' : '\r');
+  text_ += indentation_;
+  ((text_ += parts), ...);
+  text_ += form_ == Form::kFile ? '\n' : '\r';
 }
 
 void TreeText::Flush(std::size_t size) {
   if (text_.size() < size) return;
-  sink_(text_.View());
-  text_.Clear();
+  sink_(text_);
+  text_.clear();
 }
 
 }  // namespace morvantile

@@ -13,7 +13,6 @@
 
 #include "plist/plistDict.h"
 #include "plist/store/entries.h"
-#include "plist/xml/text_piece.h"
 
 namespace morvantile {
 
@@ -57,7 +56,7 @@ class TreeText {
 
   Form form_;
   std::function<void(std::string_view)> sink_;
-  TextPiece text_;
+  std::string text_;
   std::string encoded_;
   std::int64_t depth_ = 0;
   std::string indentation_;

@@ -120,7 +120,9 @@ WLROOTS = 'export WLR_BACKENDS=x11 WLR_RENDERER=pixman; '
 
 DESKTOPS = {
     **{name: functools.partial(X11, name)
-       for name in ('openbox', 'metacity', 'xfwm4', 'icewm', 'fluxbox', 'marco', 'jwm', 'kwin_x11')},
+       for name in ('openbox', 'metacity', 'xfwm4', 'icewm', 'marco', 'jwm', 'kwin_x11')},
+    'fluxbox': functools.partial(
+        X11, shell('mkdir .fluxbox; echo background: none > .fluxbox/overlay; exec fluxbox')),
     'i3': functools.partial(X11, shell('echo font pango:sans 8 > i3.conf; exec i3 -c i3.conf')),
     **{name: functools.partial(X11, 'openbox', name)
        for name in ('xfce4-clipman', 'parcellite', 'copyq')},
@@ -139,10 +141,11 @@ DESKTOPS = {
 }
 
 # What can't be as elsewhere, and why.
-AT_ONCE = 'the next window is active as soon as Tab is pressed'
+AT_ONCE = 'the next window is active with the Tab key, and Escape cancels nothing'
 EXCEPTIONS = {
     'test_the_switch_to_another_window_is_cancelled': {
-        'icewm': AT_ONCE, 'fluxbox': AT_ONCE, 'jwm': AT_ONCE, 'kwin_wayland': AT_ONCE,
+        'fluxbox': AT_ONCE, 'jwm': AT_ONCE,
+        'kwin_wayland': 'its list takes the keyboard, and the toolkit tells no more than that',
         'mutter': 'to X programs it looks as if a Wayland window had become active'},
     'test_a_click_into_another_window': {
         'weston': 'only a program with the focus, or a click or key, may set the clipboard'},

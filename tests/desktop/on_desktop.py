@@ -21,25 +21,26 @@ class OnDesktop(unittest.TestCase):
     desktop = None
 
     @classmethod
+    def setUpClass(cls):
+        try:
+            cls.desktop = cls.make_desktop()
+        except Unavailable as missing:
+            raise unittest.SkipTest(str(missing)) from missing
+
+    @classmethod
     def tearDownClass(cls):
-        if cls.desktop:
-            cls.desktop.stop()
-            cls.desktop = None
+        cls.desktop.stop()
 
     def setUp(self):
-        if not self.desktop:
-            try:
-                type(self).desktop = type(self).make_desktop()
-            except Unavailable as missing:
-                self.skipTest(str(missing))
         self.addCleanup(self.clear)
 
     def clear(self):
-        """Leaves a desktop for the next test, if there still is one."""
+        """Leaves a desktop for the next test."""
         if self.desktop.servers[0].poll() is None:
             self.desktop.clear()
         else:
             self.tearDownClass()
+            self.setUpClass()
 
     def begin(self, *command):
         return self.desktop.start(*(command or (self.program,)), stdout=subprocess.PIPE,

@@ -1,4 +1,4 @@
-#include "plist/store/bulk_memory.h"
+#include "platform/core/bulk_memory.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // Memory for the many small pieces of a tree.
 
-#ifndef MORVANTILE_PLIST_STORE_BULK_MEMORY_H
-#define MORVANTILE_PLIST_STORE_BULK_MEMORY_H
+#ifndef MORVANTILE_PLATFORM_CORE_BULK_MEMORY_H
+#define MORVANTILE_PLATFORM_CORE_BULK_MEMORY_H
 
 #include <cstddef>
 #include <new>
@@ -49,4 +49,4 @@ struct BulkAllocator {
 
 }  // namespace morvantile
 
-#endif  // MORVANTILE_PLIST_STORE_BULK_MEMORY_H
+#endif  // MORVANTILE_PLATFORM_CORE_BULK_MEMORY_H
