@@ -126,8 +126,9 @@ void plistDict::RemoveChild(std::size_t place) {
   if (place < childrenNames.size()) {
     entries_.ForEach([place](Entry& entry) { entry.child -= entry.child > place ? 1 : 0; });
   }
-  const auto next = std::find_if(childrenNames.begin() + distance, childrenNames.end(),
-                                 [&](const std::string& other) { return SameText(other, key); });
+  const auto* const next =
+      std::find_if(childrenNames.begin() + distance, childrenNames.end(),
+                   [&](const std::string& other) { return SameText(other, key); });
   if (Entry* const entry = entries_.Find(key)) {
     const bool is_repeated = next != childrenNames.end();
     entry->child = is_repeated ? static_cast<std::uint32_t>(next - childrenNames.begin()) : 0;
