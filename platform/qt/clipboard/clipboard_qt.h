@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "platform/qt/clipboard/clipboard_formats.h"
+#include "platform/qt/clipboard/picture_offer.h"
 #include "platform/qt/clipboard/system_clipboard.h"
 
 namespace morvantile {

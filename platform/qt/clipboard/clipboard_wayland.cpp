@@ -19,6 +19,7 @@
 #include "ext-data-control-v1-client.h"
 #include "platform/qt/clipboard/clipboard_formats.h"
 #include "platform/qt/clipboard/patience.h"
+#include "platform/qt/clipboard/picture_offer.h"
 #include "platform/qt/clipboard/transfer.h"
 
 namespace morvantile {
