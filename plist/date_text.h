@@ -11,7 +11,7 @@
 namespace morvantile {
 
 // The date as in "2009-03-07T08:05:09Z". The year isn't padded, and the "Z" is only a letter of the
-// text: the fields are written as they stand.
+// text: the fields are written as they are.
 std::string DateText(const plistDict& node, const Date& date);
 
 // Sets `date` from such a text, or from only the part before the "T"; false, with `date` as it was,

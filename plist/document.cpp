@@ -112,7 +112,7 @@ Ref<TextInputStream> plist::OpenConverted(const Ref<FolderItem>& file,
 }
 
 // Reads the lines up to the one that begins the tree, and then the tree. `line` is the line in
-// hand, which the stream may give once more.
+// hand, which the stream may return once more.
 void plist::ReadHeaders(TextInputStream& stream, std::string line) {
   std::int64_t last_tick = 0;
   while (!stream.AtEOF() && !SameText(line, kEndOfHeaders)) {

@@ -154,7 +154,7 @@ Ref<plistDict> plistDict::MakeContainer(std::string_view type, plistDict& destin
 }
 
 // Reads a scalar by its type and stores it by its type. One whose type has no operations, or whose
-// text doesn't read as its type, is carried as it stands.
+// text doesn't read as its type, is carried as it is.
 bool plistDict::CarryScalar(const std::string& key, plistDict& destination,
                             const std::string& target) {
   const std::string type = GetType(key);

@@ -48,7 +48,7 @@ class MORVANTILE_API plist : public Object {
 
   // The file that Save writes; nil for a document without one.
   Ref<FolderItem> savePath;
-  // The lines of the file up to and including <dict>; the first stands at 1, behind a placeholder.
+  // The lines of the file up to and including <dict>; the first is at 1, behind a placeholder.
   std::vector<std::string> headers = {""};
   // Whether a file in binary form has been read; stays set. And that file, if it was the last one.
   bool isBinary = false;
@@ -93,7 +93,7 @@ class MORVANTILE_API plist : public Object {
   //                            lines; the report is "Not a plist file"
   //   a binary file that the   the same, without the lines
   //   converter refuses
-  //   reading fails half-way   what stands in front of it is there; the report is the path and
+  //   reading fails half-way   what is in front of it has been read; the report is the path and
   //                            " could not be read to its end"
   //
   // `headers` is not cleared, so a second Load adds to it. A `templateFile` of nil is allowed only
@@ -143,7 +143,7 @@ class MORVANTILE_API plist : public Object {
   [[nodiscard]] virtual Ref<plist> FromString(std::string_view text) const;
 
   // asString() encrypted with the Blowfish cipher; plist/cipher.h tells the layout and how
-  // to decrypt it. A key of no bytes or of more than 56 gives "" and the report "Could not
+  // to decrypt it. A key of no bytes or of more than 56 returns "" and the report "Could not
   // encrypt".
   [[nodiscard]] virtual std::string Encrypt(std::string_view key);
 

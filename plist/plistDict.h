@@ -32,7 +32,7 @@ class plist;
 struct Entry;
 
 // A dict, or with `isArray` an array. A node holds scalars as text, each under a key and with a
-// type word, and owns its sub-nodes, which stand under keys too. The keys of an array are the
+// type word, and owns its sub-nodes, which have keys too. The keys of an array are the
 // numbers of its elements, "0", "1" and so on. Keys and type words are compared without regard to
 // letter case.
 //
@@ -68,7 +68,7 @@ class MORVANTILE_API plistDict final : public Object {
   Values values{entries_};
   Types types{entries_};
 
-  // The sub-nodes and beside them their keys; the first of each stands at 1, behind a placeholder.
+  // The sub-nodes and beside them their keys; the first of each is at 1, behind a placeholder.
   // To add directly, add to both; nodes are taken out by Remove.
   ListFromOne<Ref<plistDict>> children;
   // The key of this node in its parent; "root" for the top of a document that has been loaded.
@@ -104,7 +104,7 @@ class MORVANTILE_API plistDict final : public Object {
   // "boolean". Keys are not decoded. A value may span lines, which its text then holds with Chr(13)
   // behind each, without leading blanks; only those of <data> are joined. Elements that are not
   // closed as they should be swallow what follows, up to the end tag of the node. Nothing is
-  // rejected and nothing reported: bad input makes a smaller tree, and all that stands in front of
+  // rejected and nothing reported: bad input makes a smaller tree, and all that is in front of
   // it stays.
   virtual void Load(TextInputStream* stream, std::string_view ownName, bool asArray,
                     const BackRef<plistDict>& above, const BackRef<plist>& document, bool read);
@@ -119,7 +119,7 @@ class MORVANTILE_API plistDict final : public Object {
   Ref<plistDict> child(std::nullptr_t) = delete;  // nor child(0): see index
 
   // The text of a scalar, whatever its type. A missing key is added as a "string" with the default.
-  // A container gives "" and the report "Key " + key + " does not exist".
+  // A container returns "" and the report "Key " + key + " does not exist".
   virtual std::string GetValue(std::string_view key, std::string_view standard);
 
   // The type word of the key, which must exist.
@@ -144,21 +144,22 @@ class MORVANTILE_API plistDict final : public Object {
 
   // The number in a scalar, without its fraction; 0 if its text begins with none. All digits of a
   // 64-bit integer count. A missing key is added as an "integer" with the default. A container
-  // gives 0 and the report of TypeOK; a "date" gives -1 and "Type Mismatch: " + key + " is a date".
+  // returns 0 and the report of TypeOK; a "date" returns -1 and "Type Mismatch: " + key + " is a
+  // date".
   virtual std::int64_t GetInteger(std::string_view key, std::int64_t standard);
 
   // Whether the text of a "boolean" is "true". A missing key is added with the default. Any other
-  // type gives false and the report "Type Mismatch: " + key + " is a " + type. An earlier report
+  // type returns false and the report "Type Mismatch: " + key + " is a " + type. An earlier report
   // stays if there is none of this call.
   virtual bool GetBoolean(std::string_view key, bool standard);
   bool GetBoolean(std::string_view key, const void* standard) = delete;
 
   // A new Date, made of a text like "2009-03-07T08:05:09Z" or only its part before the "T". The
-  // fields are taken as they stand, without regard to time zones; one out of range carries over as
+  // fields are taken as they are, without regard to time zones; one out of range carries over as
   // Date says, and without a time it is midnight. A missing key is added with the default, which
-  // may be nil only if the key exists. A container gives nil and the report of TypeOK. A text that
-  // is no date gives the present moment and the report "Could not create date object from " + key +
-  // "(" + text + ")".
+  // may be nil only if the key exists. A container returns nil and the report of TypeOK. A text that
+  // is no date returns the present moment and the report "Could not create date object from " +
+  // key + "(" + text + ")".
   virtual Ref<Date> GetDate(std::string_view key, const Ref<Date>& standard);
 
   // As GetValue: a missing key is added as a "string".
@@ -185,19 +186,19 @@ class MORVANTILE_API plistDict final : public Object {
   // a "real".
   virtual double GetReal(std::string_view key, double standard);
 
-  // Stores the number as Str prints it, so that GetReal gives the same number.
+  // Stores the number as Str prints it, so that GetReal returns the same number.
   virtual void SetReal(std::string_view key, double value);
 
   // Stores a text as it is, under any key: this one asks for no type, and doesn't touch the report.
   virtual void SetData(std::string_view key, std::string_view value);
 
-  // Stores the date as in "2009-03-07T08:05:09Z"; its fields as they stand.
+  // Stores the date as in "2009-03-07T08:05:09Z"; its fields as they are.
   virtual void SetDate(std::string_view key, const Ref<Date>& value);
 
   // The number with at least two digits.
   [[nodiscard]] virtual std::string MakeTwo(std::int64_t n) const;
 
-  // Adds an empty dict under a key; child(key) gives it. A key in use stays as it is, with the
+  // Adds an empty dict under a key; child(key) returns it. A key in use stays as it is, with the
   // report "Child exists: " + key + " already exists".
   virtual void AddChild(std::string_view key);
 
@@ -240,8 +241,9 @@ class MORVANTILE_API plistDict final : public Object {
   //   for (node->MoveFirst(); !node->eof; node->MoveNext()) Use(node->CurrentKey());
   //
   // MoveNext goes on from the last key to the first and sets `eof`, and MovePrevious from the first
-  // to the last; only MoveFirst clears it. CurrentKey gives "", sets `eof` and goes to the start if
-  // there is no key at the cursor; so on an empty node the loop above runs once, with the key "".
+  // to the last; only MoveFirst clears it. CurrentKey returns "", sets `eof` and goes to the start
+  // if there is no key at the cursor; so on an empty node the loop above runs once, with the key
+  // "".
   virtual void MoveNext();
   virtual void MoveFirst();
   virtual void MoveLast();
@@ -273,7 +275,7 @@ class MORVANTILE_API plistDict final : public Object {
   // Colours are stored as a "string" of six hexadecimal digits, two for each of red, green and
   // blue; the fourth channel is not stored and reads as 0. GetColor takes the first two, the two
   // from the third on and the last two characters of any string; what is no hexadecimal number
-  // counts as 0. A missing key is added with the default, which is black. Any other type gives
+  // counts as 0. A missing key is added with the default, which is black. Any other type returns
   // Color() and the report "Type Mismatch: " + key + " is a " + type.
   virtual void SetColor(std::string_view key, Color value);
   virtual Color GetColor(std::string_view key);
@@ -282,7 +284,7 @@ class MORVANTILE_API plistDict final : public Object {
   // A window's title and rectangle as a record under the key: a dict with the "string"
   // "windowName" and the dict "WindowPos" of the "integer"s "left", "top", "width" and "height".
   // GetWindow gives the window what is stored, without regard to the screens; a missing record is
-  // made from the window first, a missing number is 0. If a scalar stands where the record or its
+  // made from the window first, a missing number is 0. If a scalar is where the record or its
   // "WindowPos" should, nothing is read or stored there, with the report of child(). All operations
   // on windows and controls throw NilObjectException for nil.
   virtual void SetWindow(std::string_view key, const Ref<Window>& window);
@@ -296,7 +298,7 @@ class MORVANTILE_API plistDict final : public Object {
 
   // The rows of a list or menu as a record under the control's name, "." and index: a dict with the
   // "string" "default", which is the control's Text, and the array "elements". A row is a "string",
-  // or for a list of several columns an array of them. Set replaces what stood under the key.
+  // or for a list of several columns an array of them. Set replaces what was under the key.
   //
   // Get adds the stored rows: to the rows that a list has, which should be none, and in place of
   // those of a menu. With `select` it selects the row whose first cell equals the default. A
@@ -312,13 +314,13 @@ class MORVANTILE_API plistDict final : public Object {
   virtual void AppendListbox(const Ref<Listbox>& list);
   virtual void AppendPopup(const Ref<PopupMenu>& menu);
 
-  // An array of strings under the key, in place of what stood there: the entries of `list` from
+  // An array of strings under the key, in place of what was there: the entries of `list` from
   // `first` to `last`, both included and counted from 0. A `first` that is negative or beyond the
   // end counts as 0, a `last` beyond the end as the end.
   virtual void SetList(std::string_view key, const std::vector<std::string>& list,
                        std::int64_t first, std::int64_t last);
   // Replaces `list` by the stored strings, behind an empty entry unless `base` is 0. A missing key
-  // is added as an empty dict and gives none; for a scalar the list stays as it is.
+  // is added as an empty dict and returns none; for a scalar the list stays as it is.
   virtual void GetList(std::string_view key, std::vector<std::string>& list, std::int64_t base);
   // The same range as SetList takes, as a new element of an array.
   virtual void AppendList(const std::vector<std::string>& list, std::int64_t first,
@@ -336,7 +338,7 @@ class MORVANTILE_API plistDict final : public Object {
   virtual void SetRadio(const Ref<RadioButton>& button);
   virtual void GetRadio(const Ref<RadioButton>& button);
 
-  // Where the node stands: the names from the root to it, each behind a ":". The walk upwards ends
+  // The place of the node: the names from the root to it, each behind a ":". The walk upwards ends
   // at a node that is named "root", printed as ":root", or has no parent.
   [[nodiscard]] virtual std::string AbsolutePath();
 
@@ -348,7 +350,7 @@ class MORVANTILE_API plistDict final : public Object {
   // it. The cursors of the nodes below the entry are used.
   //
   // An entry of a type without operations of its own, or whose text doesn't read as its type, is
-  // carried as it stands. The source stays if anything below it was refused, and an entry moved
+  // carried as it is. The source stays if anything below it was refused, and an entry moved
   // onto itself stays as it is. A container that is merged into one around it leaves out the entry
   // that would be merged into that container itself.
   //

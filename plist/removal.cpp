@@ -83,7 +83,7 @@ void plistDict::RemoveAmongRepeated(std::int64_t number, std::int64_t last, bool
   entries_.indexedChildren = 1;
 }
 
-// Moves the elements behind `first` one number down; what stood there is lost, and the last number
+// Moves the elements behind `first` one number down; what was there is lost, and the last number
 // holds nothing but its type.
 void plistDict::MoveElementsDown(std::size_t first) {
   Dictionary<Entry>& elements = entries_.Listed();
@@ -113,7 +113,7 @@ void plistDict::RenameChild(const Entry& entry, const std::string& key) {
   if (children[entry.child]) children[entry.child]->name = key;
 }
 
-// Takes the node at a place out; 0 stands for none.
+// Takes the node at a place out; 0 is none.
 void plistDict::RemoveChild(std::size_t place) {
   if (place == 0) return;
   const std::string key = std::move(childrenNames[place]);

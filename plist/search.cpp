@@ -45,7 +45,7 @@ class ScalarWalk {
     nodes_.push_back(&node);
   }
 
-  // Looks at what the innermost cursor is at, and gives whether that is a scalar.
+  // Looks at what the innermost cursor is at, and returns whether that is a scalar.
   bool Step() {
     node_ = nodes_.back();
     Dictionary<Entry>& entries = node_->entries_.Listed();

@@ -59,7 +59,7 @@ class MORVANTILE_API Date : public Object {
 };
 
 // Sets `date` to midnight of the day that `text` names by month, day and year, in this order: three
-// numbers in digits, separated by "/", blanks around them allowed. The year is taken as it stands;
+// numbers in digits, separated by "/", blanks around them allowed. The year is taken as it is;
 // 99 is not 1999. Numbers out of range carry over. Returns false and leaves `date` alone if the
 // text has another form.
 MORVANTILE_API bool ParseDate(std::string_view text, Date& date);

@@ -23,7 +23,7 @@ void HashIndex::Add(std::uint32_t hash, std::uint32_t number) {
   ++used_;
 }
 
-// Moves the cells behind the hole into it as far as they may stand there, so that no search ends
+// Moves the cells behind the hole into it as far as they may be there, so that no search ends
 // early at a hole and no mark is left behind.
 void HashIndex::Remove(std::uint32_t hash, std::uint32_t number) {
   std::size_t hole = hash & mask_;

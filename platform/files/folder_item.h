@@ -20,7 +20,7 @@ enum class Links;
 // The name of a file or folder, whether or not there is one. An item holds nothing open, and what
 // it says is true at the moment of the call.
 //
-// Names are bytes; any but NUL and "/" may stand in them. An item made from an empty path or from
+// Names are bytes; any but NUL and "/" may be in them. An item made from an empty path or from
 // one that holds a NUL names nothing: it doesn't exist and every operation on it fails.
 class MORVANTILE_API FolderItem : public Object {
  public:
@@ -100,7 +100,7 @@ struct MORVANTILE_API SpecialFolder {
 };
 
 // A name for a temporary file, which doesn't exist yet and which nobody else can predict or use: it
-// stands in a new folder in $TMPDIR (if that is an absolute path, else /tmp) that is the user's
+// is in a new folder in $TMPDIR (if that is an absolute path, else /tmp) that is the user's
 // alone (0700). Nil if no such folder can be made.
 //
 // The folder goes when the file is deleted and no other is left in it, and comes back when a file

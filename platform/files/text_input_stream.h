@@ -38,7 +38,7 @@ class MORVANTILE_API TextInputStream : public Object {
   // What has not been read yet, line ends as they are.
   std::string ReadAll();
 
-  // Whether the file could not be read to its end; the lines until then have been given.
+  // Whether the file could not be read to its end; the lines until then have been returned.
   [[nodiscard]] bool ReadError() const { return failed_; }
 
   // Gives up the file; the stream is at its end then. A further call does nothing.

@@ -73,7 +73,7 @@ MORVANTILE_API std::string Str(double value);
 MORVANTILE_API double CDbl(std::string_view text);
 
 // The number that the text begins with, as CDbl reads it, without its fraction. All digits of a
-// 64-bit integer count; a number beyond their range gives the nearest of them.
+// 64-bit integer count; a number beyond their range becomes the nearest of them.
 MORVANTILE_API std::int64_t CInt64(std::string_view text);
 
 // Whether the whole text, blanks around it apart, is a number in digits as CDbl reads it.
@@ -84,7 +84,7 @@ MORVANTILE_API std::string Hex(std::int64_t value);
 
 // The number without its fraction, laid out by `mask`: "#" stands for its digits, "-" for a minus
 // if it is below 0; other characters stand for themselves. A number beyond the range of doubles
-// gives the nearest 64-bit integer, and one that is not a number gives 0.
+// becomes the nearest 64-bit integer, and one that is not a number becomes 0.
 MORVANTILE_API std::string Format(double value, std::string_view mask);
 
 }  // namespace morvantile

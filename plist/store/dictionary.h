@@ -107,7 +107,7 @@ class Dictionary {
   static constexpr std::size_t kFirstRoom = 2;
   static constexpr std::size_t kSecondRoom = 8;
 
-  // The number that the key is the text of, as Str gives it; or kNone.
+  // The number that the key is the text of, as Str prints it; or kNone.
   static std::size_t NumberIn(std::string_view key);
 
   std::size_t PositionOf(std::string_view key) const;

@@ -23,7 +23,7 @@ inline bool IsContainer(std::string_view type) {
          (MayBeLetter(type[0], 'a') && SameText(type, "array"));
 }
 
-// What a node knows of one key. Each part stands for an entry in one of the node's properties: the
+// What a node knows of one key. Each part is an entry in one of the node's properties: the
 // type word in `types`, the text in `values`, the mark in `searched`, the child in `childrenNames`.
 struct Entry {
   TypeWord type;
@@ -64,7 +64,7 @@ struct Entry {
 
 // The keys of a node. One table serves the three dictionaries of a node, so that a key is stored
 // and looked up once for all of them: the keys that have a type are listed, in the order in which
-// they got it; the others, which are few or none, stand aside.
+// they got it; the others, which are few or none, are aside.
 class Entries {
  public:
   Dictionary<Entry>& Listed() { return listed_; }
@@ -82,7 +82,7 @@ class Entries {
     return entry.hasType || aside_ == nullptr ? entry : TakeFromAside(entry, key);
   }
 
-  // The entry of a key, which stands aside if it is new.
+  // The entry of a key, which is aside if it is new.
   Entry& FindOrAdd(std::string_view key);
 
   // Takes the type of the key away, and does nothing without one. What else is known of it stays.
@@ -91,7 +91,7 @@ class Entries {
   // The same for all keys.
   void UnlistAll();
 
-  // Forgets a key that stands aside if nothing is known of it any more.
+  // Forgets a key that is aside if nothing is known of it any more.
   void Tidy(std::string_view key);
 
   // Calls `work` with every entry.

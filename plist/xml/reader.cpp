@@ -36,7 +36,7 @@ std::size_t EndOfField(std::string_view line, std::size_t at) {
   return line.size();
 }
 
-// Where "</", `name` and then `end` first stand in the line, as one would find them with InStr;
+// Where "</", `name` and then `end` first occur in the line, in any letter case;
 // npos if they don't. Long names, which nothing but broken files have, are left to the general
 // search.
 std::size_t FindClosingTag(std::string_view line, std::string_view name, std::string_view end) {

@@ -55,7 +55,7 @@ class Reader {
     TypeWord type;            // the name of the element opened last
     std::string value;        // the text collected for a value
     bool inValue = false;     // a value is open across lines
-    std::string tag;          // what stood between the "<" and ">" that opened it
+    std::string tag;          // what was between the "<" and ">" that opened it
     bool selfClosed = false;  // the opening tag read last ended in "/"
 
     bool hasFields = false;   // of the current line some are left
