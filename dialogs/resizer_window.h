@@ -81,7 +81,7 @@ class ResizerWindow : public Window {
   // Scales the original by what slider and mode say, into NewClip, and shows the outcome.
   void Update();
   // Tells assistive technology what the slider means and how large the picture is.
-  void DescribeForAssistants();
+  void DescribeForAssistants() const;
 
   Ref<plist> settings_;
   Ref<PushButton> scaleButton_;
