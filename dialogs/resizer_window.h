@@ -52,7 +52,7 @@ class ResizerWindow : public Window {
   const Ref<StaticText>& ScaleFactorLabel() const { return scaleFactorLabel_; }
   const Ref<PrefixedLabel>& OriginalSize() const { return originalSize_; }
 
-  // Shows the dialog, and when it has closed gives the picture for the clipboard, or nil if the
+  // Shows the dialog, and when it has closed returns the picture for the clipboard, or nil if the
   // clipboard is to stay as it is.
   virtual Ref<Picture> GetClip();
 

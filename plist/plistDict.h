@@ -283,8 +283,8 @@ class MORVANTILE_API plistDict final : public Object {
 
   // A window's title and rectangle as a record under the key: a dict with the "string"
   // "windowName" and the dict "WindowPos" of the "integer"s "left", "top", "width" and "height".
-  // GetWindow gives the window what is stored, without regard to the screens; a missing record is
-  // made from the window first, a missing number is 0. If a scalar is where the record or its
+  // GetWindow applies what is stored to the window, without regard to the screens; a missing record
+  // is made from the window first, a missing number is 0. If a scalar is where the record or its
   // "WindowPos" should, nothing is read or stored there, with the report of child(). All operations
   // on windows and controls throw NilObjectException for nil.
   virtual void SetWindow(std::string_view key, const Ref<Window>& window);

@@ -106,7 +106,7 @@ void PressWhenActive(const std::vector<Qt::Key>& keys) {
   });
 }
 
-// Shows a new Probe and presses the keys; gives what it wrote down.
+// Shows a new Probe and presses the keys; returns what it wrote down.
 std::string LogAfter(const std::vector<Qt::Key>& keys) {
   const Ref<Probe> probe = New<Probe>();
   probe->Build();
