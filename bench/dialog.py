@@ -1,11 +1,13 @@
 #!/usr/bin/python3
-"""How the dialog feels with a 3840 x 2160 picture: its start-up beside that of a bare Qt dialog, the
-steps of the slider, and the memory in use. Prints Markdown.
+"""How the program feels with a 3840 x 2160 picture: the dialog's start-up beside that of a bare Qt
+dialog, the steps of the slider, the memory in use, and the pastes after OK. Prints Markdown.
 
-Run as: dialog.py BIN, the folder of the programs. Needs python3-xlib.
+Run as: dialog.py BIN, the folder of the programs. Needs python3-xlib, and optipng to compare sizes.
 """
 
+import glob
 import os
+import shutil
 import statistics
 import subprocess
 import sys
@@ -15,12 +17,39 @@ from Xlib import X
 from Xlib.display import Display
 from Xlib.error import BadDrawable, BadWindow
 
-sys.path.insert(0, os.path.join(os.path.dirname(__file__), '..', 'tests', 'desktop'))
+from PIL import Image, ImageChops, ImageDraw, ImageFont
 
+HOUSE = os.path.join(os.path.dirname(os.path.abspath(__file__)), '..')
+sys.path.insert(0, os.path.join(HOUSE, 'tests', 'desktop'))
+
+from desktop import until  # noqa: E402
+from desktops import X11  # noqa: E402
 from pictures import encoded, landscape  # noqa: E402
-from virtual_display import VirtualDisplay  # noqa: E402
 
 ROUNDS = 15
+PASTES = 5
+SIZE = (3840, 2160)
+WINDOWS = ((80, 100, 1700, 1400), (1500, 500, 3400, 1900), (2300, 60, 3700, 900))
+
+
+def photo():
+    """A landscape with the noise of a camera."""
+    noise = [Image.effect_noise(SIZE, 6) for _ in range(3)]
+    return ImageChops.add(landscape(*SIZE), Image.merge('RGB', noise), 1, -128)
+
+
+def screenshot():
+    """A desktop with three windows full of text."""
+    image = landscape(*SIZE)
+    draw = ImageDraw.Draw(image)
+    font = ImageFont.truetype('DejaVuSansMono.ttf', 22)
+    for box, file in zip(WINDOWS, sorted(glob.glob(HOUSE + '/plist/*.cpp'))):
+        draw.rectangle(box, 'white', 'black', 3)
+        with open(file, encoding='utf-8') as source:
+            lines = source.read().split('\n')[:(box[3] - box[1]) // 28 - 1]
+        for number, line in enumerate(lines):
+            draw.text((box[0] + 20, box[1] + 14 + 28 * number), line[:100], '#202020', font)
+    return image
 
 
 def titles(window, depth=3):
@@ -60,12 +89,56 @@ def memory(pid):
     return (fields['Private_Clean'] + fields['Private_Dirty']) / 1024, fields['Rss'] / 1024
 
 
+def paste(display):
+    """Milliseconds until another program has the picture, and its PNG file."""
+    begin = time.monotonic()
+    png = display.paste('image/png')
+    return 1000 * (time.monotonic() - begin), png
+
+
+def optimised(png, folder):
+    """The size that an optimiser reaches; NaN without one."""
+    if not shutil.which('optipng'):
+        return float('nan')
+    file = folder + '/optimised.png'
+    with open(file, 'wb') as writer:
+        writer.write(png)
+    subprocess.run(['optipng', '-quiet', '-o2', file], check=True)
+    return os.path.getsize(file)
+
+
+def put_back(display, program):
+    """A run that ends with the whole picture on the clipboard; the process that stays behind."""
+    run = display.start(program)
+    display.active_window('Clipboard Image Resize')
+    display.key('End', 'Return')
+    run.wait()
+    return until(lambda: display.programs(program), 'the owner of the clipboard')[0]
+
+
+def pastes(display, program, picture):
+    """The row of a picture: the pastes, the PNG file, and the memory of its owner."""
+    times = []
+    for pause in PASTES * (0, 4):
+        display.copy(encoded(picture, 'BMP'), 'image/bmp')
+        owner = put_back(display, program)
+        time.sleep(pause)
+        first, png = paste(display)
+        second, _ = paste(display)
+        times.append((first, second))
+        own, _ = memory(owner)
+    at_once = statistics.median(first for first, _ in times[::2])
+    first, second = (statistics.median(column) for column in zip(*times[1::2]))
+    return '| {:.0f} | {:.0f} | {:.0f} | {:.0f} | {:.2f} | {:.0f} |'.format(
+        at_once, first, second, len(png) / 1000, len(png) / optimised(png, display.folder), own)
+
+
 def main(folder):
     program, bare, drag = (os.path.join(os.path.abspath(folder), name)
                            for name in ('morvantile', 'bench_bare_dialog', 'bench_drag'))
-    with VirtualDisplay() as display:
+    with X11() as display:
         screen = Display(display.environment['DISPLAY']).screen().root
-        display.copy(encoded(landscape(3840, 2160)), 'image/png')
+        display.copy(encoded(landscape(*SIZE)), 'image/png')
         ours, theirs = [], []
         for _ in range(ROUNDS):
             ours.append(start_up(display, screen, program, 'Clipboard Image Resize'))
@@ -84,6 +157,11 @@ def main(folder):
         time.sleep(1)
         print('| the process that stays behind | {:.0f} | {:.0f} |\n'.format(*memory(pid)))
         print(display.output(drag))
+
+        print('\n| paste | at once, ms | 4 s after OK, ms | again, ms | PNG, kB | PNG / optipng '
+              '| own memory, MB |\n|---|---|---|---|---|---|---|')
+        for name, picture in (('photo', photo()), ('screenshot', screenshot())):
+            print(f'| {name} {pastes(display, program, picture)}', flush=True)
 
 
 if __name__ == '__main__':

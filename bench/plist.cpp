@@ -12,7 +12,7 @@
 
 #include "bench/documents.h"
 #include "bench/peers.h"
-#include "platform/process/shell.h"
+#include "plist/converter.h"
 
 namespace morvantile {
 namespace {
@@ -83,8 +83,8 @@ void LibplistWriteToFile(benchmark::State& state) {
 
 void LibplistReadBinaryAndWriteXmlMemory(benchmark::State& state) {
   const Ref<FolderItem> binary = Result();
-  File()->CopyFileTo(binary);
-  New<Shell>()->Execute("plutil -convert binary1 " + binary->ShellPath());
+  static_cast<void>(File()->CopyFileTo(binary));
+  static_cast<void>(Convert("binary1", *binary));
   const std::string bytes = peers::ReadFile(binary->AbsolutePath());
   for (auto _ : state) {
     benchmark::DoNotOptimize(peers::Libplist::FromBinary(bytes)->ToXml().size());

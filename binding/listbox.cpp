@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "binding/record.h"
+#include "platform/text/folding.h"
 #include "platform/text/text.h"
 #include "plist/plistDict.h"
 

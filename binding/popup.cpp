@@ -1,6 +1,7 @@
 // Popup menus kept in a tree.
 
 #include "binding/record.h"
+#include "platform/text/folding.h"
 #include "platform/text/text.h"
 #include "platform/ui/popup_menu.h"
 #include "plist/plistDict.h"

@@ -9,7 +9,7 @@ namespace morvantile {
 std::string ControlKey(const Control& control) { return control.Name + "." + Str(control.Index); }
 
 Ref<plistDict> NewRecord(plistDict& node, const std::string& key, const std::string& standard) {
-  if (node.Exists(key)) node.Remove(key, false);
+  if (node.Exists(key)) node.Remove(key, true);
   node.AddChild(key);
   const Ref<plistDict> record = node.child(key);
   if (record == nullptr) return nullptr;

@@ -16,14 +16,14 @@ namespace morvantile {
 // set has too.
 std::string ControlKey(const Control& control);
 
-// A new and empty record under the key, in place of what stood there: a dict with `standard` under
-// "default" and an empty array "elements". Gives the array, or nil if the node refuses.
+// A new and empty record under the key, in place of what was there: a dict with `standard` under
+// "default" and an empty array "elements". Returns the array, or nil if the node refuses.
 Ref<plistDict> NewRecord(plistDict& node, const std::string& key, const std::string& standard);
 
 // A record that is there: its default, and the node of its elements.
 struct Record {
   std::string standard;
-  Ref<plistDict> elements;  // nil if what stands under the key is no record
+  Ref<plistDict> elements;  // nil if what is under the key is no record
 };
 Record ReadRecord(plistDict& node, const std::string& key);
 

@@ -25,10 +25,11 @@ void AppendRange(plistDict& array, const std::vector<std::string>& list, std::in
 
 void plistDict::SetList(std::string_view key, const std::vector<std::string>& list,
                         std::int64_t first, std::int64_t last) {
-  if (Exists(key)) Remove(key, false);
-  if (!AddArray(key)) return;
-  searched.SetValue(key, false);
-  AppendRange(*child(key), list, first, last);
+  const std::string kept(key);
+  if (Exists(kept)) Remove(kept, true);
+  if (!AddArray(kept)) return;
+  searched.SetValue(kept, false);
+  AppendRange(*children.back(), list, first, last);
 }
 
 void plistDict::GetList(std::string_view key, std::vector<std::string>& list, std::int64_t base) {
@@ -43,9 +44,9 @@ void plistDict::GetList(std::string_view key, std::vector<std::string>& list, st
 
 void plistDict::AppendList(const std::vector<std::string>& list, std::int64_t first,
                            std::int64_t last) {
-  if (!CheckArray()) return;
-  AppendArray();
-  AppendRange(*index(count() - 1), list, first, last);
+  if (const Ref<plistDict> array = AppendContainer("array")) {
+    AppendRange(*array, list, first, last);
+  }
 }
 
 }  // namespace morvantile

@@ -28,10 +28,10 @@ int ReadPixels(plistDict& position, std::string_view key) {
 
 void plistDict::SetWindow(std::string_view key, const Ref<Window>& window) {
   const Window& shown = *window;
-  if (!Exists(key)) AddChild(key);
-  const Ref<plistDict> record = child(key);
+  const std::string kept(key);
+  const Ref<plistDict> record = child(kept);
   if (record == nullptr) return;
-  searched.SetValue(key, false);
+  searched.SetValue(kept, false);
   record->SetString("windowName", shown.Title());
   if (!record->Exists("WindowPos")) record->AddChild("WindowPos");
   const Ref<plistDict> position = record->child("WindowPos");
@@ -40,8 +40,9 @@ void plistDict::SetWindow(std::string_view key, const Ref<Window>& window) {
 
 void plistDict::GetWindow(std::string_view key, const Ref<Window>& window) {
   Window& shown = *window;
-  if (!Exists(key)) SetWindow(key, window);
-  const Ref<plistDict> record = child(key);
+  const std::string kept(key);
+  if (!Exists(kept)) SetWindow(kept, window);
+  const Ref<plistDict> record = child(kept);
   if (record == nullptr) return;
   shown.SetTitle(record->GetString("windowName"));
   const Ref<plistDict> position = record->child("WindowPos");
@@ -54,9 +55,8 @@ void plistDict::GetWindow(std::string_view key, const Ref<Window>& window) {
 
 void plistDict::AppendWindow(const Ref<Window>& window) {
   const Window& shown = *window;
-  if (!CheckArray()) return;
-  AppendDict();
-  const Ref<plistDict> record = child(Str(count() - 1));
+  const Ref<plistDict> record = AppendContainer("dict");
+  if (record == nullptr) return;
   record->SetString("windowName", shown.Title());
   record->AddChild("WindowPos");
   StoreRectangle(*record->child("WindowPos"), shown);

@@ -4,7 +4,8 @@ set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
-set(CMAKE_CXX_VISIBILITY_PRESET default)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 
 find_program(CCACHE ccache)
 if(CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
@@ -12,10 +13,10 @@ if(CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
 endif()
 
 add_library(morvantile_options INTERFACE)
-target_include_directories(morvantile_options INTERFACE ${CMAKE_SOURCE_DIR})
+target_include_directories(morvantile_options INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(
   morvantile_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion
-                               -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
+                               -Wnon-virtual-dtor -Woverloaded-virtual)
 if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   # It warns of "text" + std::string (GCC bug 105651), and clang-tidy doesn't know the warning.
   target_compile_options(morvantile_options INTERFACE -Wno-restrict -Wno-unknown-warning-option)
@@ -30,7 +31,7 @@ target_compile_options(
   morvantile_options
   INTERFACE -fstack-protector-strong -fstack-clash-protection
             $<$<BOOL:${MORVANTILE_HAS_CF_PROTECTION}>:-fcf-protection>)
-target_link_options(morvantile_options INTERFACE $<$<NOT:$<PLATFORM_ID:Darwin>>:-Wl,-z,relro,-z,now>)
+target_link_options(morvantile_options INTERFACE -Wl,-z,relro,-z,now)
 
 if(NOT MORVANTILE_SANITIZE)
   # It needs the optimiser, and would hide from the sanitizers what they are to see.

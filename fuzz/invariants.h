@@ -6,9 +6,11 @@
 #include <vector>
 
 #include "fuzz/require.h"
+#include "platform/text/folding.h"
 #include "platform/text/text.h"
 #include "plist/plist.h"
 #include "plist/plistDict.h"
+#include "plist/store/entries.h"
 
 namespace morvantile {
 

@@ -1,5 +1,5 @@
 // Any bytes as the file of a document. What has been read and saved once comes back from then on as
-// the same tree and the same bytes.
+// the same tree and the same bytes. Background turns that change the tree meanwhile do no harm.
 
 #include <algorithm>
 #include <cctype>
@@ -9,6 +9,8 @@
 #include <vector>
 
 #include "fuzz/invariants.h"
+#include "platform/core/background.h"
+#include "platform/text/text.h"
 #include "tests/platform/files/scratch_folder.h"
 #include "tests/plist/sketch.h"
 
@@ -69,10 +71,40 @@ void LoadAndSave(const std::string& bytes) {
   RequireEqual(folder.Content(third->savePath->Name()), saved, "a saved file stays as it is");
 }
 
+Ref<plist> turned;
+std::size_t turns = 0;
+
+// Adds a key to the root, takes another out, or grows a node of its own.
+void Turn() {
+  plistDict& root = *turned->root;
+  const std::size_t number = turns++;
+  if (number % 3 == 0) {
+    root.SetString("turn " + Str(static_cast<std::int64_t>(number % 50)), "text");
+  } else if (number % 3 == 1 && root.count() > 0) {
+    root.Remove(root.types.Key(number % root.types.Count()), true);
+  } else if (const Ref<plistDict> node = root.child("turns")) {
+    node->AddChild(Str(static_cast<std::int64_t>(number % 20)));
+  }
+}
+
+void LoadAndSaveAmongTurns(const std::string& bytes) {
+  const ScratchFolder folder;
+  turned = New<plist>(nullptr, false);
+  turns = 0;
+  background_task = Turn;
+  turned->Load(folder.Put("a", bytes), nullptr);
+  turned->Save();
+  background_task = nullptr;
+  RequireSound(turned->root, Use::kAny);
+  turned = nullptr;
+}
+
 }  // namespace
 }  // namespace morvantile
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  morvantile::LoadAndSave({reinterpret_cast<const char*>(data), size});
+  const std::string bytes(reinterpret_cast<const char*>(data), size);
+  morvantile::LoadAndSave(bytes);
+  morvantile::LoadAndSaveAmongTurns(bytes);
   return 0;
 }

@@ -9,6 +9,7 @@
 
 #include "fuzz/require.h"
 #include "platform/qt/clipboard/picture_image.h"
+#include "platform/qt/clipboard/png_file.h"
 
 namespace morvantile {
 namespace {
@@ -44,7 +45,9 @@ void DecodeAndOffer(QByteArray file) {
   if (!picture || std::int64_t{1} * picture->Width() * picture->Height() > kMostPixels) return;
   for (const QByteArray& offered : {EncodePng(picture), EncodeBmp(picture)}) {
     const Ref<Picture> back = DecodePicture(offered);
-    Require(back && SamePixels(*back, *picture), "an offered picture is the same picture");
+    Require(back != nullptr, "an offered picture is one");
+    if (offered.startsWith("BM") && picture->metadata.profile != nullptr) continue;  // converted
+    Require(SamePixels(*back, *picture), "an offered picture is the same picture");
   }
 }
 

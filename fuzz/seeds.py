@@ -7,7 +7,7 @@ import random
 import sys
 from pathlib import Path
 
-from PIL import Image
+from PIL import Image, ImageCms
 
 DOCUMENTS = [
     {},
@@ -65,6 +65,7 @@ def texts():
 
 
 def pictures():
+    profile = ImageCms.ImageCmsProfile(ImageCms.createProfile('sRGB')).tobytes()
     for mode, *forms in PICTURES:
         image = Image.new(mode, (5, 3))
         image.paste(1, (0, 0, 2, 2))
@@ -72,6 +73,10 @@ def pictures():
             file = io.BytesIO()
             image.save(file, form)
             yield file.getvalue()
+    for form in ('PNG', 'JPEG'):
+        file = io.BytesIO()
+        Image.new('RGB', (5, 3)).save(file, form, icc_profile=profile, dpi=(300, 150))
+        yield file.getvalue()
     yield XPM
 
 

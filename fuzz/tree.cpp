@@ -73,6 +73,7 @@ class Trees {
     switch (input_.ConsumeIntegralInRange(0, 8)) {
       case 0:
         node.SetString(key, text);
+        if (node.children.size() > 1) node.SetString(node.childrenNames[1], node.childrenNames[1]);
         if (!had_key) RequireEqual(node.GetString(key), text, "a text comes back");
         break;
       case 1:
@@ -148,8 +149,11 @@ class Trees {
     }
   }
 
+  // An argument may be in the children that the operation changes.
   void Carry(plistDict& node) {
-    const Ref<plistDict> other = Node();
+    const Ref<plistDict> any = Node();
+    const bool is_child = node.children.size() > 1 && input_.ConsumeBool();
+    const Ref<plistDict>& other = is_child ? node.children[1] : any;
     switch (input_.ConsumeIntegralInRange(0, 5)) {
       case 0:
         return node.Move(Key(), other, input_.ConsumeBool(), input_.ConsumeBool() ? Key() : "");
@@ -171,6 +175,7 @@ class Trees {
     switch (input_.ConsumeIntegralInRange(0, 8)) {
       case 0:
         documents_[0]->Find(Text());
+        documents_[0]->Find(documents_[0]->foundValue);
         break;
       case 1:
         documents_[0]->FindNext(Text());
@@ -191,10 +196,10 @@ class Trees {
         if (TakesKeys(node)) node.GetBoolean(key);
         break;
       case 7:
-        node.index(input_.ConsumeIntegralInRange(-1, 20));
+        static_cast<void>(node.index(input_.ConsumeIntegralInRange(-1, 20)));
         break;
       default:
-        node.AbsolutePath();
+        static_cast<void>(node.AbsolutePath());
     }
   }
 

@@ -35,8 +35,8 @@ morvantile_package(
   DESCRIPTION
     "Morvantile shows the picture on the clipboard in a dialog with a slider,\nand puts the smaller picture back. It is made to be bound to a key: take a\nscreenshot, press the key, drag the slider, press OK, and paste."
   DEPENDS "morvantile-plutil ${same}, qt6-qpa-plugins"
-  RECOMMENDS "qt6-wayland"
-  SUGGESTS "qt6-translations-l10n")
+  RECOMMENDS "qt6-wayland, qt6-image-formats-plugins, libqt6svg6"
+  SUGGESTS "qt6-translations-l10n, fonts-noto-cjk")
 morvantile_package(
   plutil
   NAME morvantile-plutil
@@ -85,7 +85,7 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXE
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_BINARY_DIR}/packaging)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR}/packaging)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY "=")
 # Debian's libraries have the linker's cache renewed by a trigger. CPack adds scripts that renew it as

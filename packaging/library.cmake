@@ -5,7 +5,6 @@ include(CMakePackageConfigHelpers)
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(GCRYPT REQUIRED IMPORTED_TARGET libgcrypt)
 pkg_check_modules(utf8proc REQUIRED IMPORTED_TARGET libutf8proc)
-find_package(Qt6 REQUIRED COMPONENTS Widgets)
 
 set(MORVANTILE_ABI 0)  # goes up with each release that breaks programs built against an earlier one
 set(headers ${CMAKE_INSTALL_INCLUDEDIR}/morvantile)
@@ -22,9 +21,12 @@ function(morvantile_library name)
   string(REPLACE _ - file_name morvantile-${name})
   add_library(lib_${name} ${objects})
   add_library(Morvantile::${name} ALIAS lib_${name})
-  target_include_directories(lib_${name} INTERFACE $<BUILD_INTERFACE:${CMAKE_SOURCE_DIR}>
+  target_include_directories(lib_${name} INTERFACE $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
                                                    $<INSTALL_INTERFACE:${headers}>)
   target_compile_features(lib_${name} INTERFACE cxx_std_20)
+  target_link_options(lib_${name} PRIVATE
+                      -Wl,--version-script=${CMAKE_CURRENT_SOURCE_DIR}/exports.map)
+  set_property(TARGET lib_${name} PROPERTY LINK_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/exports.map)
   target_link_libraries(lib_${name} ${arg_LINKS})
   set_target_properties(
     lib_${name}
@@ -61,44 +63,38 @@ else()
 endif()
 morvantile_library(plist ROOMS morvantile_base morvantile_picture morvantile_ui morvantile_plist
                    LINKS ${foundation})
-morvantile_library(plist_qt ROOMS morvantile_attach LINKS PUBLIC lib_plist Qt6::Widgets)
+if(MORVANTILE_PROGRAM)
+  find_package(Qt6 REQUIRED COMPONENTS Widgets)
+  morvantile_library(plist_qt ROOMS morvantile_attach LINKS PUBLIC lib_plist Qt6::Widgets)
+endif()
 
-install(
-  DIRECTORY ${CMAKE_SOURCE_DIR}/platform/core ${CMAKE_SOURCE_DIR}/platform/files
-            ${CMAKE_SOURCE_DIR}/platform/process ${CMAKE_SOURCE_DIR}/platform/text
-            ${CMAKE_SOURCE_DIR}/platform/ui
-  DESTINATION ${headers}/platform
-  COMPONENT dev
-  FILES_MATCHING
-  PATTERN "*.h"
-  PATTERN "command_environment.h" EXCLUDE
-  PATTERN "file_attributes.h" EXCLUDE
-  PATTERN "owned_descriptor.h" EXCLUDE
-  PATTERN "private_folder.h" EXCLUDE)
-install(
-  FILES ${CMAKE_SOURCE_DIR}/platform/imaging/aligned.h
-        ${CMAKE_SOURCE_DIR}/platform/imaging/picture.h
-  DESTINATION ${headers}/platform/imaging
-  COMPONENT dev)
-install(
-  FILES ${CMAKE_SOURCE_DIR}/platform/qt/attach/attach.h
-  DESTINATION ${headers}/platform/qt/attach
-  COMPONENT dev)
-install(
-  FILES ${CMAKE_SOURCE_DIR}/plist/cipher.h ${CMAKE_SOURCE_DIR}/plist/plist.h
-        ${CMAKE_SOURCE_DIR}/plist/plistDict.h
-  DESTINATION ${headers}/plist
-  COMPONENT dev)
-install(
-  FILES ${CMAKE_SOURCE_DIR}/plist/store/chunked_list.h
-        ${CMAKE_SOURCE_DIR}/plist/store/compact_text.h
-        ${CMAKE_SOURCE_DIR}/plist/store/dictionary.h
-        ${CMAKE_SOURCE_DIR}/plist/store/entries.h
-        ${CMAKE_SOURCE_DIR}/plist/store/key_index.h
-        ${CMAKE_SOURCE_DIR}/plist/store/list_from_one.h
-        ${CMAKE_SOURCE_DIR}/plist/store/type_word.h
-  DESTINATION ${headers}/plist/store
-  COMPONENT dev)
+# The face of the library. No header here tells how a node stores what it holds.
+set(core background color date exceptions export ref variant)
+set(files binary_stream folder_item text_input_stream text_output_stream)
+set(ui check_box clipboard control edit_field headless_host host label list_control listbox msg_box
+       popup_menu push_button radio_button screen window)
+set(installed_headers
+    plist/cipher
+    plist/key_tables
+    plist/list_from_one
+    plist/plist
+    plist/plistDict
+    platform/imaging/picture
+    platform/text/text)
+foreach(room core files ui)
+  list(TRANSFORM ${room} PREPEND platform/${room}/)
+  list(APPEND installed_headers ${${room}})
+endforeach()
+if(MORVANTILE_PROGRAM)
+  list(APPEND installed_headers platform/qt/attach/attach)
+endif()
+foreach(header ${installed_headers})
+  cmake_path(GET header PARENT_PATH folder)
+  install(
+    FILES ${PROJECT_SOURCE_DIR}/${header}.h
+    DESTINATION ${headers}/${folder}
+    COMPONENT dev)
+endforeach()
 
 configure_package_config_file(MorvantileConfig.cmake.in MorvantileConfig.cmake
                               INSTALL_DESTINATION ${package_dir})

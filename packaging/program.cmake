@@ -1,24 +1,4 @@
-# The program, its converter, and what a desktop wants to know about it.
-
-install(TARGETS morvantile RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT program)
-install(TARGETS plutil RUNTIME DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/morvantile COMPONENT plutil)
-
-install(
-  FILES morvantile.desktop
-  DESTINATION ${CMAKE_INSTALL_DATADIR}/applications
-  COMPONENT program)
-install(
-  FILES morvantile.metainfo.xml
-  DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo
-  COMPONENT program)
-install(
-  DIRECTORY ${CMAKE_SOURCE_DIR}/resources/hicolor
-  DESTINATION ${CMAKE_INSTALL_DATADIR}/icons
-  COMPONENT program)
-install(
-  FILES ${CMAKE_SOURCE_DIR}/resources/morvantile.svg
-  DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps
-  COMPONENT program)
+# The converter, the program, and what a desktop wants to know about it.
 
 # morvantile_packed(file folder name component [EXCLUDE_FROM_ALL])
 #
@@ -33,5 +13,28 @@ function(morvantile_packed file folder name component)
   install(FILES ${packed} DESTINATION ${folder} COMPONENT ${component} ${ARGN})
 endfunction()
 
-morvantile_packed(man/morvantile.1 ${CMAKE_INSTALL_MANDIR}/man1 morvantile.1 program)
+
+install(TARGETS plutil RUNTIME DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/morvantile COMPONENT plutil)
 morvantile_packed(man/morvantile-plutil.1 ${CMAKE_INSTALL_MANDIR}/man1 morvantile-plutil.1 plutil)
+if(NOT MORVANTILE_PROGRAM)
+  return()
+endif()
+
+install(TARGETS morvantile RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT program)
+morvantile_packed(man/morvantile.1 ${CMAKE_INSTALL_MANDIR}/man1 morvantile.1 program)
+install(
+  FILES morvantile.desktop
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/applications
+  COMPONENT program)
+install(
+  FILES morvantile.metainfo.xml
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo
+  COMPONENT program)
+install(
+  DIRECTORY ${PROJECT_SOURCE_DIR}/resources/hicolor
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/icons
+  COMPONENT program)
+install(
+  FILES ${PROJECT_SOURCE_DIR}/resources/morvantile.svg
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps
+  COMPONENT program)

@@ -2,19 +2,21 @@
 #include "platform/text/text.h"
 #include "plist/plist.h"
 #include "plist/plistDict.h"
+#include "plist/store/entries.h"
 
 namespace morvantile {
 
 Ref<plistDict> plistDict::child(std::string_view key) {
   std::size_t place = ChildPlace(key);
   if (place == 0) {
-    AddChild(key);
-    place = ChildPlace(key);
+    const std::string kept(key);
+    AddChild(kept);
+    place = ChildPlace(kept);
   }
   return place == 0 ? nullptr : children[place];
 }
 
-Ref<plistDict> plistDict::index(std::int64_t number) {
+Ref<plistDict> plistDict::index(std::int64_t number) const {
   const std::size_t place = ChildPlace(Str(number));
   return place == 0 ? nullptr : children[place];
 }
@@ -27,7 +29,6 @@ bool plistDict::AddArray(std::string_view key) {
 
 bool plistDict::AddContainer(std::string_view key, std::string_view type,
                              std::string_view refusal) {
-  ClearReport();
   if (Exists(key)) {
     SetError(true, std::string(refusal).append(key).append(" already exists"));
     return false;
@@ -36,6 +37,7 @@ bool plistDict::AddContainer(std::string_view key, std::string_view type,
   entry.SetType(type);
   entry.SetMark(false);
   NewChild(entry, key, SameText(type, "array"));
+  ClearReport();
   return true;
 }
 
@@ -47,28 +49,28 @@ void plistDict::NewChild(Entry& entry, std::string_view key, bool asArray) {
   node->isArray = asArray;
   node->parent = this;
   node->rootClass = rootClass;
-  childrenNames.emplace_back(key);
+  childrenNames.push_back(std::string(key));
   children.push_back(node);
-  if (entry.child == 0) entry.child = static_cast<std::uint32_t>(indexedChildren_);
-  ++indexedChildren_;
+  if (entry.child == 0) entry.child = static_cast<std::uint32_t>(entries_.indexedChildren);
+  ++entries_.indexedChildren;
 }
 
 // The first place of the key in childrenNames; 0 if it isn't there.
-std::size_t plistDict::ChildPlace(std::string_view key) {
+std::size_t plistDict::ChildPlace(std::string_view key) const {
   IndexChildren();
   const Entry* const entry = entries_.Find(key);
   return entry == nullptr || entry->child >= children.size() ? 0 : entry->child;
 }
 
 // Brings the entries up to date with childrenNames, which others may have added to.
-void plistDict::IndexChildren() {
-  if (indexedChildren_ > childrenNames.size()) {
+void plistDict::IndexChildren() const {
+  if (entries_.indexedChildren > childrenNames.size()) {
     entries_.ForEach([](Entry& entry) { entry.child = 0; });
-    indexedChildren_ = 1;
+    entries_.indexedChildren = 1;
   }
-  for (; indexedChildren_ < childrenNames.size(); ++indexedChildren_) {
-    Entry& entry = entries_.FindOrAdd(childrenNames[indexedChildren_]);
-    if (entry.child == 0) entry.child = static_cast<std::uint32_t>(indexedChildren_);
+  for (; entries_.indexedChildren < childrenNames.size(); ++entries_.indexedChildren) {
+    Entry& entry = entries_.FindOrAdd(childrenNames[entries_.indexedChildren]);
+    if (entry.child == 0) entry.child = static_cast<std::uint32_t>(entries_.indexedChildren);
   }
 }
 

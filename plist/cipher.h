@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/core/export.h"
+
 namespace morvantile {
 
 // `text` encrypted with the Blowfish cipher (B. Schneier, "Description of a New Variable-Length
@@ -25,7 +27,8 @@ namespace morvantile {
 //
 //   V=$(head -c 8 F | od -An -v -tx1 | tr -d ' ')
 //   tail -c +9 F | openssl enc -d -bf-cbc -provider legacy -provider default -K $K -iv $V
-std::optional<std::string> EncryptBlowfish(std::string_view key, std::string_view text);
+MORVANTILE_API std::optional<std::string> EncryptBlowfish(std::string_view key,
+                                                          std::string_view text);
 
 }  // namespace morvantile
 

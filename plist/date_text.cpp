@@ -33,7 +33,7 @@ void ReadTime(const std::string& time, Date& date) {
 
 }  // namespace
 
-std::string DateText(plistDict& node, const Date& date) {
+std::string DateText(const plistDict& node, const Date& date) {
   return Str(date.Year()) + "-" + node.MakeTwo(date.Month()) + "-" + node.MakeTwo(date.Day()) +
          "T" + node.MakeTwo(date.Hour()) + ":" + node.MakeTwo(date.Minute()) + ":" +
          node.MakeTwo(date.Second()) + "Z";

@@ -11,8 +11,8 @@
 namespace morvantile {
 
 // The date as in "2009-03-07T08:05:09Z". The year isn't padded, and the "Z" is only a letter of the
-// text: the fields are written as they stand.
-std::string DateText(plistDict& node, const Date& date);
+// text: the fields are written as they are.
+std::string DateText(const plistDict& node, const Date& date);
 
 // Sets `date` from such a text, or from only the part before the "T"; false, with `date` as it was,
 // if that holds no day.

@@ -1,4 +1,3 @@
-#include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <system_error>
@@ -7,11 +6,11 @@
 #include "platform/core/number.h"
 #include "platform/core/time.h"
 #include "platform/files/binary_stream.h"
-#include "platform/process/shell.h"
 #include "platform/text/folding.h"
 #include "platform/text/text.h"
 #include "platform/ui/msg_box.h"
 #include "plist/cipher.h"
+#include "plist/converter.h"
 #include "plist/plist.h"
 
 namespace morvantile {
@@ -19,20 +18,16 @@ namespace {
 
 constexpr std::string_view kEndOfHeaders = "<dict>";
 
-// How long the converter may take for a file: many times what it needs.
-std::chrono::seconds PatienceFor(const FolderItem& file) {
-  constexpr std::uintmax_t kBytesInASecond = 1'000'000;
-  constexpr std::chrono::seconds kAlways{8};
-  std::error_code error;
-  const std::uintmax_t size = std::filesystem::file_size(file.AbsolutePath(), error);
-  return error ? kAlways : kAlways + std::chrono::seconds(size / kBytesInASecond);
-}
-
-// Runs the converter on a file, which it changes in place.
-bool Convert(const char* form, const FolderItem& file) {
-  Shell shell(PatienceFor(file));
-  shell.Execute(std::string("plutil -convert ") + form + " " + file.ShellPath());
-  return shell.ErrorCode() == 0;
+// A copy that may be written, whether or not the file may.
+bool MakeWritableCopy(const FolderItem& file, const Ref<FolderItem>& copy) {
+  using std::filesystem::perm_options;
+  using std::filesystem::perms;
+  if (copy->Exists()) copy->Delete();
+  if (!file.CopyFileTo(copy)) return false;
+  std::error_code ignored;
+  std::filesystem::permissions(copy->AbsolutePath(), perms::owner_write, perm_options::add,
+                               ignored);
+  return true;
 }
 
 }  // namespace
@@ -47,7 +42,7 @@ plist::plist(std::string_view text) {
   const Ref<FolderItem> item = GetTemporaryFolderItem();
   if (const Ref<BinaryStream> stream = BinaryStream::Create(item, true)) {
     stream->Write(text);
-    stream->Close();
+    static_cast<void>(stream->Close());  // if it failed, Load says that there is no file
   }
   plist::Load(item, item);
   item->Delete();
@@ -59,19 +54,28 @@ void plist::LoadWithOptionalTemplate(const Ref<FolderItem>& file,
 }
 
 void plist::Load(const Ref<FolderItem>& file, const Ref<FolderItem>& templateFile) {
+  // Copies, since the arguments may be `savePath` or `org`.
+  LoadFrom(Ref<FolderItem>(file), Ref<FolderItem>(templateFile));
+}
+
+void plist::LoadFrom(const Ref<FolderItem>& file, const Ref<FolderItem>& templateFile) {
   root = New<plistDict>();
   savePath = file;
+  org = nullptr;
+  mayLose_ = false;
   if (!file) {
     MakeHeaders();
     return;
   }
-  const Ref<FolderItem> source = file->Exists() ? file : templateFile;
+  const bool exists = file->Exists();
+  const Ref<FolderItem> source = exists ? file : templateFile;
   if (!source->Exists()) {
     MakeEmpty(source->AbsolutePath() + " does not exist");
     return;
   }
   Ref<TextInputStream> stream = TextInputStream::Open(source);
   if (!stream) {
+    mayLose_ = exists;
     MakeEmpty(source->AbsolutePath() + " could not be opened");
     return;
   }
@@ -80,10 +84,12 @@ void plist::Load(const Ref<FolderItem>& file, const Ref<FolderItem>& templateFil
   const bool is_binary = SameText(Left(line, 6), "bplist");
   stream = is_binary ? OpenConverted(file, source) : TextInputStream::Open(source);
   if (!stream) {
+    mayLose_ = true;
     Report("Not a plist file");
     return;
   }
   ReadHeaders(*stream, std::move(line));
+  mayLose_ = stream->ReadError() || (is_binary && !root->rootClass);
   if (stream->ReadError()) Report(source->AbsolutePath() + " could not be read to its end");
   stream->Close();
 }
@@ -93,16 +99,20 @@ void plist::Load(const Ref<FolderItem>& file, const Ref<FolderItem>& templateFil
 Ref<TextInputStream> plist::OpenConverted(const Ref<FolderItem>& file,
                                           const Ref<FolderItem>& source) {
   isBinary = true;
-  const Ref<FolderItem> copy = file->Parent()->Child(file->Name() + " temp.plist");
-  if (copy->Exists()) copy->Delete();
   org = file;
-  savePath = copy;
-  if (!source->CopyFileTo(copy) || !Convert("xml1", *copy)) return nullptr;
-  return TextInputStream::Open(copy);
+  const std::string name = file->Name() + " temp.plist";
+  savePath = file->Parent()->Child(name);
+  bool is_copied = MakeWritableCopy(*source, savePath);
+  const Ref<FolderItem> temporary = is_copied ? nullptr : GetTemporaryFolderItem();
+  if (temporary) {
+    savePath = temporary->Parent()->Child(name);
+    is_copied = MakeWritableCopy(*source, savePath);
+  }
+  return is_copied && Convert("xml1", *savePath) ? TextInputStream::Open(savePath) : nullptr;
 }
 
 // Reads the lines up to the one that begins the tree, and then the tree. `line` is the line in
-// hand, which the stream may give once more.
+// hand, which the stream may return once more.
 void plist::ReadHeaders(TextInputStream& stream, std::string line) {
   std::int64_t last_tick = 0;
   while (!stream.AtEOF() && !SameText(line, kEndOfHeaders)) {
@@ -133,10 +143,6 @@ void plist::MakeHeaders() {
 void plist::Save() { Save(false, false); }
 
 void plist::Save(bool cleanup, bool makeBinary) {
-  if (isBinary && !root->rootClass) {
-    Report("Could not save file");
-    return;
-  }
   const bool is_saved = WriteText() && (!(isBinary || makeBinary) || ConvertToBinary());
   // Until a binary file has been put back, the copy is all that there is of its changes.
   if (cleanup && is_saved) Cleanup();
@@ -146,6 +152,10 @@ bool plist::WriteText() {
   const Ref<TextOutputStream> stream = savePath->CreateTextFile();
   if (!stream) {
     Report("Could not open file for saving");
+    return false;
+  }
+  if (mayLose_) {
+    Report("Could not save file");
     return false;
   }
   for (std::size_t i = 1; i < headers.size(); ++i) stream->WriteLine(headers[i]);
@@ -160,17 +170,17 @@ bool plist::WriteText() {
 }
 
 // Turns what has been written into the binary form and puts it over the file that was read.
-// CopyFileTo replaces that file whole, so that it is never missing. Where the converter fails it is
-// the text that goes back, written again in case that it has been damaged.
+// CopyContentTo replaces that file whole, so that it is never missing. Where the converter fails it
+// is the text that goes back, written again in case that it has been damaged.
 bool plist::ConvertToBinary() {
   if (!Convert("binary1", *savePath) && !WriteText()) return false;
-  if (!org || savePath->CopyFileTo(org)) return true;
+  if (!org || savePath->CopyContentTo(org)) return true;
   Report("Could not save file");
   return false;
 }
 
 void plist::Cleanup() {
-  if (isBinary) savePath->Delete();
+  if (isBinary && org) savePath->Delete();
 }
 
 void plist::Report(const std::string& message) {
@@ -194,10 +204,11 @@ std::string plist::asString() {
   return text;
 }
 
-Ref<plist> plist::FromString(std::string_view text) { return New<plist>(text); }
+Ref<plist> plist::FromString(std::string_view text) const { return New<plist>(text); }
 
 std::string plist::Encrypt(std::string_view key) {
-  std::optional<std::string> encrypted = EncryptBlowfish(key, asString());
+  const std::string kept_key(key);
+  std::optional<std::string> encrypted = EncryptBlowfish(kept_key, asString());
   if (!encrypted) {
     Report("Could not encrypt");
     return "";

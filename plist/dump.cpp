@@ -1,3 +1,4 @@
+#include "platform/core/background.h"
 #include "platform/ui/clipboard.h"
 #include "plist/plist.h"
 
@@ -7,7 +8,10 @@ void plist::Dump() {
   Clipboard clipboard;
   clipboard.SetText("");
   std::string text;
-  for (std::size_t i = 1; i < headers.size(); ++i) text += headers[i] + "\r";
+  for (std::size_t i = 1; i < headers.size(); ++i) {
+    text += headers[i] + "\r";
+    RuntimeBackgroundTask();
+  }
   clipboard.SetText(text);
   clipboard.Close();
   root->Dump(1);

@@ -1,6 +1,7 @@
 #include "platform/text/folding.h"
 #include "platform/text/text.h"
 #include "plist/plistDict.h"
+#include "plist/store/entries.h"
 
 namespace morvantile {
 
@@ -19,20 +20,23 @@ void plistDict::AppendDict() { AppendContainer("dict"); }
 void plistDict::AppendArray() { AppendContainer("array"); }
 
 void plistDict::AppendScalar(std::string_view type, std::string_view text) {
-  if (!CheckArray()) return;
+  if (!isArray && !CheckArray()) return;
   indexOf = count();
   Entry& entry = entries_.List(Str(indexOf));
   entry.SetType(type);
   entry.SetText(text);
+  ClearReport();
 }
 
-void plistDict::AppendContainer(std::string_view type) {
-  if (!CheckArray()) return;
+// Returns the new node; nil if this is no array.
+Ref<plistDict> plistDict::AppendContainer(std::string_view type) {
+  if (!CheckArray()) return nullptr;
   indexOf = count();
   const std::string key = Str(indexOf);
   Entry& entry = entries_.List(key);
   entry.SetType(type);
   NewChild(entry, key, SameText(type, "array"));
+  return children.back();
 }
 
 }  // namespace morvantile

@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <vector>
 
-#include "platform/core/background.h"
 #include "platform/core/date.h"
 #include "platform/text/folding.h"
 #include "platform/text/text.h"
 #include "plist/date_text.h"
 #include "plist/plist.h"
 #include "plist/plistDict.h"
+#include "plist/store/entries.h"
 
 namespace morvantile {
 namespace {
@@ -25,19 +25,23 @@ bool IsInside(const plistDict& node, const plistDict* tree) {
 
 void plistDict::Move(std::string_view key, const Ref<plistDict>& destination, bool removeSource,
                      std::string_view newKey) {
+  const std::string source(key);
+  const std::string target(newKey.empty() ? key : newKey);
   ClearReport();
   if (destination == nullptr) {
     SetError(true, "Destination is nil");
     return;
   }
-  if (!Exists(key)) {
+  if (!Exists(source)) {
     SetError(true, "Source does not exist.");
     return;
   }
-  const std::string source(key);
-  const std::string target(newKey.empty() ? key : newKey);
   if (destination.get() == this && !isArray && SameText(source, target)) return;
-  if (Contain(source, *destination, target)) return;
+  const std::size_t place = entries_.FindListed(source)->isContainer ? ChildPlace(source) : 0;
+  if (place != 0 && IsInside(*destination, children[place].get())) {
+    SetError(true, "Destination is inside " + source);
+    return;
+  }
 
   const bool is_complete = Carry(source, *destination, target);
   if (!removeSource) return;
@@ -46,23 +50,6 @@ void plistDict::Move(std::string_view key, const Ref<plistDict>& destination, bo
   } else if (rootClass && !rootClass->error) {
     SetError(true, source + " could not be moved as a whole");
   }
-}
-
-// Whether the container under `key` and the one that it is to become contain each other, so that
-// the walk would feed itself, or the removal take what has arrived; if so, with a report.
-bool plistDict::Contain(std::string_view key, plistDict& destination, std::string_view target) {
-  if (!entries_.FindListed(key)->isContainer) return false;
-  const std::size_t place = ChildPlace(key);
-  if (place != 0 && IsInside(destination, children[place].get())) {
-    SetError(true, std::string("Destination is inside ").append(key));
-    return true;
-  }
-  const std::size_t merged = destination.isArray ? 0 : destination.ChildPlace(target);
-  if (merged != 0 && IsInside(*this, destination.children[merged].get())) {
-    SetError(true, std::string(key).append(" is inside the destination"));
-    return true;
-  }
-  return false;
 }
 
 void plistDict::Move(std::string_view key, const Ref<plistDict>& destination) {
@@ -74,7 +61,6 @@ void plistDict::Copy(std::string_view key, const Ref<plistDict>& destination) {
 }
 
 void plistDict::Rename(std::string_view oldKey, std::string_view newKey) {
-  ClearReport();
   if (Exists(newKey)) {
     SetError(true, std::string("Key ").append(newKey).append(" already exists."));
     return;
@@ -84,28 +70,31 @@ void plistDict::Rename(std::string_view oldKey, std::string_view newKey) {
 
 void plistDict::AppendDict(const Ref<plistDict>& other) {
   const Ref<plistDict> self(this);
+  plistDict& source = *other;  // not `other`: it may be in `children`, which grow
   // An array that takes its own elements would never come to an end.
-  std::int64_t passes = std::max<std::int64_t>(1, other->count());
-  for (other->MoveFirst(); !other->eof && passes > 0; --passes) {
-    other->Copy(other->CurrentKey(), self);
-    other->MoveNext();
+  std::int64_t passes = std::max<std::int64_t>(1, source.count());
+  for (source.MoveFirst(); !source.eof && passes > 0; --passes) {
+    source.Copy(source.CurrentKey(), self);
+    source.MoveNext();
   }
 }
 
-Ref<plist> plistDict::PlistFromPlistDict(const Ref<plistDict>& source) {
+Ref<plist> plistDict::PlistFromPlistDict(const Ref<plistDict>& source) const {
   Ref<plist> document = New<plist>(nullptr, false);
   document->root->AppendDict(source);
   return document;
 }
 
 void plistDict::AppendAsNewChild(const Ref<plistDict>& other) {
-  AddChild(other->name);
-  const Ref<plistDict> copy = child(other->name);
-  if (copy != nullptr) copy->AppendDict(other);
+  const Ref<plistDict> source(other.get());
+  AddChild(source->name);
+  const Ref<plistDict> copy = child(source->name);
+  if (copy != nullptr) copy->AppendDict(source);
 }
 
 // Carries an entry that exists, with all that is below it. Returns whether everything found its
-// place; what was refused is reported by the node that refused it.
+// place; what was refused is reported by the node that refused it. What is merged into a container
+// around it may meet the very container that is carried: to go on there would feed the walk.
 bool plistDict::Carry(const std::string& key, plistDict& destination, const std::string& target) {
   if (!IsContainer(GetType(key))) return CarryScalar(key, destination, target);
 
@@ -120,6 +109,10 @@ bool plistDict::Carry(const std::string& key, plistDict& destination, const std:
     plistDict* const child = from.child(k).get();
     plistDict* const made = MakeContainer(from.GetType(k), to, t).get();
     if (child == nullptr || made == nullptr) return complete = false;
+    if (!walk.empty() && made == walk.front().from) {
+      from.SetError(true, k + " is inside the destination");
+      return complete = false;
+    }
     child->MoveFirst();
     walk.push_back({child, made});
     return true;
@@ -127,7 +120,6 @@ bool plistDict::Carry(const std::string& key, plistDict& destination, const std:
 
   enter(*this, key, destination, target);
   while (!walk.empty()) {
-    RuntimeBackgroundTask();
     const auto [from, to] = walk.back();
     if (from->eof) {
       walk.pop_back();
@@ -152,14 +144,7 @@ bool plistDict::Carry(const std::string& key, plistDict& destination, const std:
 Ref<plistDict> plistDict::MakeContainer(std::string_view type, plistDict& destination,
                                         const std::string& target) {
   const bool as_array = SameText(type, "array");
-  if (destination.isArray) {
-    if (as_array) {
-      destination.AppendArray();
-    } else {
-      destination.AppendDict();
-    }
-    return destination.child(Str(destination.count() - 1));
-  }
+  if (destination.isArray) return destination.AppendContainer(type);
   if (as_array) {
     destination.AddArray(target);
   } else {
@@ -169,7 +154,7 @@ Ref<plistDict> plistDict::MakeContainer(std::string_view type, plistDict& destin
 }
 
 // Reads a scalar by its type and stores it by its type. One whose type has no operations, or whose
-// text doesn't read as its type, is carried as it stands.
+// text doesn't read as its type, is carried as it is.
 bool plistDict::CarryScalar(const std::string& key, plistDict& destination,
                             const std::string& target) {
   const std::string type = GetType(key);

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/core/export.h"
 #include "platform/core/ref.h"
 #include "platform/files/folder_item.h"
 #include "platform/files/text_input_stream.h"
@@ -21,11 +22,12 @@ namespace morvantile {
 // Files are in the XML form. One in binary form, which begins with "bplist" in any letter case, is
 // copied to a file beside it, named as it and " temp.plist"; the program `plutil` turns the copy
 // into XML, and from then on the document works on the copy. Save puts it back over the file, in
-// binary form.
+// binary form. Where the file's folder takes no copy, it is made in a temporary folder, which goes
+// with the document.
 //
 // Nothing is shown, and nothing but wrong calls throws: a failure leaves `error` and
 // `errorMessage`. Neither Load nor Save clears them.
-class plist : public Object {
+class MORVANTILE_API plist : public Object {
  public:
   // Loads `file`; `flag` plays no part.
   plist(const Ref<FolderItem>& file, bool flag);
@@ -34,6 +36,7 @@ class plist : public Object {
   // A document from the bytes of a file, XML or binary. Its savePath is a temporary file that is
   // gone; Save creates it anew. Throws NilObjectException where no temporary file can be made.
   explicit plist(std::string_view text);
+  explicit plist(const char* text) = delete;  // is it a path? then New<FolderItem>(path)
 
   // The topmost node.
   Ref<plistDict> root;
@@ -45,9 +48,9 @@ class plist : public Object {
 
   // The file that Save writes; nil for a document without one.
   Ref<FolderItem> savePath;
-  // The lines of the file up to and including <dict>; the first stands at 1, behind a placeholder.
+  // The lines of the file up to and including <dict>; the first is at 1, behind a placeholder.
   std::vector<std::string> headers = {""};
-  // Whether a file in binary form has been read, and then that file.
+  // Whether a file in binary form has been read; stays set. And that file, if it was the last one.
   bool isBinary = false;
   Ref<FolderItem> org;
 
@@ -67,11 +70,16 @@ class plist : public Object {
   // Writes the document to savePath, in binary form if it was read so or `makeBinary` is set, and
   // with `cleanup` does Cleanup after that. Throws NilObjectException without a savePath.
   //
+  // A link stays a link, and the file that it leads to keeps its permissions, and its owner and
+  // group where the system allows that; so it is for a binary file that is put back.
+  //
   // If the file can't be opened the report is "Could not open file for saving", and if it can't be
   // written in full, or a binary file not be put back, "Could not save file"; the files are then as
-  // they were. The latter is also what comes of a binary file that could not be read: nothing is
-  // written in its place. If the converter fails, the file is written as text. `makeBinary` doesn't
-  // make the document one that is binary: the next Save() writes text.
+  // they were. The latter is also the report, and nothing is written, as long as the tree holds
+  // less than the file that was loaded: it exists and could not be opened, not be read to its end,
+  // or not be converted. PlistFromPlistDict makes a document of what is there, which can be saved.
+  // If the converter fails on the way back, the file is written as text. `makeBinary` doesn't make
+  // the document one that is binary: the next Save() writes text.
   virtual void Save(bool cleanup, bool makeBinary);
 
   // Replaces the tree by what is in `file`, and sets savePath to it. Where there is no `file`, the
@@ -85,7 +93,7 @@ class plist : public Object {
   //                            lines; the report is "Not a plist file"
   //   a binary file that the   the same, without the lines
   //   converter refuses
-  //   reading fails half-way   what stands in front of it is there; the report is the path and
+  //   reading fails half-way   what is in front of it has been read; the report is the path and
   //                            " could not be read to its end"
   //
   // `headers` is not cleared, so a second Load adds to it. A `templateFile` of nil is allowed only
@@ -97,8 +105,8 @@ class plist : public Object {
   // for it.
   virtual void Dump();
 
-  // Deletes the copy of a document from a binary file; nothing for another. A later Save makes it
-  // anew.
+  // Deletes the copy of a document from a binary file (savePath); nothing for another. A later Save
+  // makes it anew.
   virtual void Cleanup();
 
   // Save(false, false).
@@ -129,22 +137,25 @@ class plist : public Object {
   // The bytes that Save() writes, through a temporary file; of a document from a binary file that
   // is the binary form, and the file is written as well. If there is a report then, it is shown in
   // a message box. "" if no temporary file can be made.
-  virtual std::string asString();
+  [[nodiscard]] virtual std::string asString();
 
   // A new document, as plist(text) makes it. The object that this is called on plays no part.
-  virtual Ref<plist> FromString(std::string_view text);
+  [[nodiscard]] virtual Ref<plist> FromString(std::string_view text) const;
 
   // asString() encrypted with the Blowfish cipher; plist/cipher.h tells the layout and how
-  // to decrypt it. A key of no bytes or of more than 56 gives "" and the report "Could not
+  // to decrypt it. A key of no bytes or of more than 56 returns "" and the report "Could not
   // encrypt".
-  virtual std::string Encrypt(std::string_view key);
+  [[nodiscard]] virtual std::string Encrypt(std::string_view key);
 
  protected:
+  ~plist() override = default;  // as nodes, documents are not on the stack
+
   // Delivers the next scalar of a node or below it that holds `text`: in its text if `mode` is
   // "valueSearch", in its key if it is "keySearch"; another mode finds nothing.
   bool ReadStructure(const Ref<plistDict>& node, std::string_view text, std::string_view mode);
 
  private:
+  void LoadFrom(const Ref<FolderItem>& file, const Ref<FolderItem>& templateFile);
   void MakeEmpty(const std::string& report);
   Ref<TextInputStream> OpenConverted(const Ref<FolderItem>& file, const Ref<FolderItem>& source);
   void ReadHeaders(TextInputStream& stream, std::string line);
@@ -153,6 +164,8 @@ class plist : public Object {
   void Report(const std::string& message);
   static void YieldProcessorTIme(std::int64_t intervalMs, std::int64_t delayMs,
                                  std::int64_t& lastTick);
+
+  bool mayLose_ = false;  // The tree holds less than the file that Save would replace.
 };
 
 }  // namespace morvantile

@@ -4,6 +4,7 @@
 #include "platform/text/folding.h"
 #include "platform/text/text.h"
 #include "plist/plistDict.h"
+#include "plist/store/entries.h"
 
 namespace morvantile {
 
@@ -32,7 +33,11 @@ void plistDict::RemoveElement(std::int64_t number) {
     SetError(true, "Subscript out of range");
     return;
   }
-  if (entry->isContainer) RemoveChild(ChildPlace(key));
+  if (HasRepeatedNames()) {
+    RemoveAmongRepeated(number, last, entry->isContainer);
+  } else if (entry->isContainer) {
+    RemoveChild(ChildPlace(key));
+  }
   values.Remove(key);
   if (entries_.Listed().IsNumbered()) {
     MoveElementsDown(static_cast<std::size_t>(number));
@@ -41,9 +46,44 @@ void plistDict::RemoveElement(std::int64_t number) {
     types.Remove(key);
     for (std::int64_t i = number + 1; i <= last; ++i) RenumberElement(i);
   }
+  IndexChildren();
 }
 
-// Moves the elements behind `first` one number down; what stood there is lost, and the last number
+// Whether a key is in childrenNames twice, as a file may bring it.
+bool plistDict::HasRepeatedNames() const {
+  IndexChildren();
+  std::size_t different_names = 0;
+  entries_.ForEach([&](const Entry& entry) { different_names += entry.child != 0 ? 1 : 0; });
+  return childrenNames.size() > different_names + 1;
+}
+
+// Takes the nodes of the element `number` out where a file has repeated keys, if it is a container,
+// and gives those of the elements behind it, up to `last`, the number before theirs. The entries
+// forget the places of all nodes, which are to be found anew.
+void plistDict::RemoveAmongRepeated(std::int64_t number, std::int64_t last, bool isContainer) {
+  std::size_t kept = 1;
+  for (std::size_t place = 1; place < childrenNames.size(); ++place) {
+    std::string key = std::move(childrenNames[place]);
+    const Ref<plistDict> node = std::move(children[place]);
+    const std::int64_t own = CInt64(key);
+    const bool is_number = key == Str(own);
+    if (is_number && own == number && isContainer) continue;
+    if (is_number && own > number && own <= last) {
+      key = Str(own - 1);
+      if (node) node->name = key;
+    }
+    childrenNames[kept] = std::move(key);
+    children[kept++] = node;
+  }
+  while (children.size() > kept) {
+    childrenNames.pop_back();
+    children.pop_back();
+  }
+  entries_.ForEach([](Entry& entry) { entry.child = 0; });
+  entries_.indexedChildren = 1;
+}
+
+// Moves the elements behind `first` one number down; what was there is lost, and the last number
 // holds nothing but its type.
 void plistDict::MoveElementsDown(std::size_t first) {
   Dictionary<Entry>& elements = entries_.Listed();
@@ -73,7 +113,7 @@ void plistDict::RenameChild(const Entry& entry, const std::string& key) {
   if (children[entry.child]) children[entry.child]->name = key;
 }
 
-// Takes the node at a place out; 0 stands for none.
+// Takes the node at a place out; 0 is none.
 void plistDict::RemoveChild(std::size_t place) {
   if (place == 0) return;
   const std::string key = std::move(childrenNames[place]);
@@ -81,13 +121,14 @@ void plistDict::RemoveChild(std::size_t place) {
   childrenNames.erase(place);
   const Ref<plistDict> removed = std::move(children[place]);
   children.erase(place);
-  --indexedChildren_;
+  --entries_.indexedChildren;
 
   if (place < childrenNames.size()) {
     entries_.ForEach([place](Entry& entry) { entry.child -= entry.child > place ? 1 : 0; });
   }
-  const auto next = std::find_if(childrenNames.begin() + distance, childrenNames.end(),
-                                 [&](const std::string& other) { return SameText(other, key); });
+  const auto* const next =
+      std::find_if(childrenNames.begin() + distance, childrenNames.end(),
+                   [&](const std::string& other) { return SameText(other, key); });
   if (Entry* const entry = entries_.Find(key)) {
     const bool is_repeated = next != childrenNames.end();
     entry->child = is_repeated ? static_cast<std::uint32_t>(next - childrenNames.begin()) : 0;

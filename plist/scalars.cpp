@@ -3,6 +3,7 @@
 #include "platform/text/text.h"
 #include "plist/plistDict.h"
 #include "plist/report.h"
+#include "plist/store/entries.h"
 
 namespace morvantile {
 namespace {
@@ -12,12 +13,10 @@ std::string_view WordFor(bool value) { return value ? "true" : "false"; }
 }  // namespace
 
 std::string plistDict::GetValue(std::string_view key, std::string_view standard) {
-  const Entry* entry = entries_.FindListed(key);
-  if (entry == nullptr) {
-    SetString(key, standard);
-    entry = entries_.FindListed(key);
-  }
-  return std::string(TextOf(*entry, key));
+  if (const Entry* const entry = entries_.FindListed(key)) return std::string(TextOf(*entry, key));
+  const std::string kept(key);
+  SetString(kept, standard);
+  return GetValue(kept);
 }
 
 std::string plistDict::GetValue(std::string_view key) { return GetValue(key, ""); }
@@ -35,10 +34,11 @@ std::string plistDict::GetData(std::string_view key, std::string_view standard) 
 std::string plistDict::GetData(std::string_view key) { return GetData(key, ""); }
 
 std::int64_t plistDict::GetInteger(std::string_view key, std::int64_t standard) {
-  const Entry* entry = entries_.FindListed(key);
+  const Entry* const entry = entries_.FindListed(key);
   if (entry == nullptr) {
-    SetInteger(key, static_cast<double>(standard));
-    entry = entries_.FindListed(key);
+    const std::string kept(key);
+    SetInteger(kept, static_cast<double>(standard));
+    return GetInteger(kept);
   }
   if (!TypeOK(*entry, key)) return 0;
   return IsDate(*entry, key) ? -1 : CInt64(TextOf(*entry, key));
@@ -47,10 +47,11 @@ std::int64_t plistDict::GetInteger(std::string_view key, std::int64_t standard) 
 std::int64_t plistDict::GetInteger(std::string_view key) { return GetInteger(key, 0); }
 
 double plistDict::GetReal(std::string_view key, double standard) {
-  const Entry* entry = entries_.FindListed(key);
+  const Entry* const entry = entries_.FindListed(key);
   if (entry == nullptr) {
-    SetReal(key, standard);
-    entry = entries_.FindListed(key);
+    const std::string kept(key);
+    SetReal(kept, standard);
+    return GetReal(kept);
   }
   if (!TypeOK(*entry, key)) return 0;
   return IsDate(*entry, key) ? -1 : CDbl(TextOf(*entry, key));
@@ -58,31 +59,36 @@ double plistDict::GetReal(std::string_view key, double standard) {
 
 double plistDict::GetReal(std::string_view key) { return GetReal(key, 0); }
 
-// The text of an entry, after clearing the report; "" with a report for an entry without one.
-std::string_view plistDict::TextOf(const Entry& entry, std::string_view key) {
-  ClearReport();
+// The text of an entry, and clears the report; "" with a report for an entry without one.
+std::string_view plistDict::TextOf(const Entry& entry, std::string_view key) const {
   if (!entry.hasText) {
     SetError(true, std::string("Key ").append(key).append(" does not exist"));
     return "";
   }
-  return TypeOK(entry, key) ? entry.text.View() : "";
+  if (!TypeOK(entry, key)) return "";
+  ClearReport();
+  return entry.text.View();
 }
 
 // Whether the entry is a "date", which is no number; if so, with the report.
-bool plistDict::IsDate(const Entry& entry, std::string_view key) {
+bool plistDict::IsDate(const Entry& entry, std::string_view key) const {
   if (!SameText(entry.type.View(), "date")) return false;
   SetError(true, report::TypeMismatch(key, "date"));
   return true;
 }
 
 bool plistDict::GetBoolean(std::string_view key, bool standard) {
-  if (!Exists(key)) SetBoolean(key, standard);
-  const Entry& entry = *entries_.FindListed(key);
-  if (!SameText(entry.type.View(), "boolean")) {
-    SetError(true, report::TypeMismatch(key, entry.type.View()));
+  const Entry* const entry = entries_.FindListed(key);
+  if (entry == nullptr) {
+    const std::string kept(key);
+    SetBoolean(kept, standard);
+    return GetBoolean(kept);
+  }
+  if (!SameText(entry->type.View(), "boolean")) {
+    SetError(true, report::TypeMismatch(key, entry->type.View()));
     return false;
   }
-  return SameText(entry.text.View(), "true");
+  return SameText(entry->text.View(), "true");
 }
 
 bool plistDict::GetBoolean(std::string_view key) { return GetBoolean(key, true); }
@@ -110,9 +116,9 @@ void plistDict::SetData(std::string_view key, std::string_view value) {
 
 void plistDict::AppendBoolean(bool value) { AppendScalar("boolean", WordFor(value)); }
 
-// Stores a scalar, unless CheckType refuses it.
+// Stores a scalar, unless CheckType refuses it. The arguments may be the report, so that is cleared
+// last, as in all operations.
 void plistDict::Store(std::string_view key, std::string_view type, std::string_view text) {
-  ClearReport();
   Entry& entry = entries_.List(key);
   if (entry.hasType && !SameText(entry.type.View(), type)) {
     SetError(true, report::TypeMismatch(key, entry.type.View()));
@@ -121,6 +127,7 @@ void plistDict::Store(std::string_view key, std::string_view type, std::string_v
   entry.SetText(text);
   entry.SetMark(false);
   entry.SetType(type);
+  ClearReport();
 }
 
 }  // namespace morvantile

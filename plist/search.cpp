@@ -4,11 +4,11 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/core/background.h"
 #include "platform/text/folding.h"
 #include "platform/text/text_search.h"
 #include "plist/plist.h"
 #include "plist/plistDict.h"
+#include "plist/store/entries.h"
 #include "plist/store/prefetch.h"
 
 namespace morvantile {
@@ -24,7 +24,6 @@ class ScalarWalk {
     if (entry_ != nullptr) node_->MoveNext();
     entry_ = nullptr;
     while (!nodes_.empty()) {
-      RuntimeBackgroundTask();
       if (Step()) return true;
     }
     return false;
@@ -46,7 +45,7 @@ class ScalarWalk {
     nodes_.push_back(&node);
   }
 
-  // Looks at what the innermost cursor is at, and gives whether that is a scalar.
+  // Looks at what the innermost cursor is at, and returns whether that is a scalar.
   bool Step() {
     node_ = nodes_.back();
     Dictionary<Entry>& entries = node_->entries_.Listed();
@@ -80,21 +79,23 @@ class ScalarWalk {
 };
 
 bool plist::Find(std::string_view text) {
+  const std::string wanted(text);
   foundDict = nullptr;
   foundKey.clear();
   foundValue.clear();
   foundType.clear();
   ClearSearch(root);
-  lastSearch = text;
-  return ReadStructure(root, text, "valueSearch");
+  lastSearch = wanted;
+  return ReadStructure(root, wanted, "valueSearch");
 }
 
 bool plist::FindNext(std::string_view text) {
-  if (!SameText(text, lastSearch)) {
+  const std::string wanted(text);
+  if (!SameText(wanted, lastSearch)) {
     ClearSearch(root);
-    lastSearch = text;
+    lastSearch = wanted;
   }
-  return ReadStructure(root, text, "valueSearch");
+  return ReadStructure(root, wanted, "valueSearch");
 }
 
 void plist::ClearSearch(const Ref<plistDict>& node) {

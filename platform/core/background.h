@@ -3,15 +3,17 @@
 #ifndef MORVANTILE_PLATFORM_CORE_BACKGROUND_H
 #define MORVANTILE_PLATFORM_CORE_BACKGROUND_H
 
+#include "platform/core/export.h"
+
 namespace morvantile {
 
 // What RuntimeBackgroundTask calls, or null, as it is at first. A host that has work of its own to
 // do puts it here; it runs on the thread of the loop and must not throw.
 using BackgroundTask = void (*)();
-inline constinit BackgroundTask background_task = nullptr;
+MORVANTILE_API extern BackgroundTask background_task;
 
-// Gives other work a turn. Called in each pass of each loop of the library, and costs next to
-// nothing where no host has work.
+// Gives other work a turn. Called in each pass of the loops that read, write and dump a tree, and
+// costs next to nothing where no host has work.
 inline void RuntimeBackgroundTask() {
   if (background_task != nullptr) [[unlikely]] {
     background_task();

@@ -19,7 +19,7 @@ constexpr std::size_t kLargestSlab = std::size_t{2} << 20;  // a large page of t
 constexpr std::size_t kLargestPiece = 1024;
 constexpr std::size_t kSlabsUser = std::size_t{1} << 62;
 
-// In front of each piece: how far behind the beginning of its slab it stands, 0 for a block of its
+// In front of each piece: how far behind the beginning of its slab it is, 0 for a block of its
 // own.
 using Distance = std::uint64_t;
 

@@ -8,7 +8,7 @@
 
 namespace morvantile {
 
-// As long as one exists on a thread, the pieces that AllocateBulk gives to this thread stand side
+// As long as one exists on a thread, the pieces that AllocateBulk returns to this thread are side
 // by side in slabs: making and releasing a million of them takes a few hundred calls of the heap,
 // and large slabs ask the system for large pages. A slab goes back when the last of its pieces has
 // been released, by whichever thread; until then one piece keeps all of it. So this is for what is
@@ -25,10 +25,10 @@ class BulkScope {
 // is large. Throws std::bad_alloc.
 void* AllocateBulk(std::size_t size);
 
-// Releases what AllocateBulk gave for that size.
+// Releases what AllocateBulk returned for that size.
 void ReleaseBulk(void* memory, std::size_t size) noexcept;
 
-// The allocator of containers that stand in such memory.
+// The allocator of containers in such memory.
 template <typename T>
 struct BulkAllocator {
   using value_type = T;

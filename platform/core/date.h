@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <string_view>
 
+#include "platform/core/export.h"
 #include "platform/core/ref.h"
 
 namespace morvantile {
@@ -19,7 +20,7 @@ namespace morvantile {
 // February is 1 or 2 March, the day 0 is the last of the month before, and the hour -1 is 23
 // o'clock of the day before. Every setter carries over at once. Numbers beyond 10^15 either way are
 // taken as that.
-class Date : public Object {
+class MORVANTILE_API Date : public Object {
  public:
   // The present moment.
   Date();
@@ -58,10 +59,10 @@ class Date : public Object {
 };
 
 // Sets `date` to midnight of the day that `text` names by month, day and year, in this order: three
-// numbers in digits, separated by "/", blanks around them allowed. The year is taken as it stands;
+// numbers in digits, separated by "/", blanks around them allowed. The year is taken as it is;
 // 99 is not 1999. Numbers out of range carry over. Returns false and leaves `date` alone if the
 // text has another form.
-bool ParseDate(std::string_view text, Date& date);
+MORVANTILE_API bool ParseDate(std::string_view text, Date& date);
 
 }  // namespace morvantile
 

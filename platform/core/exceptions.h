@@ -7,6 +7,8 @@
 #include <stdexcept>
 #include <string>
 
+#include "platform/core/export.h"
+
 namespace morvantile {
 
 class RuntimeException : public std::runtime_error {
@@ -15,20 +17,20 @@ class RuntimeException : public std::runtime_error {
 };
 
 // A nil reference was used as an object.
-class NilObjectException : public RuntimeException {
+class MORVANTILE_API NilObjectException : public RuntimeException {
  public:
   NilObjectException() : RuntimeException("use of a nil object") {}
 };
 
 // A Dictionary was asked for the value of a key that it does not hold.
-class KeyNotFoundException : public RuntimeException {
+class MORVANTILE_API KeyNotFoundException : public RuntimeException {
  public:
   explicit KeyNotFoundException(const std::string& key)
       : RuntimeException("key not found: " + key) {}
 };
 
 // A position outside an array, a Dictionary or a text.
-class OutOfBoundsException : public RuntimeException {
+class MORVANTILE_API OutOfBoundsException : public RuntimeException {
  public:
   OutOfBoundsException() : RuntimeException("position out of bounds") {}
 };

@@ -7,8 +7,8 @@
 
 namespace morvantile {
 
-// `value` without its fraction, towards zero. A value outside the range of the result gives the
-// nearest end of that range, and a NaN gives 0.
+// `value` without its fraction, towards zero. A value outside the range of the result becomes the
+// nearest end of that range, and a NaN becomes 0.
 std::int64_t Truncate(double value);
 
 }  // namespace morvantile

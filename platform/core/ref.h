@@ -7,14 +7,14 @@
 #include <cstddef>
 #include <utility>
 
-#include "platform/core/bulk_memory.h"
 #include "platform/core/exceptions.h"
+#include "platform/core/export.h"
 
 namespace morvantile {
 
 // Base of everything that a Ref or a BackRef can refer to. The count is not atomic: an object and
 // all references to it belong to one thread at a time.
-class Object {
+class MORVANTILE_API Object {
  public:
   Object() = default;
   Object(const Object&) = delete;
@@ -31,45 +31,43 @@ class Object {
 
   // What back references share: it outlives the object as long as one of them does.
   struct Anchor {
-    Object* target;
+    const Object* target;
     std::size_t count;
-
-    static void* operator new(std::size_t size) { return AllocateBulk(size); }
-    static void operator delete(void* anchor, std::size_t size) { ReleaseBulk(anchor, size); }
-
-    static void Release(Anchor* anchor);
   };
 
-  Anchor* AnchorForBackRef() {
-    if (anchor_ == nullptr) anchor_ = new Anchor{this, 1};
-    ++anchor_->count;
-    return anchor_;
-  }
+  Anchor* AnchorForBackRef() const;
+  static void Release(Anchor* anchor);
 
-  void Retain() { ++count_; }
-  void Release() {
+  void Retain() const { ++count_; }
+  void Release() const {
     if (--count_ == 0) delete this;
   }
 
-  std::size_t count_ = 0;
-  Anchor* anchor_ = nullptr;
+  mutable std::size_t count_ = 0;
+  mutable Anchor* anchor_ = nullptr;
 };
+
+template <typename T>
+class BackRef;
 
 // An owning reference, or nil. Dereferencing nil throws NilObjectException.
 template <typename T>
-class Ref {
+class MORVANTILE_API Ref {
  public:
   Ref() = default;
   Ref(std::nullptr_t) {}
   explicit Ref(T* object) : object_(object) { Retain(); }
   Ref(const Ref& other) : object_(other.object_) { Retain(); }
   Ref(Ref&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
-  template <std::derived_from<T> U>
-  Ref(const Ref<U>& other) : object_(other.get()) {
-    Retain();
-  }
+  template <typename U>
+  requires std::convertible_to<U*, T*> Ref(const Ref<U>& other)
+      : Ref(static_cast<T*>(other.get())) {}
+  // Nil once the target is gone.
+  template <typename U>
+  requires std::convertible_to<U*, T*> Ref(const BackRef<U>& other)
+      : Ref(static_cast<T*>(other.get())) {}
   ~Ref() {
-    if (object_ != nullptr) static_cast<Object*>(object_)->Release();
+    if (object_ != nullptr) static_cast<const Object*>(object_)->Release();
   }
 
   // Lets go of the object held, and holds the other's.
@@ -82,10 +80,10 @@ class Ref {
   T* operator->() const { return Checked(); }
   T& operator*() const { return *Checked(); }
   // The object, or a null pointer for nil; valid as long as a Ref holds it.
-  T* get() const { return object_; }
+  [[nodiscard]] T* get() const { return object_; }
   explicit operator bool() const { return object_ != nullptr; }
   // Whether no other Ref holds the object; false for nil.
-  bool IsOnlyOwner() const {
+  [[nodiscard]] bool IsOnlyOwner() const {
     return object_ != nullptr && static_cast<const Object*>(object_)->count_ == 1;
   }
 
@@ -95,7 +93,7 @@ class Ref {
 
  private:
   void Retain() {
-    if (object_ != nullptr) static_cast<Object*>(object_)->Retain();
+    if (object_ != nullptr) static_cast<const Object*>(object_)->Retain();
   }
   T* Checked() const {
     if (object_ == nullptr) throw NilObjectException();
@@ -107,25 +105,27 @@ class Ref {
 
 // Makes an object and the first reference to it.
 template <typename T, typename... Args>
-Ref<T> New(Args&&... args) {
+[[nodiscard]] Ref<T> New(Args&&... args) {
   return Ref<T>(new T(std::forward<Args>(args)...));
 }
 
-// A reference that owns nothing and reads as nil once its target is gone.
+// A reference that owns nothing and reads as nil once its target is gone. Assigned to a Ref, it
+// becomes one that owns.
 template <typename T>
-class BackRef {
+class MORVANTILE_API BackRef {
  public:
   BackRef() = default;
   BackRef(std::nullptr_t) {}
   BackRef(T* target)
-      : anchor_(target == nullptr ? nullptr : static_cast<Object*>(target)->AnchorForBackRef()) {}
+      : anchor_(target == nullptr ? nullptr
+                                  : static_cast<const Object*>(target)->AnchorForBackRef()) {}
   BackRef(const Ref<T>& target) : BackRef(target.get()) {}
   BackRef(const BackRef& other) : anchor_(other.anchor_) {
     if (anchor_ != nullptr) ++anchor_->count;
   }
   BackRef(BackRef&& other) noexcept : anchor_(std::exchange(other.anchor_, nullptr)) {}
   ~BackRef() {
-    if (anchor_ != nullptr) Object::Anchor::Release(anchor_);
+    if (anchor_ != nullptr) Object::Release(anchor_);
   }
 
   // Refers to what the other refers to.
@@ -135,7 +135,10 @@ class BackRef {
   }
 
   // The target, or a null pointer once it is gone.
-  T* get() const { return anchor_ == nullptr ? nullptr : static_cast<T*>(anchor_->target); }
+  [[nodiscard]] T* get() const {
+    if (anchor_ == nullptr) return nullptr;
+    return const_cast<T*>(static_cast<const T*>(anchor_->target));
+  }
   // Throws NilObjectException once the target is gone.
   T* operator->() const {
     T* target = get();

@@ -10,10 +10,12 @@
 #include <utility>
 #include <variant>
 
+#include "platform/core/export.h"
+
 namespace morvantile {
 
 // An integer or a String, for arguments that take either.
-class Variant {
+class MORVANTILE_API Variant {
  public:
   template <std::integral Integer>
   Variant(Integer value) : value_(static_cast<std::int64_t>(value)) {}

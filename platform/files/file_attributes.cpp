@@ -1,10 +1,7 @@
 #include "platform/files/file_attributes.h"
 
-#include <unistd.h>
-
-#ifdef __linux__
 #include <sys/xattr.h>
-#endif
+#include <unistd.h>
 
 #include <cstddef>
 #include <string>
@@ -23,8 +20,6 @@ mode_t WithoutGroup(mode_t mode) {
   const mode_t as_others = (mode & S_IRWXO) << 3U;
   return mode & (~static_cast<mode_t>(S_IRWXG) | as_others);
 }
-
-#ifdef __linux__
 
 namespace {
 
@@ -50,11 +45,5 @@ void CopyExtendedAttributes(int from, int to) {
     CopyExtendedAttribute(from, to, &names[at]);
   }
 }
-
-#else
-
-void CopyExtendedAttributes(int /*from*/, int /*to*/) {}
-
-#endif
 
 }  // namespace morvantile

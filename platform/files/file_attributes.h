@@ -16,7 +16,7 @@ bool KeepOwner(int file, const struct stat& old);
 mode_t WithoutGroup(mode_t mode);
 
 // Copies the extended attributes of the open file `from` to `to`, the access list among them.
-// Those that the system refuses are left out. Does nothing on systems other than Linux.
+// Those that the system refuses are left out.
 void CopyExtendedAttributes(int from, int to);
 
 }  // namespace morvantile

@@ -14,6 +14,11 @@
 
 namespace morvantile {
 
+enum class Links {
+  kFollow,   // A link at the target stays, and the file that it leads to is replaced or made.
+  kReplace,  // A link at the target is replaced itself; nothing is written through it.
+};
+
 // The content is collected in a new file in the target's folder, which takes the target's name in
 // Commit. Until then the target stays as it is, so a full disk, a crash or a kill at any moment
 // leaves the old file or the new one, whole. The new file can't be predicted or planted: it has no
@@ -23,10 +28,6 @@ namespace morvantile {
 // A target that is new is readable and writable by its owner alone (0600).
 class FileReplacement {
  public:
-  enum class Links {
-    kFollow,   // A link at the target stays, and the file that it leads to is replaced or made.
-    kReplace,  // A link at the target is replaced itself; nothing is written through it.
-  };
   enum class Durability {
     kSynced,     // The content is on the disk before the target's name leads to it.
     kTemporary,  // For files that need not outlive the machine's next crash.

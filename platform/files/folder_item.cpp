@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "platform/core/owned_descriptor.h"
+#include "platform/files/file_replacement.h"
 #include "platform/files/private_folder.h"
 
 namespace morvantile {
@@ -89,20 +90,20 @@ std::string FolderItem::ShellPath() const {
 }
 
 bool FolderItem::CopyFileTo(const Ref<FolderItem>& destination) const {
-  return CopyTo(*destination, FileReplacement::Links::kReplace);
+  return CopyTo(*destination, Links::kReplace);
 }
 
 bool FolderItem::CopyContentTo(const Ref<FolderItem>& destination) const {
-  return CopyTo(*destination, FileReplacement::Links::kFollow);
+  return CopyTo(*destination, Links::kFollow);
 }
 
-bool FolderItem::CopyTo(const FolderItem& target, FileReplacement::Links links) const {
+bool FolderItem::CopyTo(const FolderItem& target, Links links) const {
   const OwnedDescriptor source(open(path_.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
   struct stat status {};
   if (fstat(source.get(), &status) != 0 || !S_ISREG(status.st_mode)) return false;
   const auto replacement = target.BeginReplacement(links);
   if (replacement == nullptr || !CopyBytes(source.get(), *replacement)) return false;
-  if (links == FileReplacement::Links::kReplace) replacement->SetPermissions(status.st_mode);
+  if (links == Links::kReplace) replacement->SetPermissions(status.st_mode);
   return replacement->Commit();
 }
 
@@ -113,7 +114,7 @@ bool FolderItem::Delete() const {
 }
 
 Ref<TextOutputStream> FolderItem::CreateTextFile() const {
-  auto replacement = BeginReplacement(FileReplacement::Links::kFollow);
+  auto replacement = BeginReplacement(Links::kFollow);
   if (replacement == nullptr) return nullptr;
   return New<TextOutputStream>(std::move(replacement));
 }
@@ -127,7 +128,7 @@ bool FolderItem::CreateAsFolder() const {
   return stat(path_.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
-std::unique_ptr<FileReplacement> FolderItem::BeginReplacement(FileReplacement::Links links) const {
+std::unique_ptr<FileReplacement> FolderItem::BeginReplacement(Links links) const {
   if (private_folder_ != nullptr && !private_folder_->Ensure()) return nullptr;
   return FileReplacement::Begin(path_, links,
                                 private_folder_ != nullptr ? FileReplacement::Durability::kTemporary

@@ -32,12 +32,8 @@ Ref<FolderItem> InHome(const char* path) {
 }  // namespace
 
 Ref<FolderItem> SpecialFolder::ApplicationData() {
-#ifdef __APPLE__
-  return InHome("Library/Application Support");
-#else
   const std::string named = AbsolutePathInEnvironment("XDG_CONFIG_HOME");
   return named.empty() ? InHome(".config") : New<FolderItem>(named);
-#endif
 }
 
 }  // namespace morvantile

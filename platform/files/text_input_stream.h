@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/core/export.h"
 #include "platform/core/ref.h"
 #include "platform/files/folder_item.h"
 
@@ -16,11 +17,11 @@ namespace morvantile {
 // The text of a file. Bytes come out as they are in the file, those that are not UTF-8 and NULs
 // included. A line ends at LF, CRLF or CR, or at the end of the file. Time and memory are linear in
 // the longest line; a file that shrinks or grows meanwhile is read as far as it goes.
-class TextInputStream : public Object {
+class MORVANTILE_API TextInputStream : public Object {
  public:
   // Opens `file` at its start; or nil if it doesn't exist, may not be read, or is no regular file
   // (a folder, a pipe, a device). Links are followed. Throws NilObjectException for a nil file.
-  static Ref<TextInputStream> Open(const Ref<FolderItem>& file);
+  [[nodiscard]] static Ref<TextInputStream> Open(const Ref<FolderItem>& file);
 
   ~TextInputStream() override;
 
@@ -37,8 +38,8 @@ class TextInputStream : public Object {
   // What has not been read yet, line ends as they are.
   std::string ReadAll();
 
-  // Whether the file could not be read to its end; the lines until then have been given.
-  bool ReadError() const { return failed_; }
+  // Whether the file could not be read to its end; the lines until then have been returned.
+  [[nodiscard]] bool ReadError() const { return failed_; }
 
   // Gives up the file; the stream is at its end then. A further call does nothing.
   void Close();

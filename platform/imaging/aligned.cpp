@@ -1,8 +1,6 @@
 #include "platform/imaging/aligned.h"
 
-#ifdef __linux__
 #include <sys/mman.h>
-#endif
 
 namespace morvantile {
 namespace {
@@ -16,10 +14,8 @@ AlignedBytes MakeAlignedBytes(std::size_t size) {
   const std::size_t alignment = large ? kLargePage : kAlignment;
   const std::size_t whole = (size + alignment - 1) / alignment * alignment;
   AlignedBytes bytes(static_cast<std::uint8_t*>(std::aligned_alloc(alignment, whole)));
-#ifdef MADV_HUGEPAGE
   // It is a wish; nothing is lost if it isn't granted.
   if (large && bytes != nullptr) madvise(bytes.get(), whole, MADV_HUGEPAGE);
-#endif
   return bytes;
 }
 

@@ -8,8 +8,8 @@
 #include <memory>
 #include <string>
 
+#include "platform/core/export.h"
 #include "platform/core/ref.h"
-#include "platform/imaging/aligned.h"
 
 namespace morvantile {
 
@@ -27,15 +27,15 @@ struct PictureMetadata {
 // in this order, 0 to 255 each, the colours not multiplied by alpha. Rows begin `stride` bytes
 // apart, stride >= 4 * width. A picture that isn't marked as having alpha is opaque, whatever its
 // alpha bytes hold.
-class Picture : public Object {
+class MORVANTILE_API Picture : public Object {
  public:
   // The largest pixel storage that a picture may have, in bytes.
   static constexpr std::int64_t kMaxBytes = std::int64_t{1} << 30;
 
   // A picture of `width` x `height` pixels, each at least 1, with storage of its own whose content
-  // is not set. Rows begin and end at multiples of kAlignment. Nil if it would need more than
-  // kMaxBytes or memory that there isn't. If nobody else holds the picture in `spare` and its
-  // storage is large enough, the new one takes that over.
+  // is not set; rows begin at multiples of 64 bytes. Nil if it would need more than kMaxBytes or
+  // memory that there isn't. If nobody else holds the picture in `spare` and its storage is large
+  // enough, the new one takes that over.
   static Ref<Picture> Create(std::int64_t width, std::int64_t height, bool hasAlpha,
                              Ref<Picture> spare = nullptr);
 
@@ -53,18 +53,21 @@ class Picture : public Object {
 
   const std::uint8_t* Row(int y) const { return pixels_ + stride_ * y; }
   // The row for writing; null for a picture made by Wrap.
-  std::uint8_t* MutableRow(int y) { return own_ == nullptr ? nullptr : own_.get() + stride_ * y; }
+  std::uint8_t* MutableRow(int y) {
+    return writable_ == nullptr ? nullptr : writable_ + stride_ * y;
+  }
 
  private:
   Picture() = default;
+  static Ref<Picture> WithStorage(std::size_t bytes);
 
   int width_ = 0;
   int height_ = 0;
   std::ptrdiff_t stride_ = 0;
   bool hasAlpha_ = false;
   const std::uint8_t* pixels_ = nullptr;
-  AlignedBytes own_;
-  std::size_t ownBytes_ = 0;  // what of `own_` could be used
+  std::uint8_t* writable_ = nullptr;
+  std::size_t writableBytes_ = 0;
   std::shared_ptr<const void> keeper_;
 };
 

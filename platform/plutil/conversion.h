@@ -12,7 +12,7 @@ namespace morvantile::plutil {
 
 enum class Form { kXml, kBinary };
 
-// Converts the property list in `content`, in either form, to `form` and gives the result to
+// Converts the property list in `content`, in either form, to `form` and passes the result to
 // `sink`, piece by piece. `content` is used as working space. Returns nothing on success, else what
 // is wrong, in a few words; what the sink got until then is of no use.
 //

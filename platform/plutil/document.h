@@ -24,7 +24,7 @@ enum class Kind : std::uint8_t {
   kDate,  // Seconds since 2001-01-01T00:00:00Z, as a real.
   kUid,   // A reference of a keyed archive: a number of 64 bits without a sign.
   kData,  // Bytes.
-  kText,  // UTF-8; bytes that are not may stand in what an XML file held.
+  kText,  // UTF-8; bytes that are not may be in what an XML file held.
   kArray,
   kDict,
 };

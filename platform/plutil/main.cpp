@@ -44,8 +44,8 @@ std::optional<std::string> ConvertFile(const Command& command) {
   std::string content = input->ReadAll();
   if (input->ReadError()) return "the file cannot be read to its end";
 
-  const auto replacement = FileReplacement::Begin(
-      file->AbsolutePath(), FileReplacement::Links::kFollow, FileReplacement::Durability::kSynced);
+  const auto replacement = FileReplacement::Begin(file->AbsolutePath(), Links::kFollow,
+                                                  FileReplacement::Durability::kSynced);
   if (replacement == nullptr) return "the file cannot be written";
   const auto append = [&](std::string_view bytes) { replacement->Append(bytes); };
   if (auto problem = Convert(content, command.form, append)) return problem;

@@ -166,7 +166,7 @@ bool XmlReader::ReadTree() {
   return true;
 }
 
-// Goes to the next tag or the end of the file. What stands before it may be blanks and markup that
+// Goes to the next tag or the end of the file. What is before it may be blanks and markup that
 // says nothing; else `problem` is what is wrong.
 bool XmlReader::NextTag(std::string_view problem) {
   while (NextMarkup()) {

@@ -39,7 +39,7 @@ class XmlScanner {
 
   Markup Is() const { return markup_; }
 
-  // The text between this piece of markup and the one before, as it stands in the file.
+  // The text between this piece of markup and the one before, as it is in the file.
   std::span<char> Text() const { return text_; }
 
   // Whether the text holds neither a carriage return nor an ampersand.
@@ -48,7 +48,7 @@ class XmlScanner {
   // Of a tag, the name of its element.
   std::string_view Name() const { return name_; }
 
-  // What a kCData holds, as it stands in the file.
+  // What a kCData holds, as it is in the file.
   std::span<char> CData() const { return cdata_; }
 
   // Of a kXmlDeclaration, the encoding that it names; empty if it names none.

@@ -8,10 +8,10 @@
 
 namespace morvantile {
 
-// This process's environment, with the converter's folder first in PATH.
+// This process's environment, with a folder first in PATH unless its name is empty.
 class CommandEnvironment {
  public:
-  CommandEnvironment();
+  explicit CommandEnvironment(const std::string& firstFolder);
   CommandEnvironment(const CommandEnvironment&) = delete;
   CommandEnvironment& operator=(const CommandEnvironment&) = delete;
 

@@ -12,6 +12,7 @@
 #include <csignal>
 #include <cstddef>
 #include <optional>
+#include <utility>
 
 #include "platform/core/owned_descriptor.h"
 #include "platform/process/command_environment.h"
@@ -28,7 +29,7 @@ constexpr int kKilledAtLimit = -1;
 // A command that runs, and the pipe that it writes to.
 class RunningCommand {
  public:
-  explicit RunningCommand(const std::string& command);
+  RunningCommand(const std::string& command, char* const* environment);
 
   // The status of the command once it has ended.
   std::optional<int> Ended() const;
@@ -37,7 +38,7 @@ class RunningCommand {
   void Kill() const;
 
  private:
-  static pid_t Spawn(const std::string& command, int output);
+  static pid_t Spawn(const std::string& command, char* const* environment, int output);
 
   pid_t process_ = -1;
   OwnedDescriptor output_;
@@ -45,12 +46,14 @@ class RunningCommand {
 
 }  // namespace
 
-Shell::Shell(std::chrono::milliseconds limit) : limit_(limit) {}
+Shell::Shell(std::chrono::milliseconds limit, std::string firstFolder)
+    : limit_(limit), first_folder_(std::move(firstFolder)) {}
 
 void Shell::Execute(const std::string& command) {
   const Clock::time_point deadline = Clock::now() + limit_;
   result_.clear();
-  RunningCommand running(command);
+  CommandEnvironment environment(first_folder_);
+  RunningCommand running(command, environment.Pointers());
   std::optional<int> status = running.Ended();
   while (!status && Clock::now() < deadline) {
     running.WaitForNews();
@@ -64,22 +67,21 @@ void Shell::Execute(const std::string& command) {
 
 namespace {
 
-RunningCommand::RunningCommand(const std::string& command) {
+RunningCommand::RunningCommand(const std::string& command, char* const* environment) {
   std::array<int, 2> ends{};
   if (pipe(ends.data()) != 0) return;
   for (const int end : ends) fcntl(end, F_SETFD, FD_CLOEXEC);
   fcntl(ends[0], F_SETFL, O_NONBLOCK);
   output_ = OwnedDescriptor(ends[0]);
   const OwnedDescriptor input(ends[1]);
-  process_ = Spawn(command, input.get());
+  process_ = Spawn(command, environment, input.get());
 }
 
-pid_t RunningCommand::Spawn(const std::string& command, int output) {
+pid_t RunningCommand::Spawn(const std::string& command, char* const* environment, int output) {
   std::string shell = "sh";
   std::string option = "-c";
   std::string text = command;
   std::array<char*, 4> arguments = {shell.data(), option.data(), text.data(), nullptr};
-  CommandEnvironment environment;
 
   posix_spawn_file_actions_t files{};
   posix_spawn_file_actions_init(&files);
@@ -99,8 +101,8 @@ pid_t RunningCommand::Spawn(const std::string& command, int output) {
                            POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
 
   pid_t process = -1;
-  const int error = posix_spawn(&process, "/bin/sh", &files, &attributes, arguments.data(),
-                                environment.Pointers());
+  const int error =
+      posix_spawn(&process, "/bin/sh", &files, &attributes, arguments.data(), environment);
   posix_spawnattr_destroy(&attributes);
   posix_spawn_file_actions_destroy(&files);
   return error == 0 ? process : -1;

@@ -10,15 +10,13 @@
 
 namespace morvantile {
 
-// Runs command lines in the system's shell, /bin/sh. In them `plutil` is this project's converter,
-// whatever the user's PATH says: its folder comes first in the command's PATH. That is the first of
-// these which holds it: "libexec/morvantile" beside the folder of the running program, the one that
-// was installed with this library, and the one that was set when the project was built. On macOS it
-// is the system's own.
+// Runs command lines in the system's shell, /bin/sh.
 class Shell : public Object {
  public:
-  // A command that takes longer than `limit` is killed, with what it has started.
-  explicit Shell(std::chrono::milliseconds limit = std::chrono::minutes(2));
+  // A command that takes longer than `limit` is killed, with what it has started. It finds programs
+  // in `firstFolder`, unless that is empty, before those of the user's PATH.
+  explicit Shell(std::chrono::milliseconds limit = std::chrono::minutes(2),
+                 std::string firstFolder = "");
 
   // Runs `command` and returns when it has ended. The command reads nothing, runs in the current
   // folder and in a process group of its own, and starts without blocked or ignored signals. What
@@ -34,6 +32,7 @@ class Shell : public Object {
 
  private:
   std::chrono::milliseconds limit_;
+  std::string first_folder_;
   int error_code_ = -1;
   std::string result_;
 };

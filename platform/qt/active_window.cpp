@@ -106,6 +106,14 @@ bool AnotherWindowIsActive(const QWidget& window) {
   return *active != window.winId();
 }
 
+bool ASwitchMayBeUnderWay() {
+  if (X11() == nullptr) return false;
+  const auto cookie = xcb_query_pointer(X11(), RootWindow());
+  const Reply<xcb_query_pointer_reply_t> reply(xcb_query_pointer_reply(X11(), cookie, nullptr),
+                                               &std::free);
+  return reply != nullptr && (reply->mask & (XCB_MOD_MASK_1 | XCB_MOD_MASK_4)) != 0;
+}
+
 void ActivateWindow(QWidget& window, const std::string& token) {
   window.raise();
   if (X11() != nullptr) {

@@ -20,6 +20,11 @@ namespace morvantile {
 // can't see. On other desktops the toolkit is right: true.
 bool AnotherWindowIsActive(const QWidget& window);
 
+// Whether the user still holds a key such as Alt or Super, with which one switches between windows:
+// some window managers make the next window active at once, and the old one again if the switch is
+// cancelled. Only known on X11.
+bool ASwitchMayBeUnderWay();
+
 // Brings a shown window to the front and makes it the active one, as far as the desktop allows.
 // `token` is the start-up notification ID (X11) or the activation token (Wayland) of the launch
 // that asks for it; empty if there is none.

@@ -30,6 +30,13 @@
 namespace morvantile {
 namespace {
 
+// Now, and from now on as soon as a large block is free.
+void GiveMemoryBack() {
+  constexpr int kLargeBlock = 1 << 18;
+  mallopt(M_MMAP_THRESHOLD, kLargeBlock);
+  malloc_trim(0);
+}
+
 // The toolkit's talk is nothing for the user; only what ends the program is said, in one line.
 void SayOnlyWhatIsFatal(QtMsgType type, const QMessageLogContext& /*context*/,
                         const QString& message) {
@@ -88,7 +95,7 @@ int QtHost::Run(Application& application) {
   if (!state_->clipboard->Owned()) return status;
 
   state_->clipboard->Forget();
-  malloc_trim(0);
+  GiveMemoryBack();
   state_->stayBehind->LetGo(status);
   state_->clipboard->ServeUntilTakenOver();
   return status;

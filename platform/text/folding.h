@@ -30,7 +30,7 @@ std::string Folded(std::string_view text);
 // Whether the two, which are not equal, have the same folding.
 bool SameFolding(std::string_view a, std::string_view b);
 
-// A quick yes for most pairs that don't have the same folding: their first letters tell.
+// True only if the first ASCII letters already differ.
 inline bool BeginOtherwise(std::string_view a, std::string_view b) {
   if (a.empty() || b.empty()) return false;
   const auto of_a = static_cast<unsigned char>(a[0]);

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/text/folding.h"
 #include "platform/text/text_search.h"
 
 namespace morvantile {

@@ -7,6 +7,7 @@
 #include <type_traits>
 
 #include "platform/core/number.h"
+#include "platform/text/folding.h"
 #include "platform/text/text.h"
 
 namespace morvantile {
@@ -28,7 +29,7 @@ std::string_view WithoutBlanks(std::string_view text) {
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 // Whether the decimal number, too large or too small for a double, is at least 1: whether its first
-// digit other than 0 stands in front of the point once the exponent has moved the point.
+// digit other than 0 is in front of the point once the exponent has moved the point.
 bool IsAtLeastOne(std::string_view number) {
   const std::size_t exponent_at = std::min(number.find_first_of("eE"), number.size());
   const std::string_view digits = number.substr(0, exponent_at);

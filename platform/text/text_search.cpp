@@ -23,7 +23,7 @@ class ShortAscii {
  public:
   static constexpr std::size_t kLongest = 256;
 
-  // Takes a text of at most kLongest bytes; gives whether it is one of ASCII characters alone.
+  // Takes a text of at most kLongest bytes; returns whether it is one of ASCII characters alone.
   bool Fold(std::string_view text) {
     unsigned char seen = 0;
     for (std::size_t i = 0; i < text.size(); ++i) {

@@ -4,12 +4,13 @@
 #include <functional>
 #include <string>
 
+#include "platform/core/export.h"
 #include "platform/ui/control.h"
 
 namespace morvantile {
 
 // A box that is checked or not.
-class CheckBox : public Control {
+class MORVANTILE_API CheckBox : public Control {
  public:
   std::string Caption;
 

@@ -5,13 +5,14 @@
 
 #include <string>
 
+#include "platform/core/export.h"
 #include "platform/imaging/picture.h"
 
 namespace morvantile {
 
 // Access to the system clipboard. An object holds nothing: every call goes to the clipboard as it
 // is at that moment.
-class Clipboard {
+class MORVANTILE_API Clipboard {
  public:
   // Whether Picture() would give one: something is there that can really be read as a picture.
   bool PictureAvailable() const;

@@ -7,13 +7,14 @@
 #include <functional>
 #include <string>
 
+#include "platform/core/export.h"
 #include "platform/core/ref.h"
 
 namespace morvantile {
 
 // A widget that shows a control on a real desktop. The host makes it, and attaches it for as long
 // as the control is shown.
-class ControlPeer {
+class MORVANTILE_API ControlPeer {
  public:
   ControlPeer() = default;
   ControlPeer(const ControlPeer&) = delete;
@@ -30,7 +31,7 @@ class ControlPeer {
 // if there is one; what the user does comes back through the operations named User...
 //
 // Lengths are logical pixels, positions are relative to the window's content.
-class Control : public Object {
+class MORVANTILE_API Control : public Object {
  public:
   enum Lock : std::uint8_t { kLockLeft = 1, kLockTop = 2, kLockRight = 4, kLockBottom = 8 };
 
@@ -53,7 +54,8 @@ class Control : public Object {
   std::string HelpTag;
   std::string AccessibleName;  // read out for a control that has no text of its own
 
-  // What is read out beside name and value, at once when it changes while the control has the focus.
+  // What is read out beside name and value, at once when it changes while the control has the
+  // focus.
   const std::string& AccessibleDescription() const { return accessibleDescription_; }
   void SetAccessibleDescription(const std::string& description) {
     if (description == accessibleDescription_) return;

@@ -4,12 +4,13 @@
 #include <functional>
 #include <string>
 
+#include "platform/core/export.h"
 #include "platform/ui/control.h"
 
 namespace morvantile {
 
 // One line of text that the user can edit.
-class EditField : public Control {
+class MORVANTILE_API EditField : public Control {
  public:
   const std::string& Text() const { return text_; }
   void SetText(const std::string& text) {

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/core/export.h"
 #include "platform/ui/host.h"
 #include "platform/ui/window.h"
 
@@ -15,7 +16,7 @@ namespace morvantile {
 
 // Keeps the clipboard in memory, records what a user would have seen, and lets a script play the
 // user. It serves tests, and programs that use the library without windows.
-class HeadlessHost : public Host {
+class MORVANTILE_API HeadlessHost : public Host {
  public:
   // What is on the clipboard: a picture, or a text.
   Ref<Picture> clipboardPicture;

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/core/export.h"
 #include "platform/core/ref.h"
 #include "platform/imaging/picture.h"
 #include "platform/ui/screen.h"
@@ -17,7 +18,7 @@ class Window;
 
 // What a desktop does for the program. The classes of this folder are the way to reach it; nobody
 // else calls a Host. All calls come from the main thread.
-class Host {
+class MORVANTILE_API Host {
  public:
   Host() = default;
   Host(const Host&) = delete;
@@ -44,18 +45,18 @@ class Host {
   // Shows the window and dispatches events until it has closed.
   virtual void ShowModal(const Ref<Window>& window) = 0;
   // Raises Event_Open on the application and dispatches events until Quit, then raises Event_Close;
-  // gives the status that Quit was given. An exception out of a handler comes through.
+  // returns the status that Quit was given. An exception out of a handler comes through.
   virtual int Run(Application& application) = 0;
   // Makes Run return `status` once the handlers that run at present have returned.
   virtual void Quit(int status) = 0;
 };
 
 // The host in use; a headless one until InstallHost has been called.
-Host& CurrentHost();
+MORVANTILE_API Host& CurrentHost();
 
 // Makes `host` the one in use until the next call; a null pointer stands for the headless one that
 // is there from the start. The caller keeps the ownership.
-void InstallHost(Host* host);
+MORVANTILE_API void InstallHost(Host* host);
 
 }  // namespace morvantile
 

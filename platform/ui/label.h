@@ -4,15 +4,16 @@
 #include <functional>
 #include <string>
 
+#include "platform/core/export.h"
 #include "platform/ui/control.h"
 
 namespace morvantile {
 
 // One line of text that the user can't edit.
-class Label : public Control {
+class MORVANTILE_API Label : public Control {
  public:
   enum Align { kAlignLeft = 0, kAlignCenter = 1, kAlignRight = 2 };
-  // Text in the colour that the desktop gives to text.
+  // Text in the colour that the desktop has for text.
   static constexpr std::int32_t kThemeColor = -1;
 
   int TextAlign = kAlignLeft;
@@ -38,7 +39,7 @@ class Label : public Control {
 };
 
 // A label under its older name, whose text is also its Caption.
-class StaticText : public Label {
+class MORVANTILE_API StaticText : public Label {
  public:
   const std::string& Caption() const { return Text(); }
   void SetCaption(const std::string& caption) { SetText(caption); }

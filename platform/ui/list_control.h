@@ -5,12 +5,13 @@
 #include <string>
 #include <vector>
 
+#include "platform/core/export.h"
 #include "platform/ui/control.h"
 
 namespace morvantile {
 
 // A widget that shows rows, and is told what became of which.
-class ListPeer : public ControlPeer {
+class MORVANTILE_API ListPeer : public ControlPeer {
  public:
   virtual void RowAdded(int row) = 0;
   virtual void RowRemoved(int row) = 0;
@@ -22,7 +23,7 @@ class ListPeer : public ControlPeer {
 // What a list box and a popup menu have in common: rows of texts, of which one or none is selected.
 // Rows and columns are counted from 0. A row or column that there isn't throws
 // OutOfBoundsException, unless it is said otherwise.
-class ListControl : public Control {
+class MORVANTILE_API ListControl : public Control {
  public:
   int ListCount() const { return static_cast<int>(rows_.size()); }
   // The text of a row's first cell.

@@ -4,12 +4,13 @@
 #include <string>
 #include <vector>
 
+#include "platform/core/export.h"
 #include "platform/ui/list_control.h"
 
 namespace morvantile {
 
 // A list of rows with one column or several. Its Text is the first cell of the selected row.
-class Listbox : public ListControl {
+class MORVANTILE_API Listbox : public ListControl {
  public:
   int ColumnCount() const { return columns_; }
   // The number of columns, at least 1. Rows that are there lose or gain cells at their ends. To be

@@ -5,10 +5,12 @@
 
 #include <string>
 
+#include "platform/core/export.h"
+
 namespace morvantile {
 
 // Shows `text`, modally: returns when the user has dismissed it.
-void MsgBox(const std::string& text);
+MORVANTILE_API void MsgBox(const std::string& text);
 
 }  // namespace morvantile
 

@@ -3,12 +3,13 @@
 
 #include <string>
 
+#include "platform/core/export.h"
 #include "platform/ui/list_control.h"
 
 namespace morvantile {
 
 // A menu that shows its selected row and opens to all of them.
-class PopupMenu : public ListControl {
+class MORVANTILE_API PopupMenu : public ListControl {
  public:
   // Adds a row behind the others.
   void AddRow(const std::string& text) { AppendRow({text}); }

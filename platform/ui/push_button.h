@@ -4,12 +4,13 @@
 #include <functional>
 #include <string>
 
+#include "platform/core/export.h"
 #include "platform/ui/control.h"
 
 namespace morvantile {
 
 // A button. Return presses the default button of a window, Escape its cancel button.
-class PushButton : public Control {
+class MORVANTILE_API PushButton : public Control {
  public:
   std::string Caption;
   bool Default = false;

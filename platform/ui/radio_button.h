@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/core/export.h"
 #include "platform/ui/control.h"
 
 namespace morvantile {
@@ -12,7 +13,7 @@ namespace morvantile {
 class RadioButton;
 
 // Radio buttons of which at most one is on.
-class RadioGroup : public Object {
+class MORVANTILE_API RadioGroup : public Object {
  public:
   // Adds a button. If it is on, the one that was on goes off. A button is in one group at most, the
   // last one that it was added to.
@@ -26,7 +27,7 @@ class RadioGroup : public Object {
 };
 
 // A button that stays on until another one of its group is turned on.
-class RadioButton : public Control {
+class MORVANTILE_API RadioButton : public Control {
  public:
   std::string Caption;
 

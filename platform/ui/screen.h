@@ -3,6 +3,8 @@
 #ifndef MORVANTILE_PLATFORM_UI_SCREEN_H
 #define MORVANTILE_PLATFORM_UI_SCREEN_H
 
+#include "platform/core/export.h"
+
 namespace morvantile {
 
 // A screen's size and the part of it that panels leave free, in logical pixels. Positions are
@@ -18,7 +20,7 @@ struct ScreenGeometry {
 
 // The screen of that number; 0 is the primary one. Throws OutOfBoundsException for any other number
 // that has no screen.
-ScreenGeometry Screen(int index);
+MORVANTILE_API ScreenGeometry Screen(int index);
 
 }  // namespace morvantile
 

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/core/export.h"
 #include "platform/core/ref.h"
 #include "platform/ui/control.h"
 #include "platform/ui/push_button.h"
@@ -15,7 +16,7 @@
 namespace morvantile {
 
 // What shows a window on a real desktop; attached for as long as the window is shown.
-class WindowPeer {
+class MORVANTILE_API WindowPeer {
  public:
   WindowPeer() = default;
   WindowPeer(const WindowPeer&) = delete;
@@ -31,7 +32,7 @@ class WindowPeer {
 // A window and its controls. Like the controls it is a plain object: it can be built, driven and
 // closed without a desktop. Lengths are logical pixels; the rectangle is that of the content,
 // without the frame.
-class Window : public Object {
+class MORVANTILE_API Window : public Object {
  public:
   int MinWidth = 64;
   int MinHeight = 64;
@@ -86,7 +87,7 @@ class Window : public Object {
   void UserActivated();
   void UserDeactivated();
   // A key that no control and no default or cancel button used; `key` is its text, empty for a key
-  // that gives none.
+  // that has none.
   void UserKeyDown(const std::string& key);
   // The user asked the desktop to close the window. A window without a close button takes it as its
   // cancel button, if it has one.
@@ -104,7 +105,7 @@ class Window : public Object {
   virtual void Event_Deactivate() {}
   virtual bool Event_KeyDown(const std::string& key);
 
-  // Makes a control, adds it to the window under the name and gives it its rectangle.
+  // Makes a control, adds it to the window under the name and sets its rectangle.
   template <typename T>
   Ref<T> AddControl(const std::string& name, int left, int top, int width, int height) {
     Ref<T> control = New<T>();
@@ -139,7 +140,7 @@ class Window : public Object {
 // The open window of class W, which `instance` remembers; made and built by the first call, and
 // again by the first call after it has closed. The system keeps it until it closes.
 template <typename W, typename... Args>
-Ref<W> OpenWindow(BackRef<W>& instance, Args&&... args) {
+MORVANTILE_API Ref<W> OpenWindow(BackRef<W>& instance, Args&&... args) {
   if (W* open = instance.get(); open != nullptr && !open->Closed()) return Ref<W>(open);
   Ref<W> made = New<W>(std::forward<Args>(args)...);
   instance = made;

@@ -11,7 +11,7 @@
 
 namespace morvantile {
 
-// A text in kSize bytes, 16 or 24: up to kSize - 1 bytes of text stand in the object, a longer text
+// A text in kSize bytes, 16 or 24: up to kSize - 1 bytes of text are in the object, a longer text
 // in one block of the heap. It exists because trees hold millions of short texts.
 template <std::size_t kSize>
 class CompactText {

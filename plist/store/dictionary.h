@@ -10,12 +10,13 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
+#include "platform/core/bulk_memory.h"
 #include "platform/core/exceptions.h"
+#include "platform/core/hash_index.h"
 #include "platform/text/folding.h"
-#include "plist/store/chunked_list.h"
 #include "plist/store/compact_text.h"
-#include "plist/store/key_index.h"
 
 namespace morvantile {
 
@@ -101,10 +102,12 @@ class Dictionary {
     std::uint32_t keys = 0;
   };
 
-  static constexpr std::size_t kNone = KeyIndex::kNone;
+  static constexpr std::size_t kNone = HashIndex::kNone;
   static constexpr std::size_t kMostWithoutIndex = 16;
+  static constexpr std::size_t kFirstRoom = 2;
+  static constexpr std::size_t kSecondRoom = 8;
 
-  // The number that the key is the text of, as Str gives it; or kNone.
+  // The number that the key is the text of, as Str prints it; or kNone.
   static std::size_t NumberIn(std::string_view key);
 
   std::size_t PositionOf(std::string_view key) const;
@@ -117,8 +120,9 @@ class Dictionary {
   void CloseGaps();
   std::size_t Nth(std::size_t position);
 
-  ChunkedList<Slot> slots_;  // in order; removed keys leave gaps, but none at the end
-  KeyIndex index_;           // of the slots, if there are more than kMostWithoutIndex keys
+  std::vector<Slot, BulkAllocator<Slot>>
+      slots_;                // in order; removed keys leave gaps, but none at the end
+  HashIndex index_;          // of the slots, if there are more than kMostWithoutIndex keys
   std::uint32_t live_ = 0;   // slots that are not removed
   std::uint32_t first_ = 0;  // the slots before are all removed
   Place last_asked_;         // where walks over gaps start
@@ -159,6 +163,9 @@ std::size_t Dictionary<T>::PositionOf(std::string_view key, std::uint32_t hash) 
 template <typename T>
 T& Dictionary<T>::Append(std::string_view key, std::uint32_t hash) {
   if (slots_.size() == kNone) throw std::length_error("Dictionary");
+  if (slots_.size() == slots_.capacity()) {
+    slots_.reserve(slots_.empty() ? kFirstRoom : std::max(kSecondRoom, slots_.size() * 3 / 2));
+  }
   Slot& slot = slots_.emplace_back();
   slot.key.Assign(key);
   slot.hash = hash;

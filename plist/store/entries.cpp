@@ -2,24 +2,15 @@
 
 #include <utility>
 
-#include "platform/core/exceptions.h"
-
 namespace morvantile {
 namespace {
 
 bool IsEmpty(const Entry& entry) { return !entry.hasText && !entry.hasMark && entry.child == 0; }
 
-void ForgetText(Entry& entry) {
-  entry.text = CompactText<24>();
-  entry.hasText = false;
-}
-
-void ForgetMark(Entry& entry) { entry.mark = entry.hasMark = false; }
-
 void MoveMark(Entry& from, Entry& to) {
   if (!from.hasMark) return;
   to.SetMark(from.mark);
-  ForgetMark(from);
+  from.ForgetMark();
 }
 
 }  // namespace
@@ -87,57 +78,5 @@ void Entries::Keep(std::string_view key, Entry entry) {
   entry.hasType = false;
   Aside().FindOrAdd(key) = std::move(entry);
 }
-
-std::string Types::Value(std::string_view key) const {
-  return std::string(entries_.Listed().Value(key).type.View());
-}
-
-std::size_t Values::Count() const {
-  std::size_t count = 0;
-  entries_.ForEach([&](const Entry& entry) { count += entry.hasText ? 1 : 0; });
-  return count;
-}
-
-bool Values::HasKey(std::string_view key) const {
-  const Entry* const entry = entries_.Find(key);
-  return entry != nullptr && entry->hasText;
-}
-
-std::string Values::Value(std::string_view key) const {
-  if (!HasKey(key)) throw KeyNotFoundException(std::string(key));
-  return std::string(entries_.Find(key)->text.View());
-}
-
-void Values::Remove(std::string_view key) {
-  if (!HasKey(key)) return;
-  ForgetText(*entries_.Find(key));
-  entries_.Tidy(key);
-}
-
-void Values::Clear() { entries_.ForEach(ForgetText); }
-
-std::size_t Searched::Count() const {
-  std::size_t count = 0;
-  entries_.ForEach([&](const Entry& entry) { count += entry.hasMark ? 1 : 0; });
-  return count;
-}
-
-bool Searched::HasKey(std::string_view key) const {
-  const Entry* const entry = entries_.Find(key);
-  return entry != nullptr && entry->hasMark;
-}
-
-bool Searched::Value(std::string_view key) const {
-  if (!HasKey(key)) throw KeyNotFoundException(std::string(key));
-  return entries_.Find(key)->mark;
-}
-
-void Searched::Remove(std::string_view key) {
-  if (!HasKey(key)) return;
-  ForgetMark(*entries_.Find(key));
-  entries_.Tidy(key);
-}
-
-void Searched::Clear() { entries_.ForEach(ForgetMark); }
 
 }  // namespace morvantile

@@ -23,7 +23,7 @@ inline bool IsContainer(std::string_view type) {
          (MayBeLetter(type[0], 'a') && SameText(type, "array"));
 }
 
-// What a node knows of one key. Each part stands for an entry in one of the node's properties: the
+// What a node knows of one key. Each part is an entry in one of the node's properties: the
 // type word in `types`, the text in `values`, the mark in `searched`, the child in `childrenNames`.
 struct Entry {
   TypeWord type;
@@ -55,11 +55,16 @@ struct Entry {
     mark = value;
     hasMark = true;
   }
+  void ForgetText() {
+    text = CompactText<24>();
+    hasText = false;
+  }
+  void ForgetMark() { mark = hasMark = false; }
 };
 
 // The keys of a node. One table serves the three dictionaries of a node, so that a key is stored
 // and looked up once for all of them: the keys that have a type are listed, in the order in which
-// they got it; the others, which are few or none, stand aside.
+// they got it; the others, which are few or none, are aside.
 class Entries {
  public:
   Dictionary<Entry>& Listed() { return listed_; }
@@ -77,7 +82,7 @@ class Entries {
     return entry.hasType || aside_ == nullptr ? entry : TakeFromAside(entry, key);
   }
 
-  // The entry of a key, which stands aside if it is new.
+  // The entry of a key, which is aside if it is new.
   Entry& FindOrAdd(std::string_view key);
 
   // Takes the type of the key away, and does nothing without one. What else is known of it stays.
@@ -86,7 +91,7 @@ class Entries {
   // The same for all keys.
   void UnlistAll();
 
-  // Forgets a key that stands aside if nothing is known of it any more.
+  // Forgets a key that is aside if nothing is known of it any more.
   void Tidy(std::string_view key);
 
   // Calls `work` with every entry.
@@ -101,6 +106,9 @@ class Entries {
   // and its child go there, at its place in the order; the mark stays under the number.
   void Renumber(std::string_view from, std::string_view to);
 
+  // As many of the node's childrenNames are known to the entries, the placeholder included.
+  std::size_t indexedChildren = 1;
+
  private:
   Entry& TakeFromAside(Entry& entry, std::string_view key);
   Dictionary<Entry>& Aside();
@@ -108,63 +116,6 @@ class Entries {
 
   Dictionary<Entry> listed_;
   std::unique_ptr<Dictionary<Entry>> aside_;
-};
-
-// The property `types` of a node: the type word of every key, in the order of the keys. It is a
-// Dictionary over the node's entries, and has the node's lifetime.
-class Types {
- public:
-  explicit Types(Entries& entries) : entries_(entries) {}
-
-  std::size_t Count() const { return entries_.Count(); }
-  bool HasKey(std::string_view key) const { return entries_.FindListed(key) != nullptr; }
-  // Throws KeyNotFoundException for a key that isn't there.
-  std::string Value(std::string_view key) const;
-  void SetValue(std::string_view key, std::string_view word) { entries_.List(key).SetType(word); }
-  // The key at a position, from 0 on; throws OutOfBoundsException outside. Constant time.
-  std::string Key(std::size_t position) const {
-    return std::string(entries_.Listed().Key(position));
-  }
-  // Does nothing for a key that isn't there.
-  void Remove(std::string_view key) { entries_.Unlist(key); }
-  void Clear() { entries_.UnlistAll(); }
-
- private:
-  Entries& entries_;
-};
-
-// The property `values` of a node: the text of every scalar. As Types; Count takes linear time.
-class Values {
- public:
-  explicit Values(Entries& entries) : entries_(entries) {}
-
-  std::size_t Count() const;
-  bool HasKey(std::string_view key) const;
-  std::string Value(std::string_view key) const;
-  void SetValue(std::string_view key, std::string_view text) {
-    entries_.FindOrAdd(key).SetText(text);
-  }
-  void Remove(std::string_view key);
-  void Clear();
-
- private:
-  Entries& entries_;
-};
-
-// The property `searched` of a node: whether the running search has delivered a key. As Values.
-class Searched {
- public:
-  explicit Searched(Entries& entries) : entries_(entries) {}
-
-  std::size_t Count() const;
-  bool HasKey(std::string_view key) const;
-  bool Value(std::string_view key) const;
-  void SetValue(std::string_view key, bool mark) { entries_.FindOrAdd(key).SetMark(mark); }
-  void Remove(std::string_view key);
-  void Clear();
-
- private:
-  Entries& entries_;
 };
 
 }  // namespace morvantile

@@ -10,12 +10,13 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/text/folding.h"
 #include "platform/text/text.h"
 
 namespace morvantile {
 
 // A type word in eight bytes. The words that the library itself stores take no other memory; any
-// other, which a file may bring, stands in the heap.
+// other, which a file may bring, is on the heap.
 class TypeWord {
  public:
   // The words that a property list usually has.
@@ -66,7 +67,7 @@ class TypeWord {
   struct Word {
     std::string_view view;
   };
-  // One that stands in the heap.
+  // One that is on the heap.
   struct OwnWord : Word {
     explicit OwnWord(std::string_view word) : text(word) { view = text; }
     std::string text;

@@ -19,13 +19,13 @@ std::size_t FindBracket(std::string_view text) {
 
 }  // namespace
 
-std::string plistDict::BracketsToCode(std::string_view text) {
+std::string plistDict::BracketsToCode(std::string_view text) const {
   std::string result;
   AppendEncoded(result, text);
   return result;
 }
 
-std::string plistDict::CodeToBrackets(std::string_view text) {
+std::string plistDict::CodeToBrackets(std::string_view text) const {
   std::string result;
   AppendDecoded(result, text);
   return result;

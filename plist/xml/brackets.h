@@ -8,7 +8,7 @@
 
 namespace morvantile {
 
-// Whether a "<" or ">" stands in the text.
+// Whether a "<" or ">" is in the text.
 bool HasBracket(std::string_view text);
 
 // Adds `text` to `result`, with "<" as "&lt;" and ">" as "&gt;". Nothing else is escaped.

@@ -8,7 +8,7 @@
 
 namespace morvantile {
 
-// Whether one of two bytes stands in the text. Made for short texts: it looks at eight bytes at a
+// Whether one of two bytes is in the text. Made for short texts: it looks at eight bytes at a
 // time (https://graphics.stanford.edu/~seander/bithacks.html#ZeroInWord), without a call.
 inline bool HasEither(std::string_view text, char a, char b) {
   constexpr std::uint64_t kOnes = 0x0101010101010101;

@@ -19,9 +19,11 @@ namespace {
 constexpr char kLineSeparator = '\r';
 
 std::string_view WithoutLeadingBlanks(std::string_view line) {
-  const auto* const text = std::find_if(line.begin(), line.end(),
-                                        [](char c) { return static_cast<unsigned char>(c) > ' '; });
-  return {text, line.end()};
+  while (!line.empty() && static_cast<unsigned char>(line.front()) <= ' ') {
+    line.remove_prefix(1);
+    RuntimeBackgroundTask();
+  }
+  return line;
 }
 
 // Where the first field of a line ends: in front of the first "<" that follows a ">" and doesn't
@@ -34,7 +36,7 @@ std::size_t EndOfField(std::string_view line, std::size_t at) {
   return line.size();
 }
 
-// Where "</", `name` and then `end` first stand in the line, as one would find them with InStr;
+// Where "</", `name` and then `end` first occur in the line, in any letter case;
 // npos if they don't. Long names, which nothing but broken files have, are left to the general
 // search.
 std::size_t FindClosingTag(std::string_view line, std::string_view name, std::string_view end) {
@@ -122,7 +124,7 @@ void plistDict::Load(TextInputStream* stream, std::string_view ownName, bool asA
   Reader(*stream).Read(*this);
 }
 
-std::string plistDict::StripAll(std::string_view text) {
+std::string plistDict::StripAll(std::string_view text) const {
   return std::string(WithoutLeadingBlanks(text));
 }
 
@@ -141,11 +143,11 @@ void Reader::Read(plistDict& root) {
 }
 
 void Reader::Activation::Begin(plistDict& read) {
+  held = Ref<plistDict>(&read);
   node = &read;
   endTag = read.isArray ? "</array>" : "</dict>";
   for (std::string* text : {&key, &value, &tag, &keptFields}) text->clear();
   type = TypeWord();
-  valueIn = nullptr;
   inValue = selfClosed = hasFields = hasEnded = false;
   fields = {};
 }
@@ -157,6 +159,7 @@ void Reader::Enter(plistDict& node) {
 }
 
 void Reader::Leave() {
+  innermost_->held = nullptr;
   --depth_;
   innermost_ = depth_ > 0 ? &activations_[depth_ - 1] : nullptr;
 }
@@ -211,25 +214,23 @@ void Reader::ReadUsualScalar(Activation& in, TypeWord::Known type, std::string_v
   Entry& entry = in.node->entries_.List(in.key);
   entry.SetScalarType(type);
   entry.SetText(text);
-  in.valueIn = &entry;
+  in.value = text;
 }
 
 void Reader::ReadField(Activation& in) {
-  if (in.valueIn != nullptr) in.value = std::exchange(in.valueIn, nullptr)->text.View();
   const std::size_t bracket = in.fields.find('>');
   std::string_view line = in.fields.substr(0, EndOfField(in.fields, bracket));
   in.fields.remove_prefix(line.size());
   in.hasFields = !in.fields.empty();
   plistDict* const opened = StepField(in, line, bracket);
   if (!in.hasFields) in.hasEnded = IsEndTag(line, in.endTag) || IsEmptyDict(line);
-  RuntimeBackgroundTask();
-  if (opened == nullptr) return;
   // The child's lines take the place of this one in the stream.
-  if (in.hasFields && in.keptFields.empty()) {
+  if (opened != nullptr && in.hasFields && in.keptFields.empty()) {
     in.keptFields = in.fields;
     in.fields = in.keptFields;
   }
-  Enter(*opened);
+  if (opened != nullptr) Enter(*opened);
+  RuntimeBackgroundTask();
 }
 
 // Returns the node to be read next, or null. The first ">" of the line is at `bracket`.

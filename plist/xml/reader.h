@@ -11,6 +11,7 @@
 
 #include "platform/files/text_input_stream.h"
 #include "plist/plistDict.h"
+#include "plist/store/entries.h"
 
 namespace morvantile {
 
@@ -26,6 +27,9 @@ namespace morvantile {
 //   anything, while a value is open Continue     more of the value, or its end
 //   holds a ">"                     ReadTag      a boolean, a closing tag, or an opening tag
 //   anything else                   nothing
+//
+// Background turns may change the tree meanwhile: nothing in it is referred to from one turn to the
+// next but the nodes that are being read, which the reader holds.
 //
 // A "dict" or "array" that is opened gets an activation of its own, which reads on from the next
 // line of the stream to its end tag. Fields of the line that opened it wait for its end.
@@ -45,14 +49,14 @@ class Reader {
     void Begin(plistDict& read);
 
     plistDict* node = nullptr;
+    Ref<plistDict> held;  // the same: a background turn may take it out of its tree
     std::string_view endTag;
-    std::string key;           // what the next value or node goes under
-    TypeWord type;             // the name of the element opened last
-    std::string value;         // the text collected for a value
-    Entry* valueIn = nullptr;  // who has the value instead, until the next field is read
-    bool inValue = false;      // a value is open across lines
-    std::string tag;           // what stood between the "<" and ">" that opened it
-    bool selfClosed = false;   // the opening tag read last ended in "/"
+    std::string key;          // what the next value or node goes under
+    TypeWord type;            // the name of the element opened last
+    std::string value;        // the text collected for a value
+    bool inValue = false;     // a value is open across lines
+    std::string tag;          // what was between the "<" and ">" that opened it
+    bool selfClosed = false;  // the opening tag read last ended in "/"
 
     bool hasFields = false;   // of the current line some are left
     std::string_view fields;  // these, in the stream or in keptFields

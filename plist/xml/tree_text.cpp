@@ -18,12 +18,12 @@ constexpr std::size_t kPieceSize = std::size_t{512} * 1024;  // beyond what a fi
 
 }  // namespace
 
-void plistDict::Write(TextOutputStream& out, std::int64_t depth) {
+void plistDict::Write(TextOutputStream& out, std::int64_t depth) const {
   TreeText text(TreeText::Form::kFile, [&out](std::string_view piece) { out.Write(piece); });
   text.Write(*this, depth);
 }
 
-void plistDict::Dump(std::int64_t depth) {
+void plistDict::Dump(std::int64_t depth) const {
   std::string dump = Clipboard().Text();
   TreeText text(TreeText::Form::kDump, [&dump](std::string_view piece) { dump += piece; });
   text.Write(*this, depth);
@@ -32,7 +32,8 @@ void plistDict::Dump(std::int64_t depth) {
   clipboard.Close();
 }
 
-void TreeText::Write(plistDict& node, std::int64_t depth) {
+void TreeText::Write(const plistDict& node, std::int64_t depth) {
+  depth_ = depth;
   indentation_.assign(static_cast<std::size_t>(std::max<std::int64_t>(depth, 0)), '\t');
   Enter(node, {});
   while (!levels_.empty()) {
@@ -84,32 +85,31 @@ void TreeText::WriteScalar(const Entry& entry) {
 
 // Writes the child at the level's place, and every further one of the same name after it.
 void TreeText::WriteChild(Level& level) {
-  const Ref<plistDict>& child = level.node->children[level.child];
-  ExpectChild(*level.node, level.child + 1);
-  level.child = level.repeats.empty() ? 0 : level.repeats[level.child];
+  const std::size_t place = level.child;
+  level.child = place < level.repeats.size() ? level.repeats[place] : 0;
+  if (place >= level.node->children.size()) return;
+  const Ref<plistDict> child = level.node->children[place];
+  ExpectChild(*level.node, place + 1);
   if (!child) return;
   if (child->count() == 0) {
     WriteLine("<", level.childName, "/>");
     return;
   }
   WriteLine("<", level.childName, ">");
-  indentation_ += '\t';
+  if (++depth_ > 0) indentation_ += '\t';
   Enter(*child, level.childName);
 }
 
-void TreeText::Enter(plistDict& node, std::string_view name) {
+void TreeText::Enter(const plistDict& node, std::string_view name) {
   Level& level = levels_.emplace_back();
-  level.node = &node;
+  level.node = Ref<const plistDict>(&node);
   level.name = name;
   if (node.childrenNames.size() > 1) level.repeats = Repeats(node);
 }
 
-std::vector<std::uint32_t> TreeText::Repeats(plistDict& node) {
-  node.IndexChildren();
-  std::size_t different_names = 0;
-  node.entries_.ForEach([&](const Entry& entry) { different_names += entry.child != 0 ? 1 : 0; });
+std::vector<std::uint32_t> TreeText::Repeats(const plistDict& node) {
+  if (!node.HasRepeatedNames()) return {};
   const ListFromOne<std::string>& names = node.childrenNames;
-  if (names.size() <= different_names + 1) return {};
   std::vector<std::uint32_t> next(names.size());
   std::unordered_map<const Entry*, std::uint32_t> seen;
   for (std::size_t place = names.size() - 1; place > 0; --place) {
@@ -123,7 +123,7 @@ void TreeText::Leave() {
   const std::string_view name = levels_.back().name;
   levels_.pop_back();
   if (levels_.empty()) return;
-  indentation_.pop_back();
+  if (depth_-- > 0) indentation_.pop_back();
   WriteLine("</", name, ">");
 }
 
@@ -137,13 +137,15 @@ std::string_view TreeText::Encoded(std::string_view text) {
 
 template <typename... Parts>
 void TreeText::WriteLine(const Parts&... parts) {
-  text_.Add(indentation_, parts..., form_ == Form::kFile ? '\n' : '\r');
+  text_ += indentation_;
+  ((text_ += parts), ...);
+  text_ += form_ == Form::kFile ? '\n' : '\r';
 }
 
 void TreeText::Flush(std::size_t size) {
   if (text_.size() < size) return;
-  sink_(text_.View());
-  text_.Clear();
+  sink_(text_);
+  text_.clear();
 }
 
 }  // namespace morvantile

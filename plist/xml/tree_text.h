@@ -12,12 +12,13 @@
 #include <vector>
 
 #include "plist/plistDict.h"
-#include "plist/xml/text_piece.h"
+#include "plist/store/entries.h"
 
 namespace morvantile {
 
 // Lays out the entries of a node, and of all nodes below it, as lines of text: those of the XML
-// file, or those of the debug dump, which has a mark behind each key.
+// file, or those of the debug dump, which has a mark behind each key. What a background turn adds
+// or removes meanwhile is written or not.
 class TreeText {
  public:
   enum class Form { kFile, kDump };
@@ -26,12 +27,12 @@ class TreeText {
   TreeText(Form form, std::function<void(std::string_view)> sink)
       : form_(form), sink_(std::move(sink)) {}
 
-  void Write(plistDict& node, std::int64_t depth);
+  void Write(const plistDict& node, std::int64_t depth);
 
  private:
   // The writing of one node.
   struct Level {
-    plistDict* node = nullptr;
+    Ref<const plistDict> node;
     std::string_view name;               // of the node's element
     std::size_t position = 0;            // of the key to be written next
     std::string_view childName;          // of the elements under the key before it
@@ -43,10 +44,10 @@ class TreeText {
   void WriteKey(std::string_view key, bool has_mark);
   void WriteScalar(const Entry& entry);
   void WriteChild(Level& level);
-  void Enter(plistDict& node, std::string_view name);
+  void Enter(const plistDict& node, std::string_view name);
   // For each place in childrenNames, the next place of the same name, or 0. Empty if no name stands
   // there twice, as in all trees but those of files that repeat a key.
-  static std::vector<std::uint32_t> Repeats(plistDict& node);
+  static std::vector<std::uint32_t> Repeats(const plistDict& node);
   void Leave();
   template <typename... Parts>
   void WriteLine(const Parts&... parts);
@@ -55,8 +56,9 @@ class TreeText {
 
   Form form_;
   std::function<void(std::string_view)> sink_;
-  TextPiece text_;
+  std::string text_;
   std::string encoded_;
+  std::int64_t depth_ = 0;
   std::string indentation_;
   std::vector<Level> levels_;  // the innermost last
 };

@@ -112,6 +112,26 @@ TEST_F(ListBinding, AStoredRecordReplacesTheOneBeforeAndAnyScalar) {
   EXPECT_EQ(CellsOf(*back), "c;");
 }
 
+TEST_F(ListBinding, AKeyThatReadsAsANumberIsReplacedAsAKey) {
+  const Ref<Listbox> list = Names(1);
+  list->Name = "1";
+  for (const char* row : {"a", "b"}) {
+    list->DeleteAllRows();
+    list->AddRow({row});
+    node->SetListbox(list);
+    node->SetList("12", {row}, 0, 0);
+  }
+  EXPECT_EQ(node->child("1.3")->child("elements")->GetString("0"), "b");
+  EXPECT_EQ(node->child("12")->GetString("0"), "b");
+  EXPECT_EQ(node->child("12")->count(), 1);
+
+  node->AddArray("all");
+  const Ref<plistDict> all = node->child("all");
+  for (const char* text : {"x", "y"}) all->AppendString(text);
+  for (int i = 0; i < 2; ++i) all->AppendListbox(list);
+  EXPECT_EQ(all->GetString("1"), "y");
+}
+
 TEST_F(ListBinding, AppendingNeedsAnArrayAndStoresUnderTheControlsKey) {
   const Ref<Listbox> list = Names(1);
   node->AppendListbox(list);
@@ -187,6 +207,13 @@ TEST_F(ListBinding, AnArrayTakesOneElementAStringList) {
   Strings read;
   node->child("all")->GetList("1", read, 0);
   EXPECT_EQ(read, Strings{"b"});
+
+  plistDict& gapped = *node->child("all");
+  gapped.AppendString("last");
+  gapped.Remove("0", true);
+  gapped.AppendList({"c"}, 0, 0);
+  EXPECT_EQ(gapped.indexOf, 2);
+  EXPECT_EQ(gapped.index(2)->GetString("0"), "c");
 }
 
 }  // namespace

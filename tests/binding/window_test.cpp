@@ -84,6 +84,12 @@ TEST_F(WindowBinding, AnArrayTakesOneElementAWindow) {
   const Ref<Window> window = New<Window>();
   all->GetWindow("1", window);
   EXPECT_EQ(Place(*window), "B 5,6 7x8");
+
+  all->AppendString("last");
+  all->Remove("0", true);
+  all->AppendWindow(At("C", 9, 8, 7, 6));
+  all->GetWindow(std::to_string(all->indexOf), window);
+  EXPECT_EQ(Place(*window), "C 9,8 7x6");
 }
 
 }  // namespace

@@ -3,9 +3,9 @@
 Run as: assistant_test.py PROGRAM [unittest arguments]
 """
 
+import functools
 import os
 import subprocess
-import sys
 import unittest
 
 import gi
@@ -13,11 +13,9 @@ gi.require_version('Atspi', '2.0')
 from gi.repository import Atspi
 
 from desktop import until
-from gestures import DIALOG
-from pictures import decoded, encoded, landscape
-from virtual_display import VirtualDisplay
-
-PROGRAM = os.path.abspath(sys.argv.pop(1))
+from desktops import X11
+from on_desktop import DIALOG, OnDesktop
+from pictures import encoded, landscape
 
 
 def below(node):
@@ -35,21 +33,22 @@ def told(node):
     return node.get_role_name(), node.get_name(), 'Press' in names or 'Toggle' in names
 
 
-class Assistant(unittest.TestCase):
+class Assistant(OnDesktop):
+    make_desktop = functools.partial(
+        X11, extra_environment={'QT_LINUX_ACCESSIBILITY_ALWAYS_ON': '1'})
+
     def setUp(self):
-        self.desktop = VirtualDisplay(
-            extra_environment={'QT_LINUX_ACCESSIBILITY_ALWAYS_ON': '1'})
-        self.addCleanup(self.desktop.stop)
-        bus = self.desktop.serve('dbus-daemon', '--session', '--nofork', '--print-address=1',
-                                 stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+        super().setUp()
+        bus = self.desktop.serve('dbus-daemon', '--session',  # a session bus of its own
+                                 '--nofork', '--print-address=1',
+                                 stdout=subprocess.PIPE)
         self.addCleanup(bus.stdout.close)
         address = bus.stdout.readline().decode().strip()
         self.desktop.environment['DBUS_SESSION_BUS_ADDRESS'] = address
         os.environ.update(self.desktop.environment)
         self.desktop.copy(encoded(landscape(640, 480)), 'image/png')
-        self.run_ = self.desktop.start(PROGRAM)
-        self.desktop.active_window(DIALOG)
-        self.program = until(self.find_program, 'the program on the bus')
+        self.run_, _ = self.start()
+        self.tree = until(self.find_program, 'the program on the bus')
 
     def find_program(self):
         everybody = Atspi.get_desktop(0)
@@ -60,7 +59,7 @@ class Assistant(unittest.TestCase):
         return None
 
     def find(self, name, role=None):
-        return until(lambda: next((node for node in below(self.program) if node.get_name() == name
+        return until(lambda: next((node for node in below(self.tree) if node.get_name() == name
                                    and role in (None, node.get_role_name())), None), name)
 
     def press(self, name):
@@ -92,8 +91,8 @@ class Assistant(unittest.TestCase):
         self.desktop.key('x')
         self.desktop.active_window(DIALOG)
         self.press('OK')
-        self.assertEqual(self.run_.wait(20), 0)
-        self.assertEqual(decoded(self.desktop.paste('image/png')).size, (120, 90))
+        self.finish(self.run_)
+        self.assertEqual(self.pasted().size, (120, 90))
 
 
 if __name__ == '__main__':

@@ -1,12 +1,15 @@
-"""What all desktops of the tests have in common: an environment of their own, and its processes."""
+"""A desktop in an environment of its own, and a user who looks at its screen, types and clicks."""
 
 import os
+import shlex
 import shutil
 import signal
 import subprocess
 import tempfile
 import time
 import uuid
+
+from PIL import Image, ImageChops, ImageGrab
 
 PATIENCE = 20  # seconds until something that must happen counts as not happening
 
@@ -31,20 +34,24 @@ class Unavailable(Exception):
 
 
 class Desktop:
-    """A desktop in an environment of its own: home and settings are a temporary folder.
+    """A virtual screen, and on it the desktop that `command` starts, with what belongs to it. Home and
+    settings are a temporary folder.
 
-    The subclasses start the desktop's own processes into `servers`, the first of which is the
-    display itself. Use as a context manager, or call stop(): that ends every process that was
-    started on it.
+    Use as a context manager, or call stop(): that ends every process that was started on it.
     """
 
-    needs = ()  # programs without which there is no such desktop
+    needs = ()      # programs without which there is no such desktop
+    account = {}    # the user that everything runs as, in the words of Popen
+    text = ''       # the form in which a text is offered
 
-    def __init__(self, extra_environment=None):
-        missing = [program for program in self.needs if not shutil.which(program)]
+    def __init__(self, *commands, size='1280x800', extra_environment=None):
+        missing = [program for program in (*self.needs, *(shlex.split(c)[0] for c in commands))
+                   if not shutil.which(program)]
         if missing:
             raise Unavailable(', '.join(missing) + ' not installed')
         self.folder = tempfile.mkdtemp(prefix='morvantile-desktop-')
+        if self.account:
+            os.chown(self.folder, self.account['user'], self.account['group'])
         self.mark = uuid.uuid4().hex
         self.started = []
         self.servers = []
@@ -52,10 +59,14 @@ class Desktop:
             'PATH': '/usr/bin:/bin',
             'HOME': self.folder,
             'XDG_CONFIG_HOME': self.folder + '/config',
+            'XDG_RUNTIME_DIR': self.folder,
             'LANG': 'C.UTF-8',
         }
         try:
-            self.open()
+            self._open_screen(size)
+            for command in commands:
+                self.serve('dbus-run-session', '--', *shlex.split(command))
+            self.wait_for_desktop()
         except BaseException:
             self.stop()
             raise
@@ -63,42 +74,72 @@ class Desktop:
         self.environment['MORVANTILE_TEST_MARK'] = self.mark
         self.environment.update(extra_environment or {})
 
+    def _open_screen(self, size):
+        reader, writer = os.pipe()
+        # With -noreset, or a client that leaves before the next one comes takes the other's
+        # connection with it; -ac lets the desktop's user in.
+        self.serve('Xvfb', '-displayfd', str(writer), '-screen', '0', size + 'x24', '-nolisten', 'tcp',
+                   '-noreset', '-ac', pass_fds=[writer])
+        os.close(writer)
+        with os.fdopen(reader) as lines:
+            number = lines.readline().strip()
+        if not number:
+            raise Late('Xvfb did not start')
+        self.screen = self.environment['DISPLAY'] = ':' + number
+
+    def wait_for_desktop(self):
+        """Waits until the desktop runs, and completes the environment of its programs."""
+        raise NotImplementedError
+
     def __enter__(self):
         return self
 
     def __exit__(self, *_):
         self.stop()
 
-    def open(self):
-        """Starts the desktop's own processes, and completes the environment."""
-        raise NotImplementedError
-
-    def stop(self):
+    def clear(self):
+        """Ends the programs on the desktop, and removes their settings."""
         for pid in self.programs():
             os.kill(pid, signal.SIGKILL)
         for process in self.started:
+            if process.stdout:
+                process.stdout.close()
             process.wait()
+        self.started.clear()
+        shutil.rmtree(self.environment['XDG_CONFIG_HOME'] + '/Morvantile', ignore_errors=True)
+
+    def end_display(self):
+        """Ends the desktop under its programs."""
         for process in reversed(self.servers):
-            process.kill()
+            if process.poll() is None:
+                os.killpg(process.pid, signal.SIGKILL)
             process.wait()
+
+    def stop(self):
+        self.clear()
+        self.end_display()
         shutil.rmtree(self.folder, ignore_errors=True)
 
     # Processes
 
     def serve(self, *command, **options):
         """Starts one of the desktop's own processes."""
-        self.servers.append(subprocess.Popen(command, env=self.environment, **options))
+        silently = {'stdout': subprocess.DEVNULL, 'stderr': subprocess.DEVNULL}
+        self.servers.append(subprocess.Popen(command, env=self.environment, cwd=self.folder,
+                                             start_new_session=True, **self.account,
+                                             **{**silently, **options}))
         return self.servers[-1]
 
     def start(self, *command, **options):
         """Starts a program on the desktop."""
-        self.started.append(subprocess.Popen(command, env=self.environment, **options))
+        self.started.append(subprocess.Popen(command, env=self.environment, **self.account, **options))
         return self.started[-1]
 
     def run(self, *command, **options):
         """What a command prints, as bytes, or None if it fails."""
         done = subprocess.run(command, env=self.environment, stdout=subprocess.PIPE,
-                              stderr=subprocess.DEVNULL, timeout=PATIENCE, check=False, **options)
+                              stderr=subprocess.DEVNULL, timeout=PATIENCE, check=False,
+                              **self.account, **options)
         return done.stdout if done.returncode == 0 else None
 
     def output(self, *command):
@@ -122,14 +163,49 @@ class Desktop:
 
     # The clipboard, through other programs
 
+    copy_command = paste_command = ()  # to which the form is added
+
     def copy(self, data, target):
         """Puts bytes on the clipboard."""
-        raise NotImplementedError
+        subprocess.run([*self.copy_command, target], input=data, env=self.environment,
+                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=PATIENCE,
+                       check=True, **self.account)
+        until(lambda: target in self.targets(), target + ' on the clipboard')
 
     def paste(self, target):
         """The bytes on the clipboard, or None if they are not offered in that form."""
-        raise NotImplementedError
+        return self.run(*self.paste_command, target)
 
     def targets(self):
         """The forms in which the clipboard is offered."""
         raise NotImplementedError
+
+    # The screen, keyboard and mouse
+
+    def look(self):
+        return ImageGrab.grab(xdisplay=self.screen)
+
+    def find(self, colour):
+        """The box of all that has the colour on the screen, as left, top, right, bottom, or None."""
+        image = self.look()
+        red, green, blue = ImageChops.difference(image, Image.new('RGB', image.size, colour)).split()
+        other = ImageChops.lighter(ImageChops.lighter(red, green), blue)
+        return other.point(lambda difference: 255 * (difference == 0)).getbbox()
+
+    def wait_until_still(self):
+        """Waits until the screen has stopped to change."""
+        images = [None]
+
+        def is_still():
+            time.sleep(0.25)
+            images.append(self.look())
+            return images.pop(0) == images[0]
+        until(is_still, 'the screen at rest')
+
+    def do(self, *actions):
+        """Plays the user, in the words of xdotool."""
+        subprocess.run(['xdotool', *map(str, actions)], env={'DISPLAY': self.screen}, check=True,
+                       timeout=PATIENCE, stdout=subprocess.DEVNULL)
+
+    def key(self, *keys):
+        self.do('key', '--delay', 30, *keys)

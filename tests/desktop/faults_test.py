@@ -16,9 +16,8 @@ import unittest
 import zlib
 
 from desktop import PATIENCE, until
-from gestures import DIALOG, SOON
+from on_desktop import DIALOG, SOON, OnDesktop
 from pictures import decoded, encoded, landscape
-from virtual_display import VirtualDisplay
 from PIL import Image
 
 HERE = os.path.dirname(os.path.abspath(__file__))
@@ -35,14 +34,11 @@ def png_of_size(width, height):
     return b'\x89PNG\r\n\x1a\n' + chunk(b'IHDR', header) + chunk(b'IDAT', rows) + chunk(b'IEND', b'')
 
 
-class Faults(unittest.TestCase):
-    program = os.path.abspath(sys.argv.pop(1))
-
+class Faults(OnDesktop):
     def setUp(self):
-        self.desktop = VirtualDisplay()
-        self.addCleanup(self.desktop.stop)
+        super().setUp()
         self.settings = self.desktop.folder + '/config/Morvantile/Morvantile Preferences'
-        os.makedirs(os.path.dirname(self.settings))
+        os.makedirs(os.path.dirname(self.settings), exist_ok=True)
 
     def put_settings(self, form=plistlib.FMT_XML, **changes):
         with open(self.settings, 'wb') as file:
@@ -53,18 +49,6 @@ class Faults(unittest.TestCase):
         with open(self.settings, 'rb') as file:
             return file.read()
 
-    def begin(self, *command):
-        command = command or (self.program,)
-        return self.desktop.start(*command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
-
-    def start(self, *command):
-        run = self.begin(*command)
-        return run, self.desktop.active_window(DIALOG)
-
-    def finish(self, run, patience=PATIENCE):
-        printed, _ = run.communicate(timeout=patience)
-        self.assertEqual((run.returncode, printed), (0, b''))
-
     def copy_landscape(self, width=640, height=480):
         original = encoded(landscape(width, height))
         self.desktop.copy(original, 'image/png')
@@ -72,9 +56,6 @@ class Faults(unittest.TestCase):
 
     def leaves_no_process(self):
         until(lambda: not self.processes(), 'no process left')
-
-    def processes(self):
-        return self.desktop.programs(self.program)
 
     # Pictures
 
@@ -115,7 +96,7 @@ class Faults(unittest.TestCase):
         old = self.put_settings()
         self.copy_landscape()
         run, _ = self.start()
-        self.desktop.servers[0].kill()
+        self.desktop.end_display()
         run.communicate(timeout=PATIENCE)
         self.assertGreaterEqual(run.returncode, 0, 'ended by itself')
         self.assertEqual(self.settings_bytes(), old)
@@ -149,13 +130,35 @@ class Faults(unittest.TestCase):
         self.desktop.key('Return')
         self.finish(run)
 
+    def large(self):
+        """A run whose picture takes its owner half a second to encode, just ended."""
+        self.put_settings(**{'Slider Value': 100.0})
+        self.desktop.copy(encoded(Image.effect_noise((3000, 3000), 50).convert('RGB'), 'BMP'),
+                          'image/bmp')
+        run, _ = self.start()
+        self.desktop.key('Return')
+        self.finish(run)
+
     def test_fifty_pastes_at_once_all_get_the_picture(self):
-        self.scaled()
+        self.large()
         command = ('xclip', '-selection', 'clipboard', '-t', 'image/png', '-o')
         pastes = [self.desktop.start(*command, stdout=subprocess.PIPE) for _ in range(50)]
         pasted = {paste.communicate(timeout=PATIENCE)[0] for paste in pastes}
         self.assertEqual(len(pasted), 1)
-        self.assertEqual(decoded(pasted.pop()).size, (320, 240))
+        self.assertEqual(decoded(pasted.pop()).size, (3000, 3000))
+
+    def test_the_owner_is_killed_while_it_encodes(self):
+        self.large()
+        os.kill(self.processes()[0], signal.SIGKILL)
+        self.leaves_no_process()
+        self.scaled()
+        self.assertEqual(decoded(self.desktop.paste('image/png')).size, (640, 480))
+
+    def test_the_clipboard_is_taken_over_while_the_owner_encodes(self):
+        self.large()
+        self.desktop.copy(b'text', self.desktop.text)
+        self.leaves_no_process()
+        self.assertEqual(self.desktop.paste(self.desktop.text), b'text')
 
     def test_a_hundred_megabytes_come_through_and_a_receiver_may_die(self):
         self.put_settings(**{'Slider Value': 100.0})
@@ -187,7 +190,7 @@ class Faults(unittest.TestCase):
             time.sleep(0.2)
         for run in runs:
             self.finish(run)
-        self.assertIn(decoded(self.desktop.paste('image/png')).size, ((320, 240), (160, 120)))
+        self.assertIn(self.pasted().size, ((320, 240), (160, 120)))
         self.assertEqual(plistlib.loads(self.settings_bytes()), SETTINGS)
         until(lambda: len(self.processes()) == 1, 'one owner')
 
@@ -217,7 +220,7 @@ class Faults(unittest.TestCase):
                 run, _ = self.start(program)
                 self.desktop.key('Return')
                 self.finish(run, 2 * PATIENCE)
-                self.assertEqual(decoded(self.desktop.paste('image/png')).size, (320, 240))
+                self.assertEqual(self.pasted().size, (320, 240))
                 if name.endswith('back'):
                     self.assertEqual(plistlib.loads(self.settings_bytes()), SETTINGS)
                 else:
@@ -245,7 +248,7 @@ class Faults(unittest.TestCase):
         self.finish(run)
         self.assertEqual(self.settings_bytes(), old)
         self.assertEqual(sorted(os.listdir(folder)), ['Morvantile Preferences', 'filler'])
-        self.assertNotEqual(decoded(self.desktop.paste('image/png')).size, (640, 480))
+        self.assertNotEqual(self.pasted().size, (640, 480))
 
     def test_out_of_memory_ends_clearly_with_everything_as_it_was(self):
         old = self.put_settings()

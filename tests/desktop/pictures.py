@@ -44,3 +44,7 @@ def swapped_colours(width=200, height=100):
         profile = profile.replace(old, new)
     image = Image.new('RGB', (width, height), (255, 0, 0))
     return encoded(image, icc_profile=profile, dpi=(300, 150))
+
+
+def plain(colour, width, height):
+    return Image.new('RGB', (width, height), colour)

@@ -117,6 +117,24 @@ TEST_F(MoveTest, ASourceInsideTheNodeThatItWouldBeMergedIntoIsRefused) {
   EXPECT_EQ(Sketch(*Child("from")), R"({from: {from: {k: string "v"}}})");
 }
 
+TEST_F(MoveTest, IntoAContainerAroundItMergesAsFarAsItDoesNotMeetItself) {
+  const Ref<plistDict> a = Child("a");
+  a->SetString("x", "1");
+  a->child("b")->SetString("w", "4");
+  a->child("a")->SetString("y", "2");
+  a->child("a")->child("b")->SetString("z", "3");
+  a->Move("a", root);
+  EXPECT_EQ(Report(document), "");
+  EXPECT_EQ(Sketch(*a), R"({x: string "1", b: {w: string "4", z: string "3"}, y: string "2"})");
+
+  a->child("a")->child("a")->SetString("q", "5");
+  a->child("a")->SetString("r", "6");
+  a->Move("a", root);
+  EXPECT_EQ(Report(document), "a could not be moved as a whole");
+  EXPECT_EQ(a->GetString("r"), "6");
+  EXPECT_EQ(Sketch(*a->child("a")), R"({a: {q: string "5"}, r: string "6"})");
+}
+
 TEST_F(MoveTest, DataDoesNotCoverAContainer) {
   Child("from")->SetData("list", "QUJD");
   Child("from")->Move("list", root);

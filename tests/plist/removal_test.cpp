@@ -121,6 +121,25 @@ TEST_F(Removal, MovesElementsOverTheGapsThatAFileMayLeave) {
   EXPECT_FALSE(list.searched.HasKey("0"));
 }
 
+TEST_F(Removal, KeepsTheNodesOfAnElementTogether) {
+  for (const char* gap : {"", "\n"}) {
+    const Ref<plist> read = Read(std::string("<key>a</key>\n<array>\n<dict/><dict/>\n") + gap +
+                                 "<dict/><dict/>\n<dict/>\n</array>");
+    plistDict& list = *read->root->child("a");
+    std::vector<std::string> expected = {"", "0", "0", "1"};
+    if (*gap != '\0') expected = {"", "1", "1", "3"};
+    list.Remove(0, false);
+    EXPECT_EQ(list.childrenNames, expected);
+    for (std::size_t place = 1; place < expected.size(); ++place) {
+      EXPECT_EQ(list.children[place]->name, expected[place]);
+      const auto first = std::find(expected.begin(), expected.end(), expected[place]);
+      EXPECT_TRUE(list.child(expected[place]) ==
+                  list.children[static_cast<std::size_t>(first - expected.begin())])
+          << expected[place];
+    }
+  }
+}
+
 TEST_F(Removal, OfAKeyFromAnArrayRenumbersNothing) {
   plistDict& list = List("xyz");
   list.SetString("name", "v");

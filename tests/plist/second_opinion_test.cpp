@@ -7,6 +7,7 @@
 #include "platform/process/shell.h"
 #include "platform/text/folding.h"
 #include "platform/text/text.h"
+#include "plist/store/entries.h"
 #include "tests/platform/files/scratch_folder.h"
 #include "tests/plist/drawing.h"
 #include "tests/plist/sketch.h"

@@ -1,6 +1,7 @@
 #include "tests/plist/sketch.h"
 
 #include "platform/text/folding.h"
+#include "plist/store/entries.h"
 
 namespace morvantile {
 namespace {

@@ -96,14 +96,23 @@ TEST(Writer, FollowsTheTypeWordWhateverItIs) {
 
 TEST(Writer, IndentsByAsManyTabsAsItIsTold) {
   const Ref<plistDict> node = New<plistDict>();
-  node->SetString("k", "v");
-  const Ref<FolderItem> file = GetTemporaryFolderItem();
-  const Ref<TextOutputStream> out = file->CreateTextFile();
-  node->Write(*out, 3);
-  node->Write(*out, -3);
-  ASSERT_TRUE(out->Close());
-  EXPECT_EQ(TextInputStream::Open(file)->ReadAll(),
-            "\t\t\t<key>k</key>\n\t\t\t<string>v</string>\n<key>k</key>\n<string>v</string>\n");
+  node->child("a")->child("b")->SetString("k", "v");
+  const std::vector<std::string> lines = {"<key>a</key>", "<dict>",       "<key>b</key>",
+                                          "<dict>",       "<key>k</key>", "<string>v</string>",
+                                          "</dict>",      "</dict>"};
+  const std::vector<int> levels = {0, 0, 1, 1, 2, 2, 1, 0};
+  for (const int depth : {3, 0, -1, -2, -9}) {
+    std::string expected;
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+      const int tabs = std::max(depth + levels[i], 0);
+      expected += std::string(static_cast<std::size_t>(tabs), '\t') + lines[i] + "\n";
+    }
+    const Ref<FolderItem> file = GetTemporaryFolderItem();
+    const Ref<TextOutputStream> out = file->CreateTextFile();
+    node->Write(*out, depth);
+    ASSERT_TRUE(out->Close());
+    EXPECT_EQ(TextInputStream::Open(file)->ReadAll(), expected) << depth;
+  }
 }
 
 TEST(Writer, AValueWithLinesGainsALineEndOnceAndIsStableThen) {

@@ -15,6 +15,7 @@
 
 #include <string>
 
+#include "platform/core/export.h"
 #include "platform/ui/check_box.h"
 #include "platform/ui/edit_field.h"
 #include "platform/ui/label.h"
@@ -38,17 +39,17 @@ namespace morvantile {
 // The control's Name is the widget's objectName; set that first. Of a tree the top-level items are
 // rows. A list has as many columns as the widget has at that moment, at least one. A widget that
 // sorts its rows by itself should be told to do so after its rows have been restored.
-Ref<Listbox> Attach(QTreeWidget& widget);
-Ref<Listbox> Attach(QTableWidget& widget);
-Ref<Listbox> Attach(QListWidget& widget);
-Ref<PopupMenu> Attach(QComboBox& widget);
-Ref<EditField> Attach(QLineEdit& widget);
-Ref<CheckBox> Attach(QCheckBox& widget);
+MORVANTILE_API Ref<Listbox> Attach(QTreeWidget& widget);
+MORVANTILE_API Ref<Listbox> Attach(QTableWidget& widget);
+MORVANTILE_API Ref<Listbox> Attach(QListWidget& widget);
+MORVANTILE_API Ref<PopupMenu> Attach(QComboBox& widget);
+MORVANTILE_API Ref<EditField> Attach(QLineEdit& widget);
+MORVANTILE_API Ref<CheckBox> Attach(QCheckBox& widget);
 // Radio buttons keep the grouping that they have as widgets.
-Ref<RadioButton> Attach(QRadioButton& widget);
-Ref<StaticText> Attach(QLabel& widget);
+MORVANTILE_API Ref<RadioButton> Attach(QRadioButton& widget);
+MORVANTILE_API Ref<StaticText> Attach(QLabel& widget);
 // A top-level window: its title and the rectangle of its content.
-Ref<Window> AttachWindow(QWidget& widget);
+MORVANTILE_API Ref<Window> AttachWindow(QWidget& widget);
 
 }  // namespace morvantile
 

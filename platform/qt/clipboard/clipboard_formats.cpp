@@ -23,11 +23,4 @@ Ref<Picture> PictureFrom(const QString& format, const QByteArray& data) {
   return format.startsWith("image/") ? DecodePicture(data) : PictureInCopiedFile(data);
 }
 
-QByteArray PictureOffer::In(const QString& format) const {
-  if (format == "image/bmp") return EncodeBmp(picture_);
-  if (format != "image/png") return {};
-  if (png_.isNull()) png_ = EncodePng(picture_);
-  return png_;
-}
-
 }  // namespace morvantile

@@ -7,6 +7,7 @@
 #include <QTimer>
 #include <QWidget>
 #include <QWindow>
+#include <utility>
 
 #include "platform/qt/clipboard/clipboard_formats.h"
 #include "platform/qt/clipboard/patience.h"
@@ -18,18 +19,18 @@ constexpr int kFocusPatienceMilliseconds = 1000;
 
 class OfferedPicture : public QMimeData {
  public:
-  explicit OfferedPicture(const Ref<Picture>& picture) : offer_(picture) {}
+  explicit OfferedPicture(std::shared_ptr<PictureOffer> offer) : offer_(std::move(offer)) {}
 
   QStringList formats() const override { return PictureOffer::Formats(); }
   bool hasFormat(const QString& format) const override { return formats().contains(format); }
 
  protected:
   QVariant retrieveData(const QString& format, QMetaType /*type*/) const override {
-    return offer_.In(format);
+    return offer_->In(format);
   }
 
  private:
-  PictureOffer offer_;
+  std::shared_ptr<PictureOffer> offer_;
 };
 
 QStringList FormatsOf(const QMimeData& offer) {
@@ -88,12 +89,14 @@ Ref<Picture> QtClipboard::ReadPicture() {
 }
 
 void QtClipboard::WritePicture(const Ref<Picture>& picture) {
-  QGuiApplication::clipboard()->setMimeData(new OfferedPicture(picture));
+  offer_ = std::make_shared<PictureOffer>(picture);
+  QGuiApplication::clipboard()->setMimeData(new OfferedPicture(offer_));
 }
 
 std::string QtClipboard::ReadText() { return QGuiApplication::clipboard()->text().toStdString(); }
 
 void QtClipboard::WriteText(const std::string& text) {
+  offer_ = nullptr;
   QGuiApplication::clipboard()->setText(QString::fromStdString(text));
 }
 
@@ -106,6 +109,7 @@ void QtClipboard::Forget() {
 
 void QtClipboard::ServeUntilTakenOver() {
   if (!Owned()) return;
+  if (offer_ != nullptr) offer_->Encode();
   QEventLoop loop;
   QObject::connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, &loop, [this, &loop] {
     if (!Owned()) loop.quit();

@@ -1,13 +1,15 @@
 #ifndef MORVANTILE_PLATFORM_QT_CLIPBOARD_CLIPBOARD_QT_H
 #define MORVANTILE_PLATFORM_QT_CLIPBOARD_CLIPBOARD_QT_H
 
+#include <memory>
 #include <string>
 
+#include "platform/qt/clipboard/picture_offer.h"
 #include "platform/qt/clipboard/system_clipboard.h"
 
 namespace morvantile {
 
-// The clipboard as the toolkit gives it: that of X11, and of Wayland for a window with the focus.
+// The clipboard of the toolkit: that of X11, and of Wayland for a window with the focus.
 class QtClipboard : public SystemClipboard {
  public:
   QtClipboard();
@@ -21,6 +23,7 @@ class QtClipboard : public SystemClipboard {
   void ServeUntilTakenOver() override;
 
  private:
+  std::shared_ptr<PictureOffer> offer_;
   bool known_ = false;
   Ref<Picture> picture_;
 };

@@ -19,6 +19,7 @@
 #include "ext-data-control-v1-client.h"
 #include "platform/qt/clipboard/clipboard_formats.h"
 #include "platform/qt/clipboard/patience.h"
+#include "platform/qt/clipboard/picture_offer.h"
 #include "platform/qt/clipboard/transfer.h"
 
 namespace morvantile {
@@ -62,8 +63,9 @@ class DataControlClipboard : public SystemClipboard {
   }
 
   void WritePicture(const Ref<Picture>& picture) override {
-    const auto offer = std::make_shared<PictureOffer>(picture);
-    Take(PictureOffer::Formats(), [offer](const QString& format) { return offer->In(format); });
+    offered_ = std::make_shared<PictureOffer>(picture);
+    Take(PictureOffer::Formats(),
+         [offer = offered_](const QString& format) { return offer->In(format); });
   }
 
   std::string ReadText() override {
@@ -73,6 +75,7 @@ class DataControlClipboard : public SystemClipboard {
   }
 
   void WriteText(const std::string& text) override {
+    offered_ = nullptr;
     Take({kText, "UTF8_STRING", "text/plain"},
          [text](const QString&) { return QByteArray::fromStdString(text); });
   }
@@ -88,6 +91,7 @@ class DataControlClipboard : public SystemClipboard {
   }
 
   void ServeUntilTakenOver() override {
+    if (offered_ != nullptr) offered_->Encode();
     while (source_ != nullptr && Flush() && Wait()) {
       transfers_.Proceed();
     }
@@ -179,6 +183,7 @@ class DataControlClipboard : public SystemClipboard {
   QStringList announced_;
   QStringList formats_;
   Provider provider_;
+  std::shared_ptr<PictureOffer> offered_;
   OutgoingTransfers transfers_;
   bool known_ = false;
   Ref<Picture> picture_;

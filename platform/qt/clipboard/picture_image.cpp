@@ -62,11 +62,11 @@ std::shared_ptr<const std::string> RgbProfile(const QColorSpace& space) {
   return std::make_shared<const std::string>(profile.toStdString());
 }
 
-QByteArray Write(const QImage& image, const char* format) {
+QByteArray OpaqueBmp(const QImage& image) {
   QByteArray bytes;
   QBuffer buffer(&bytes);
   buffer.open(QIODevice::WriteOnly);
-  QImageWriter(&buffer, format).write(image);
+  QImageWriter(&buffer, "BMP").write(image);
   return bytes;
 }
 
@@ -159,11 +159,9 @@ Ref<Picture> DecodePicture(QByteArray encoded) {
   return picture;
 }
 
-QByteArray EncodePng(const Ref<Picture>& picture) { return Write(ImageOver(picture), "PNG"); }
-
 QByteArray EncodeBmp(const Ref<Picture>& picture) {
   const QImage image = InSrgb(ImageOver(picture));
-  if (!picture->HasAlpha()) return Write(image, "BMP");
+  if (!picture->HasAlpha()) return OpaqueBmp(image);
   QByteArray bytes;
   QDataStream out(&bytes, QIODevice::WriteOnly);
   out.setByteOrder(QDataStream::LittleEndian);

@@ -31,9 +31,6 @@ bool IsCutOffPng(const QByteArray& encoded);
 // short or larger than a Picture can be. It has the profile and the density of the file.
 Ref<Picture> DecodePicture(QByteArray encoded);
 
-// The picture as a PNG file, with its profile and its density.
-QByteArray EncodePng(const Ref<Picture>& picture);
-
 // The picture as a BMP file in sRGB, 24 bits a pixel; with alpha 32 bits a pixel and a header of
 // version 4, whose masks name the alpha channel (Microsoft, "BITMAPV4HEADER structure").
 QByteArray EncodeBmp(const Ref<Picture>& picture);

@@ -2,7 +2,9 @@
 
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QTimer>
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
 #include "platform/qt/widgets/control_widgets.h"
@@ -10,6 +12,8 @@
 
 namespace morvantile {
 namespace {
+
+constexpr std::chrono::milliseconds kBetweenLooksAtSwitch{50};
 
 Qt::WindowFlags FlagsOf(const Window& window) {
   Qt::WindowFlags flags = Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint;
@@ -111,7 +115,12 @@ bool WindowWidget::event(QEvent* event) {
 }
 
 void WindowWidget::TellIfDeactivated() {
-  if (!isActiveWindow() && AnotherWindowIsActive(*this)) window_->UserDeactivated();
+  if (isActiveWindow() || !AnotherWindowIsActive(*this)) return;
+  if (ASwitchMayBeUnderWay()) {
+    QTimer::singleShot(kBetweenLooksAtSwitch, this, &WindowWidget::TellIfDeactivated);
+  } else {
+    window_->UserDeactivated();
+  }
 }
 
 void WindowWidget::keyPressEvent(QKeyEvent* event) {

@@ -133,7 +133,7 @@ TEST(FolderItem, ACopyThatFailsChangesNothing) {
   }
   EXPECT_FALSE(folder.Item("target")->CopyFileTo(folder.Item("folder")));
   EXPECT_FALSE(folder.Item("target")->CopyFileTo(folder.Item("missing/target")));
-  EXPECT_THROW(folder.Item("target")->CopyFileTo(nullptr), NilObjectException);
+  EXPECT_THROW(static_cast<void>(folder.Item("target")->CopyFileTo(nullptr)), NilObjectException);
   EXPECT_EQ(folder.Content("target"), "old");
   EXPECT_THAT(folder.Names(), ElementsAre("folder", "pipe", "target"));
 }

@@ -116,7 +116,7 @@ TEST(Translations, NoTextOfAnyLanguageIsCutAndALargeFontIsHonoured) {
       QApplication::setFont(font);
       const std::string where = language.toStdString() + " at " + std::to_string(pixels);
 
-      const Ref<ResizerWindow> resizer = ResizerWindow::Instance(New<plist>(""));
+      const Ref<ResizerWindow> resizer = ResizerWindow::Instance(New<plist>(std::string()));
       const WindowWidget shown(resizer, nullptr);
       resizer->OriginalSize()->SetSuffix("40000 x 20000");
       resizer->NewSizeLabel()->SetSuffix("40000 x 20000");
@@ -134,7 +134,7 @@ TEST(Translations, NoTextOfAnyLanguageIsCutAndALargeFontIsHonoured) {
 
 TEST(Translations, SizesKeepTheirOrderAmongRightToLeftLetters) {
   Desktop desktop({"C"});
-  const Ref<ResizerWindow> resizer = ResizerWindow::Instance(New<plist>(""));
+  const Ref<ResizerWindow> resizer = ResizerWindow::Instance(New<plist>(std::string()));
   const WindowWidget shown(resizer, nullptr);
   resizer->NewSizeLabel()->SetText("גודל חדש: 640 x 480");
   const QString text = shown.findChild<QLabel*>("NewSizeLabel")->text();

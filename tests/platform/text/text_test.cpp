@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/text/folding.h"
 #include "platform/text/text_search.h"
 
 namespace morvantile {

@@ -7,10 +7,9 @@ OK, pastes with another program, and leaves the pictures in the folder.
 import os
 import sys
 
-from PIL import ImageGrab
-
+sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)) + '/../tests/desktop')
+from desktops import X11
 from pictures import decoded, encoded, landscape
-from virtual_display import VirtualDisplay
 
 DIALOG = 'Clipboard Image Resize'
 SAMPLE = (640, 480)
@@ -24,12 +23,12 @@ def main(program, folder):
     os.makedirs(folder, exist_ok=True)
     screenshot = os.path.join(folder, 'screenshot.png')
     pasted_file = os.path.join(folder, 'pasted.png')
-    with VirtualDisplay() as display:
+    with X11() as display:
         sample = landscape(*SAMPLE)
         display.copy(encoded(sample), 'image/png')
         run = display.start(program)
         display.active_window(DIALOG)
-        ImageGrab.grab(xdisplay=display.environment['DISPLAY']).save(screenshot)
+        display.look().save(screenshot)
         display.key('Return')
         status = run.wait()
         pasted = display.paste('image/png')

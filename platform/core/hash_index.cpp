@@ -1,4 +1,4 @@
-#include "plist/store/key_index.h"
+#include "platform/core/hash_index.h"
 
 #include <algorithm>
 #include <bit>
@@ -16,16 +16,16 @@ std::size_t CellsFor(std::size_t count) {
 
 }  // namespace
 
-void KeyIndex::Add(std::uint32_t hash, std::uint32_t number) {
+void HashIndex::Add(std::uint32_t hash, std::uint32_t number) {
   const std::size_t cells = CellsFor(used_ + 1);
   if (cells > cells_.size()) Resize(cells);
   Place({hash, number});
   ++used_;
 }
 
-// Moves the cells behind the hole into it as far as they may stand there, so that no search ends
+// Moves the cells behind the hole into it as far as they may be there, so that no search ends
 // early at a hole and no mark is left behind.
-void KeyIndex::Remove(std::uint32_t hash, std::uint32_t number) {
+void HashIndex::Remove(std::uint32_t hash, std::uint32_t number) {
   std::size_t hole = hash & mask_;
   while (cells_[hole].number != number) hole = (hole + 1) & mask_;
   for (std::size_t at = (hole + 1) & mask_; cells_[at].number != kNone; at = (at + 1) & mask_) {
@@ -39,14 +39,14 @@ void KeyIndex::Remove(std::uint32_t hash, std::uint32_t number) {
   --used_;
 }
 
-void KeyIndex::Reset(std::size_t count) {
+void HashIndex::Reset(std::size_t count) {
   used_ = 0;
   mask_ = 0;
   cells_ = {};
   if (count > 0) Resize(CellsFor(count));
 }
 
-void KeyIndex::Resize(std::size_t size) {
+void HashIndex::Resize(std::size_t size) {
   const std::vector<Cell> old = std::exchange(cells_, std::vector<Cell>(size));
   mask_ = size - 1;
   for (const Cell& cell : old) {
@@ -54,7 +54,7 @@ void KeyIndex::Resize(std::size_t size) {
   }
 }
 
-void KeyIndex::Place(Cell cell) {
+void HashIndex::Place(Cell cell) {
   std::size_t at = cell.hash & mask_;
   while (cells_[at].number != kNone) at = (at + 1) & mask_;
   cells_[at] = cell;

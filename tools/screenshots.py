@@ -1,6 +1,6 @@
 """Renews the screenshots of the documentation: both windows, light and dark, at scale 1 and 2.
 
-Run as: screenshots.py PROGRAM FOLDER
+Run as: screenshots.py PROGRAM FOLDER [LANGUAGE]
 """
 
 import os
@@ -8,13 +8,11 @@ import re
 import sys
 import time
 
-from PIL import ImageGrab
-
-from pictures import encoded, landscape
+sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)) + '/../tests/desktop')
 from desktop import until
-from virtual_display import VirtualDisplay
+from desktops import X11
+from pictures import encoded, landscape
 
-DIALOG = 'Clipboard Image Resize'
 KDE = {'XDG_CURRENT_DESKTOP': 'KDE', 'KDE_FULL_SESSION': 'true', 'KDE_SESSION_VERSION': '5'}
 KDE_COLORS = '\n'.join(
     f'[Colors:{group}]\nBackgroundNormal={background}\nForegroundNormal=252,252,252\n'
@@ -28,21 +26,23 @@ def grab(display, window, file):
     x, y, width, height = (int(re.search(what + r': +(\d+)', told)[1]) for what in (
         'Absolute upper-left X', 'Absolute upper-left Y', 'Width', 'Height'))
     time.sleep(0.3)
-    screen = ImageGrab.grab(xdisplay=display.environment['DISPLAY'])
-    screen.crop((x, y, x + width, y + height)).save(file)
+    display.look().crop((x, y, x + width, y + height)).save(file)
 
 
-def shoot(program, folder, dark, scale):
+def shoot(program, folder, language, dark, scale):
     name = os.path.join(folder, ('dark' if dark else 'light') + ('@2x' if scale == 2 else ''))
-    environment = {'QT_SCALE_FACTOR': str(scale), **(KDE if dark else {})}
-    with VirtualDisplay(f'{1280 * scale}x{800 * scale}', environment) as display:
+    environment = {'QT_SCALE_FACTOR': str(scale), 'LANGUAGE': language, 'LANG': language + '.UTF-8',
+                   **(KDE if dark else {})}
+    size = f'{1280 * scale}x{800 * scale}'
+    with X11(size=size, extra_environment=environment) as display:
         if dark:
             os.makedirs(display.environment['XDG_CONFIG_HOME'])
             with open(display.environment['XDG_CONFIG_HOME'] + '/kdeglobals', 'w') as file:
                 file.write(KDE_COLORS)
         display.copy(encoded(landscape(640, 480)), 'image/png')
         display.start(program)
-        dialog = display.active_window(DIALOG)
+        dialog = until(lambda: display.windows('morvantile'), 'the dialog')[0]
+        time.sleep(1)
         grab(display, dialog, name + '.png')
         display.key('F1')
         until(lambda: len(display.windows('morvantile')) == 2, 'the info window')
@@ -54,4 +54,4 @@ if __name__ == '__main__':
     os.makedirs(sys.argv[2], exist_ok=True)
     for is_dark in (False, True):
         for factor in (1, 2):
-            shoot(os.path.abspath(sys.argv[1]), sys.argv[2], is_dark, factor)
+            shoot(os.path.abspath(sys.argv[1]), sys.argv[2], (sys.argv[3:] or ['en'])[0], is_dark, factor)

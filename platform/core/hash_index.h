@@ -1,7 +1,7 @@
-// The hash table under a Dictionary.
+// The hash table under the tree's dictionaries and the converter.
 
-#ifndef MORVANTILE_PLIST_STORE_KEY_INDEX_H
-#define MORVANTILE_PLIST_STORE_KEY_INDEX_H
+#ifndef MORVANTILE_PLATFORM_CORE_HASH_INDEX_H
+#define MORVANTILE_PLATFORM_CORE_HASH_INDEX_H
 
 #include <cstddef>
 #include <cstdint>
@@ -9,10 +9,10 @@
 
 namespace morvantile {
 
-// Finds numbers by the hashes of the keys that they stand for: open addressing, with the hash
+// Finds numbers by the hashes of their keys: open addressing, with the hash
 // beside the number, so that a search looks at a key only if its whole hash agrees. Whoever holds
 // the keys says which number is meant.
-class KeyIndex {
+class HashIndex {
  public:
   static constexpr std::uint32_t kNone = UINT32_MAX;
 
@@ -40,7 +40,7 @@ class KeyIndex {
   // Takes out a number that is there under `hash`.
   void Remove(std::uint32_t hash, std::uint32_t number);
 
-  // Takes out everything and makes room for `count` numbers; none gives the memory back.
+  // Takes out everything and makes room for `count` numbers; none releases the memory.
   void Reset(std::size_t count);
 
  private:
@@ -61,4 +61,4 @@ class KeyIndex {
 
 }  // namespace morvantile
 
-#endif  // MORVANTILE_PLIST_STORE_KEY_INDEX_H
+#endif  // MORVANTILE_PLATFORM_CORE_HASH_INDEX_H

@@ -1,0 +1,7 @@
+#include "platform/core/background.h"
+
+namespace morvantile {
+
+BackgroundTask background_task = nullptr;
+
+}  // namespace morvantile

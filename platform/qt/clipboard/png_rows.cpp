@@ -1,0 +1,167 @@
+#include "platform/qt/clipboard/png_rows.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <utility>
+
+namespace morvantile {
+namespace {
+
+constexpr std::size_t kMostPixelBytes = 4;
+
+Colour ColourAt(const Picture& picture, int x, int y) {
+  Colour colour = 0;
+  std::memcpy(&colour, picture.Row(y) + std::ptrdiff_t{4} * x, sizeof colour);
+  return picture.HasAlpha() ? colour : colour | 0xFF000000U;
+}
+
+bool IsGrey(Colour colour) {
+  return (colour & 0xFFU) == (colour >> 8 & 0xFFU) && (colour & 0xFFU) == (colour >> 16 & 0xFFU);
+}
+
+void PackIndices(const Picture& picture, int y, const Layout& layout, std::uint8_t* out) {
+  std::memset(out, 0, layout.RowBytes(picture.Width()));
+  for (int x = 0; x < picture.Width(); ++x) {
+    const int bit = x % (8 / layout.bits) * layout.bits;
+    const int index = layout.palette.IndexOf(ColourAt(picture, x, y));
+    out[x / (8 / layout.bits)] |= static_cast<std::uint8_t>(index << (8 - layout.bits - bit));
+  }
+}
+
+void PackRow(const Picture& picture, int y, const Layout& layout, std::uint8_t* out) {
+  if (layout.type == ColourType::kPalette) return PackIndices(picture, y, layout, out);
+  const std::uint8_t* pixel = picture.Row(y);
+  for (int x = 0; x < picture.Width(); ++x, pixel += 4) {
+    *out++ = pixel[2];
+    if (layout.type == ColourType::kGrey) continue;
+    *out++ = pixel[1];
+    *out++ = pixel[0];
+    if (layout.type == ColourType::kRgba) *out++ = pixel[3];
+  }
+}
+
+// What the filters expect of a byte, from that to its left, that above, and that above the left
+// one.
+
+int Nothing(int /*left*/, int /*above*/, int /*corner*/) { return 0; }
+int Left(int left, int /*above*/, int /*corner*/) { return left; }
+int Above(int /*left*/, int above, int /*corner*/) { return above; }
+int Average(int left, int above, int /*corner*/) { return (left + above) / 2; }
+
+int Paeth(int left, int above, int corner) {
+  const int fromLeft = std::abs(above - corner);
+  const int fromAbove = std::abs(left - corner);
+  const int fromCorner = std::abs(left + above - 2 * corner);
+  const int vertical = fromAbove <= fromCorner ? above : corner;
+  return fromLeft <= fromAbove && fromLeft <= fromCorner ? left : vertical;
+}
+
+// A row and the one above it, each behind a pixel of zeros.
+struct RowPair {
+  const std::uint8_t* row;
+  const std::uint8_t* above;
+  std::size_t bytes;
+  int pixelBytes;
+};
+
+// Writes the differences, and returns the sum of their amounts.
+template <int (*Expected)(int, int, int)>
+unsigned Filter(const RowPair& pair, std::uint8_t* out) {
+  unsigned sum = 0;
+  for (std::size_t i = 0; i < pair.bytes; ++i) {
+    const std::uint8_t* byte = pair.row + i;
+    const std::uint8_t* above = pair.above + i;
+    const int expected = Expected(byte[-pair.pixelBytes], *above, above[-pair.pixelBytes]);
+    out[i] = static_cast<std::uint8_t>(*byte - expected);
+    sum += std::min<unsigned>(out[i], 256U - out[i]);
+  }
+  return sum;
+}
+
+// In the order of the format's numbers.
+constexpr std::array kFilters = {Filter<Nothing>, Filter<Left>, Filter<Above>, Filter<Average>,
+                                 Filter<Paeth>};
+
+void FilterRow(const RowPair& pair, std::vector<std::uint8_t>& scratch, std::uint8_t* out) {
+  unsigned least = ~0U;
+  for (std::size_t filter = 0; filter < kFilters.size(); ++filter) {
+    const unsigned sum = kFilters[filter](pair, scratch.data());
+    if (sum >= least) continue;
+    least = sum;
+    out[0] = static_cast<std::uint8_t>(filter);
+    std::memcpy(out + 1, scratch.data(), pair.bytes);
+  }
+}
+
+}  // namespace
+
+bool Palette::Add(Colour colour) {
+  std::int16_t& slot = slots_[SlotOf(colour)];
+  if (slot != kFree) return true;
+  if (colours_.size() == kMost) return false;
+  slot = static_cast<std::int16_t>(colours_.size());
+  colours_.push_back(colour);
+  return true;
+}
+
+// The slot that holds the colour, or the free one that would.
+std::size_t Palette::SlotOf(Colour colour) const {
+  std::size_t slot = colour * 0x9E3779B1U >> (32 - kSlotBits);
+  while (slots_[slot] != kFree && colours_[static_cast<std::size_t>(slots_[slot])] != colour) {
+    slot = (slot + 1) % slots_.size();
+  }
+  return slot;
+}
+
+Layout LayoutFor(const Picture& picture) {
+  Palette palette;
+  bool few = true;
+  bool opaque = true;
+  bool grey = picture.metadata.profile == nullptr;
+  for (int y = 0; y < picture.Height() && (few || grey || (opaque && picture.HasAlpha())); ++y) {
+    Colour before = ~ColourAt(picture, 0, y);
+    for (int x = 0; x < picture.Width(); ++x) {
+      const Colour colour = ColourAt(picture, x, y);
+      if (colour == before) continue;
+      before = colour;
+      few = few && palette.Add(colour);
+      opaque = opaque && colour >> 24 == 0xFFU;
+      grey = grey && opaque && IsGrey(colour);
+    }
+  }
+  const std::size_t colours = palette.Colours().size();
+  if (few && colours <= 2) return {ColourType::kPalette, 1, 1, palette};
+  if (few && colours <= 4) return {ColourType::kPalette, 2, 1, palette};
+  if (few && colours <= 16) return {ColourType::kPalette, 4, 1, palette};
+  if (grey) return {ColourType::kGrey, 8, 1, {}};
+  if (few) return {ColourType::kPalette, 8, 1, palette};
+  return opaque ? Layout{ColourType::kRgb, 8, 3, {}} : Layout{ColourType::kRgba, 8, 4, {}};
+}
+
+Bytes PngRows(const Picture& picture, const Layout& layout, Filtering filtering, int band,
+              int distance) {
+  const std::size_t bytes = layout.RowBytes(picture.Width());
+  const int pixelBytes = std::max(layout.bits * layout.channels / 8, 1);
+  std::vector<std::uint8_t> pair(2 * (kMostPixelBytes + bytes));
+  std::uint8_t* above = pair.data() + kMostPixelBytes;
+  std::uint8_t* row = above + bytes + kMostPixelBytes;
+  std::vector<std::uint8_t> scratch(bytes);
+  Bytes rows((bytes + 1) * static_cast<std::size_t>(picture.Height()));
+  for (int y = 0; y < picture.Height(); ++y) {
+    if (y % distance >= band) continue;
+    std::uint8_t* out = rows.data.get() + rows.size;
+    rows.size += bytes + 1;
+    if (filtering == Filtering::kNone) {
+      out[0] = 0;
+      PackRow(picture, y, layout, out + 1);
+      continue;
+    }
+    PackRow(picture, y, layout, row);
+    FilterRow({row, above, bytes, pixelBytes}, scratch, out);
+    std::swap(row, above);
+  }
+  return rows;
+}
+
+}  // namespace morvantile

@@ -1,0 +1,80 @@
+// The pixels of a picture as the rows of a PNG file.
+
+#ifndef MORVANTILE_PLATFORM_QT_CLIPBOARD_PNG_ROWS_H
+#define MORVANTILE_PLATFORM_QT_CLIPBOARD_PNG_ROWS_H
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "platform/imaging/picture.h"
+
+namespace morvantile {
+
+// A pixel: alpha, red, green and blue, from the highest byte down.
+using Colour = std::uint32_t;
+
+// The distinct colours of a picture, in the order in which they are found.
+class Palette {
+ public:
+  static constexpr std::size_t kMost = 256;
+
+  Palette() { slots_.fill(kFree); }
+
+  // False for a colour too many.
+  bool Add(Colour colour);
+  // The place of a colour that has been added.
+  int IndexOf(Colour colour) const { return slots_[SlotOf(colour)]; }
+  const std::vector<Colour>& Colours() const { return colours_; }
+
+ private:
+  static constexpr std::int16_t kFree = -1;
+  static constexpr int kSlotBits = 10;
+
+  std::size_t SlotOf(Colour colour) const;
+
+  std::vector<Colour> colours_;
+  std::array<std::int16_t, std::size_t{1} << kSlotBits> slots_{};
+};
+
+// The format's numbers of the ways to store a pixel.
+enum class ColourType : std::uint8_t { kGrey = 0, kRgb = 2, kPalette = 3, kRgba = 6 };
+
+// How pixels are stored.
+struct Layout {
+  ColourType type;
+  int bits;      // of a sample
+  int channels;  // samples of a pixel
+  Palette palette;
+
+  std::size_t RowBytes(int width) const {
+    return (static_cast<std::size_t>(width) * static_cast<std::size_t>(bits * channels) + 7) / 8;
+  }
+};
+
+// The smallest layout in which every bit of each pixel comes back. One for grey is none for a
+// picture with a profile, because that is for RGB data.
+Layout LayoutFor(const Picture& picture);
+
+// Bytes that are not cleared before they are written.
+struct Bytes {
+  explicit Bytes(std::size_t most) : data(std::make_unique_for_overwrite<std::uint8_t[]>(most)) {}
+
+  std::unique_ptr<std::uint8_t[]> data;
+  std::size_t size = 0;
+};
+
+// Whether the bytes of a row are stored as they are, or as differences from their neighbours, in
+// the way that makes the smallest differences in that row.
+enum class Filtering { kNone, kByRow };
+
+// The filtered rows of the picture, each behind the number of its filter. Of each `distance` rows
+// the first `band` are taken.
+Bytes PngRows(const Picture& picture, const Layout& layout, Filtering filtering, int band = 1,
+              int distance = 1);
+
+}  // namespace morvantile
+
+#endif  // MORVANTILE_PLATFORM_QT_CLIPBOARD_PNG_ROWS_H

@@ -1,0 +1,216 @@
+"""What a user does with the program on a desktop, seen on its screen and played on keyboard and mouse,
+and what other programs then paste.
+
+Run as: gestures_test.py PROGRAM DESKTOP [unittest arguments], DESKTOP being a name of desktops.py.
+"""
+
+import os
+import signal
+import sys
+import time
+import unittest
+
+from desktop import until
+from desktops import DESKTOPS, EXCEPTIONS
+from on_desktop import SOON, OnDesktop
+from pictures import encoded, landscape, plain
+
+PICTURE = '#ff00ff'
+OTHER = '#00ff00'  # as other_window.cpp has it
+OK, DONT_SCALE, TITLE_BAR = (296, 471), (143, 471), (220, -12)  # places in the dialog
+NAME = sys.argv.pop(1)
+
+
+class Gestures(OnDesktop):
+    make_desktop = DESKTOPS[NAME]
+
+    def setUp(self):
+        reason = EXCEPTIONS.get(self._testMethodName, {}).get(NAME)
+        if reason:
+            self.skipTest(reason)
+        super().setUp()
+
+    def copy_picture(self):
+        self.desktop.copy(encoded(plain(PICTURE, 640, 480)), 'image/png')
+
+    def start(self, *command):
+        """Starts the program on a picture, and waits for the dialog."""
+        self.desktop.do('mousemove', 5, 5)
+        self.copy_picture()
+        run = self.begin(*command)
+        self.wait_for_dialog()
+        return run
+
+    def wait_for_dialog(self):
+        until(lambda: self.desktop.find(PICTURE), 'the dialog')
+        self.desktop.wait_until_still()
+
+    def pointer_to(self, x, y):
+        """Moves the mouse pointer to a place in the dialog. The preview shows 320 x 240 pixels."""
+        left, top, right, bottom = self.desktop.find(PICTURE)
+        self.assertEqual((right - left, bottom - top), (320, 240))
+        self.desktop.do('mousemove', left - 60 + x, top - 30 + y)
+
+    def click(self, x, y):
+        self.pointer_to(x, y)
+        self.desktop.do('click', 1)
+
+    def scales_by_return(self, run, width, height):
+        self.wait_for_dialog()
+        self.desktop.key('Return')
+        self.scales(run, width, height)
+
+    def start_other_window(self):
+        self.desktop.start(os.path.dirname(self.program) + '/other_window')
+
+    def scales(self, run, width=320, height=240):
+        """The run ends with the scaled picture on the clipboard."""
+        self.finish(run)
+        for target in ('image/png', 'image/bmp'):
+            self.assertEqual(self.pasted(target).size, (width, height))
+
+    def stays(self, run):
+        """The dialog is there after a gesture, and OK is pressed in it."""
+        time.sleep(0.5)
+        self.assertIsNone(run.poll(), 'the dialog has closed')
+        self.scales_by_return(run, 320, 240)
+
+    # The ends of a run
+
+    def test_ok(self):
+        for press in (lambda: self.desktop.key('Return'), lambda: self.click(*OK)):
+            run = self.start()
+            press()
+            self.scales(run)
+
+    def test_dont_scale_leaves_the_original_bytes(self):
+        for press in (lambda: self.desktop.key('Right', 'Escape'), lambda: self.click(*DONT_SCALE)):
+            run = self.start()
+            press()
+            self.finish(run)
+            self.assertEqual(self.desktop.paste('image/png'), encoded(plain(PICTURE, 640, 480)))
+            until(lambda: not self.processes(), 'no process left')
+
+    def test_a_click_into_another_window(self):
+        run = self.start()
+        self.start_other_window()
+        until(lambda: self.desktop.find(OTHER) or run.poll() is not None, 'another window')
+        self.desktop.wait_until_still()
+        if run.poll() is None:  # not every desktop makes a new window the active one
+            left, top, _, _ = self.desktop.find(OTHER)
+            self.desktop.do('mousemove', left + 5, top + 5, 'click', 1)
+        self.scales(run)
+
+    # Gestures that leave the dialog open
+
+    def test_the_title_bar_is_dragged(self):
+        run = self.start()
+        self.pointer_to(*TITLE_BAR)
+        self.desktop.do('mousedown', 1, 'sleep', 0.3)
+        for _ in range(10):
+            self.desktop.do('mousemove_relative', 6, 3, 'sleep', 0.03)
+        self.desktop.do('sleep', 0.3, 'mouseup', 1)
+        self.stays(run)
+
+    def test_the_window_menu_is_opened_and_left(self):
+        run = self.start()
+        before = self.desktop.look()
+        self.desktop.do('key', 'alt+space', 'sleep', 0.5)
+        if self.desktop.look() != before:  # not every desktop has one
+            self.desktop.key('Escape')
+        self.stays(run)
+
+    def test_the_switch_to_another_window_is_cancelled(self):
+        self.start_other_window()
+        until(lambda: self.desktop.find(OTHER), 'another window')
+        run = self.start()
+        self.desktop.do('keydown', 'alt', 'key', 'Tab', 'sleep', 0.5, 'key', 'Escape', 'keyup', 'alt')
+        self.stays(run)
+
+    def test_a_global_key_is_held(self):
+        self.desktop.bind_key('F12')
+        run = self.start()
+        for seconds in (0.15, 0.5):
+            self.desktop.do('keydown', 'F12', 'sleep', seconds, 'keyup', 'F12', 'sleep', 0.3)
+        self.stays(run)
+
+    def test_a_second_start_ends_and_leaves_the_dialog(self):
+        run = self.start()
+        self.finish(self.begin())
+        self.stays(run)
+
+    def test_the_launch_key_is_held(self):
+        self.copy_picture()
+        runs = []
+        for _ in range(15):
+            runs.append(self.begin())
+            time.sleep(0.1)
+        self.wait_for_dialog()
+        self.desktop.key('Return')
+        for run in runs:
+            self.finish(run)
+        self.assertEqual(self.pasted().size, (320, 240))
+        until(lambda: len(self.processes()) <= 1, 'one owner')
+
+    def test_a_copied_file_is_a_picture(self):
+        file = self.desktop.folder + '/a picture.png'
+        original = encoded(plain(PICTURE, 640, 480))
+        with open(file, 'wb') as writer:
+            writer.write(original)
+        name = b'file://' + file.replace(' ', '%20').encode() + b'\r\n'
+        self.desktop.copy(name + name, 'text/uri-list')
+        self.finish(self.begin())
+        self.desktop.copy(name, 'text/uri-list')
+        self.scales_by_return(self.begin(), 320, 240)
+        with open(file, 'rb') as reader:
+            self.assertEqual(reader.read(), original)
+
+    # What is remembered, and what is not there
+
+    def test_mode_and_slider_are_remembered(self):
+        run = self.start()
+        self.desktop.key('Right')
+        self.scales_by_return(run, 326, 244)
+        self.scales_by_return(self.start(), 326, 244)
+
+    def test_without_a_picture_it_ends_silently(self):
+        for data, target in ((b'text', self.desktop.text), (b'not a picture', 'image/png'),
+                             (encoded(landscape())[:2000], 'image/png')):
+            with self.subTest(target=target, size=len(data)):
+                self.desktop.copy(data, target)
+                self.finish(self.begin())
+                self.assertEqual(self.desktop.paste(target), data)
+                self.assertEqual(self.processes(), [])
+                self.assertFalse(os.path.exists(self.settings_folder()))
+
+    def test_an_owner_that_hangs_ends_the_run_silently_and_soon(self):
+        self.copy_picture()
+        for pid in self.desktop.programs('wl-copy') + self.desktop.programs('xclip'):
+            os.kill(pid, signal.SIGSTOP)
+        self.finish(self.begin(), SOON)
+        self.assertEqual(self.processes(), [])
+        self.assertFalse(os.path.exists(self.settings_folder()))
+
+    def settings_folder(self):
+        return self.desktop.environment['XDG_CONFIG_HOME'] + '/Morvantile'
+
+    # What stays behind
+
+    def test_a_second_run_reads_what_the_first_left(self):
+        self.scales_by_return(self.start(), 320, 240)
+        self.scales_by_return(self.begin(), 160, 120)
+        until(lambda: len(self.processes()) <= 1, 'the first owner gone')
+
+    def test_the_owner_gives_way_to_another_program(self):
+        self.scales_by_return(self.start(), 320, 240)
+        self.desktop.copy(b'text', self.desktop.text)
+        until(lambda: not self.processes(), 'the owner gone')
+
+    def test_the_owner_ends_with_the_display(self):
+        self.scales_by_return(self.start(), 320, 240)
+        self.desktop.end_display()
+        until(lambda: not self.processes(), 'the owner gone')
+
+
+if __name__ == '__main__':
+    unittest.main(verbosity=2)

@@ -1,0 +1,65 @@
+"""What all tests of the program on a desktop have in common."""
+
+import os
+import subprocess
+import sys
+import unittest
+
+from desktop import PATIENCE, Unavailable
+from desktops import X11
+from pictures import decoded
+
+DIALOG = 'Clipboard Image Resize'
+SOON = 9  # seconds; five and what a busy machine adds
+
+
+class OnDesktop(unittest.TestCase):
+    """Tests of `program` on the desktop that `make_desktop` makes: one for all of a class."""
+
+    program = os.path.abspath(sys.argv.pop(1))
+    make_desktop = X11
+    desktop = None
+
+    @classmethod
+    def setUpClass(cls):
+        try:
+            cls.desktop = cls.make_desktop()
+        except Unavailable as missing:
+            raise unittest.SkipTest(str(missing)) from missing
+
+    @classmethod
+    def tearDownClass(cls):
+        cls.desktop.stop()
+
+    def setUp(self):
+        self.addCleanup(self.clear)
+
+    def clear(self):
+        """Leaves a desktop for the next test."""
+        if self.desktop.servers[0].poll() is None:
+            self.desktop.clear()
+        else:
+            self.tearDownClass()
+            self.setUpClass()
+
+    def begin(self, *command):
+        return self.desktop.start(*(command or (self.program,)), stdout=subprocess.PIPE,
+                                  stderr=subprocess.STDOUT)
+
+    def start(self, *command):
+        """Starts the program, and gives it with its dialog once that is active."""
+        run = self.begin(*command)
+        return run, self.desktop.active_window(DIALOG)
+
+    def finish(self, run, patience=PATIENCE):
+        """Waits for the end: status 0, and nothing printed."""
+        printed, _ = run.communicate(timeout=patience)
+        self.assertEqual((run.returncode, printed), (0, b''))
+
+    def pasted(self, target='image/png'):
+        data = self.desktop.paste(target)
+        self.assertIsNotNone(data, target + ' is not offered')
+        return decoded(data)
+
+    def processes(self):
+        return self.desktop.programs(self.program)
