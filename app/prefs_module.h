@@ -14,7 +14,7 @@ extern Ref<plist> Prefs;
 
 // Makes sure that the folder "Morvantile" exists in the user's folder for application data, and
 // reads the file "Morvantile Preferences" in it into Prefs. A file that is missing or no property
-// list gives empty settings, with the report on Prefs; Prefs->Save() makes the file.
+// list leaves the settings empty, with the report on Prefs; Prefs->Save() makes the file.
 void OpenPrefs();
 
 }  // namespace morvantile::PrefsModule

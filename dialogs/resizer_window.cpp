@@ -110,7 +110,7 @@ void ResizerWindow::Update() {
   DescribeForAssistants();
 }
 
-void ResizerWindow::DescribeForAssistants() {
+void ResizerWindow::DescribeForAssistants() const {
   ScaleSlider()->AccessibleUnit = Mode == ScaleMode::Percent ? 1 : 6;
   const std::string target = Str(ScaleSlider()->Value() * ScaleSlider()->AccessibleUnit);
   ScaleSlider()->SetAccessibleDescription(ReplaceAll(MeaningOfSlider(Mode), "%1", target) + ", " +

@@ -52,7 +52,7 @@ class ResizerWindow : public Window {
   const Ref<StaticText>& ScaleFactorLabel() const { return scaleFactorLabel_; }
   const Ref<PrefixedLabel>& OriginalSize() const { return originalSize_; }
 
-  // Shows the dialog, and when it has closed gives the picture for the clipboard, or nil if the
+  // Shows the dialog, and when it has closed returns the picture for the clipboard, or nil if the
   // clipboard is to stay as it is.
   virtual Ref<Picture> GetClip();
 
@@ -81,7 +81,7 @@ class ResizerWindow : public Window {
   // Scales the original by what slider and mode say, into NewClip, and shows the outcome.
   void Update();
   // Tells assistive technology what the slider means and how large the picture is.
-  void DescribeForAssistants();
+  void DescribeForAssistants() const;
 
   Ref<plist> settings_;
   Ref<PushButton> scaleButton_;

@@ -157,9 +157,9 @@ class MORVANTILE_API plistDict final : public Object {
   // A new Date, made of a text like "2009-03-07T08:05:09Z" or only its part before the "T". The
   // fields are taken as they are, without regard to time zones; one out of range carries over as
   // Date says, and without a time it is midnight. A missing key is added with the default, which
-  // may be nil only if the key exists. A container returns nil and the report of TypeOK. A text that
-  // is no date returns the present moment and the report "Could not create date object from " +
-  // key + "(" + text + ")".
+  // may be nil only if the key exists. A container returns nil and the report of TypeOK. A text
+  // that is no date returns the present moment and the report "Could not create date object from "
+  // + key + "(" + text + ")".
   virtual Ref<Date> GetDate(std::string_view key, const Ref<Date>& standard);
 
   // As GetValue: a missing key is added as a "string".
@@ -283,8 +283,8 @@ class MORVANTILE_API plistDict final : public Object {
 
   // A window's title and rectangle as a record under the key: a dict with the "string"
   // "windowName" and the dict "WindowPos" of the "integer"s "left", "top", "width" and "height".
-  // GetWindow gives the window what is stored, without regard to the screens; a missing record is
-  // made from the window first, a missing number is 0. If a scalar is where the record or its
+  // GetWindow applies what is stored to the window, without regard to the screens; a missing record
+  // is made from the window first, a missing number is 0. If a scalar is where the record or its
   // "WindowPos" should, nothing is read or stored there, with the report of child(). All operations
   // on windows and controls throw NilObjectException for nil.
   virtual void SetWindow(std::string_view key, const Ref<Window>& window);

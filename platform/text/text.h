@@ -44,11 +44,13 @@ MORVANTILE_API std::int64_t InStr(std::int64_t start, std::string_view text, std
 MORVANTILE_API std::int64_t CountFields(std::string_view text, std::string_view separator);
 
 // The piece of that number, from 1 on; "" if there is none.
-MORVANTILE_API std::string NthField(std::string_view text, std::string_view separator, std::int64_t number);
+MORVANTILE_API std::string NthField(std::string_view text, std::string_view separator,
+                                    std::int64_t number);
 
 // The text with every occurrence of `part` replaced; occurrences don't overlap, the first one
 // counts. An empty `part` occurs nowhere.
-MORVANTILE_API std::string ReplaceAll(std::string_view text, std::string_view part, std::string_view replacement);
+MORVANTILE_API std::string ReplaceAll(std::string_view text, std::string_view part,
+                                      std::string_view replacement);
 
 // The character of that code point; "" for a number that is none.
 MORVANTILE_API std::string Chr(std::int64_t code);

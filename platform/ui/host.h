@@ -45,7 +45,7 @@ class MORVANTILE_API Host {
   // Shows the window and dispatches events until it has closed.
   virtual void ShowModal(const Ref<Window>& window) = 0;
   // Raises Event_Open on the application and dispatches events until Quit, then raises Event_Close;
-  // gives the status that Quit was given. An exception out of a handler comes through.
+  // returns the status that Quit was given. An exception out of a handler comes through.
   virtual int Run(Application& application) = 0;
   // Makes Run return `status` once the handlers that run at present have returned.
   virtual void Quit(int status) = 0;

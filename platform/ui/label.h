@@ -13,7 +13,7 @@ namespace morvantile {
 class MORVANTILE_API Label : public Control {
  public:
   enum Align { kAlignLeft = 0, kAlignCenter = 1, kAlignRight = 2 };
-  // Text in the colour that the desktop gives to text.
+  // Text in the colour that the desktop has for text.
   static constexpr std::int32_t kThemeColor = -1;
 
   int TextAlign = kAlignLeft;

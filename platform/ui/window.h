@@ -87,7 +87,7 @@ class MORVANTILE_API Window : public Object {
   void UserActivated();
   void UserDeactivated();
   // A key that no control and no default or cancel button used; `key` is its text, empty for a key
-  // that gives none.
+  // that has none.
   void UserKeyDown(const std::string& key);
   // The user asked the desktop to close the window. A window without a close button takes it as its
   // cancel button, if it has one.
@@ -105,7 +105,7 @@ class MORVANTILE_API Window : public Object {
   virtual void Event_Deactivate() {}
   virtual bool Event_KeyDown(const std::string& key);
 
-  // Makes a control, adds it to the window under the name and gives it its rectangle.
+  // Makes a control, adds it to the window under the name and sets its rectangle.
   template <typename T>
   Ref<T> AddControl(const std::string& name, int left, int top, int width, int height) {
     Ref<T> control = New<T>();

@@ -3,8 +3,8 @@
 #include <memory>
 #include <utility>
 
-#include "plist/plistDict.h"
 #include "platform/core/bulk_memory.h"
+#include "plist/plistDict.h"
 
 namespace morvantile {
 

@@ -5,11 +5,11 @@
 #include <utility>
 
 #include "platform/core/background.h"
+#include "platform/core/bulk_memory.h"
 #include "platform/text/folding.h"
 #include "platform/text/text.h"
 #include "platform/text/text_search.h"
 #include "plist/plist.h"
-#include "platform/core/bulk_memory.h"
 #include "plist/xml/brackets.h"
 #include "plist/xml/either_byte.h"
 

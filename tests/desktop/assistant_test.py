@@ -39,7 +39,8 @@ class Assistant(OnDesktop):
 
     def setUp(self):
         super().setUp()
-        bus = self.desktop.serve('dbus-daemon', '--session', '--nofork', '--print-address=1',
+        bus = self.desktop.serve('dbus-daemon', '--session',  # a session bus of its own
+                                 '--nofork', '--print-address=1',
                                  stdout=subprocess.PIPE)
         self.addCleanup(bus.stdout.close)
         address = bus.stdout.readline().decode().strip()

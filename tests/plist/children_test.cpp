@@ -90,8 +90,8 @@ TEST(Children, AreFoundAmongManyThroughRemovals) {
 
 TEST(TypeOf, AMissingKeyThrows) {
   const Ref<plistDict> node = New<plistDict>();
-  EXPECT_THROW(node->GetType("a"), KeyNotFoundException);
-  EXPECT_THROW(node->TypeOK("a"), KeyNotFoundException);
+  EXPECT_THROW(static_cast<void>(node->GetType("a")), KeyNotFoundException);
+  EXPECT_THROW(static_cast<void>(node->TypeOK("a")), KeyNotFoundException);
 }
 
 TEST(CheckType, TellsMissingFromSameFromOther) {

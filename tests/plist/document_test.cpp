@@ -63,7 +63,7 @@ TEST_F(Documents, NoFileGivesARootThatReportsNowhere) {
   EXPECT_EQ(document->root->name, "");
   EXPECT_TRUE(document->root->rootClass == nullptr);
   EXPECT_THROW(document->Save(), NilObjectException);
-  EXPECT_THROW(New<plist>(folder.Item("missing"), nullptr), NilObjectException);
+  EXPECT_THROW(static_cast<void>(New<plist>(folder.Item("missing"), nullptr)), NilObjectException);
 }
 
 TEST_F(Documents, ATemplateIsReadWhereTheFileIsMissing) {
@@ -249,7 +249,7 @@ TEST_F(Documents, WithoutAPlaceForTemporaryFilesThereIsNoString) {
   const Ref<FolderItem> path = document->savePath;
   setenv("TMPDIR", "/no such folder", 1);
   EXPECT_EQ(document->asString(), "");
-  EXPECT_THROW(New<plist>(std::string("text")), NilObjectException);
+  EXPECT_THROW(static_cast<void>(New<plist>(std::string("text"))), NilObjectException);
   unsetenv("TMPDIR");
   EXPECT_TRUE(document->savePath == path);
 }

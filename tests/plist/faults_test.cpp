@@ -31,6 +31,7 @@ thread_local bool a_read_has_failed = false;
 }  // namespace
 
 // In place of the C library's, so that a disk can fail.
+// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): its names are reserved
 extern "C" ssize_t read(int file, void* bytes, std::size_t size) {
   if (reads_allowed == 0) {
     a_read_has_failed = true;

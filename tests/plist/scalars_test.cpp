@@ -121,7 +121,7 @@ TEST(Dictionaries, OfANodeAreIndependentOfEachOther) {
   node->values.SetValue("k", "v");
   node->searched.SetValue("k", true);
   EXPECT_EQ(node->count(), 0);
-  EXPECT_THROW(node->types.Value("k"), KeyNotFoundException);
+  EXPECT_THROW(static_cast<void>(node->types.Value("k")), KeyNotFoundException);
   node->types.SetValue("K", "string");
   EXPECT_EQ(node->types.Key(0), "K");
   EXPECT_EQ(node->values.Value("k"), "v");
@@ -129,12 +129,12 @@ TEST(Dictionaries, OfANodeAreIndependentOfEachOther) {
   node->types.Remove("k");
   EXPECT_EQ(node->values.Count(), 1U);
   node->values.Remove("k");
-  EXPECT_THROW(node->values.Value("k"), KeyNotFoundException);
+  EXPECT_THROW(static_cast<void>(node->values.Value("k")), KeyNotFoundException);
   EXPECT_TRUE(node->searched.HasKey("k"));
   node->searched.Clear();
   EXPECT_EQ(node->searched.Count(), 0U);
   EXPECT_THROW(static_cast<void>(node->searched.Value("k")), KeyNotFoundException);
-  EXPECT_THROW(node->types.Key(0), OutOfBoundsException);
+  EXPECT_THROW(static_cast<void>(node->types.Key(0)), OutOfBoundsException);
 }
 
 }  // namespace

@@ -9,7 +9,7 @@
 
 namespace morvantile {
 
-// The clipboard as the toolkit gives it: that of X11, and of Wayland for a window with the focus.
+// The clipboard of the toolkit: that of X11, and of Wayland for a window with the focus.
 class QtClipboard : public SystemClipboard {
  public:
   QtClipboard();

@@ -9,7 +9,7 @@
 
 namespace morvantile {
 
-// Connects to the compositor and gives its clipboard, or null if there is no compositor or it
+// Connects to the compositor and returns its clipboard, or null if there is no compositor or it
 // offers neither ext-data-control-v1 nor wlr-data-control-unstable-v1. The clipboard needs no
 // window, no focus and no toolkit, and is served on a connection of its own.
 std::unique_ptr<SystemClipboard> OpenDataControlClipboard();

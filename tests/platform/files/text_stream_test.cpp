@@ -142,7 +142,7 @@ TEST(TextInputStream, OpensRegularFilesAlone) {
   for (const char* name : {"pipe", "folder", "missing"}) {
     EXPECT_EQ(TextInputStream::Open(folder.Item(name)), nullptr) << name;
   }
-  EXPECT_THROW(TextInputStream::Open(nullptr), NilObjectException);
+  EXPECT_THROW(static_cast<void>(TextInputStream::Open(nullptr)), NilObjectException);
 }
 
 TEST(TextInputStream, IsAtItsEndAfterClose) {
@@ -349,7 +349,7 @@ TEST(BinaryStream, OverwritesOnlyWhenAsked) {
   stream->Write(std::string_view("\0\r\n\xff", 4));
   EXPECT_TRUE(stream->Close());
   EXPECT_EQ(folder.Content("a"), std::string("\0\r\n\xff", 4));
-  EXPECT_THROW(BinaryStream::Create(nullptr, true), NilObjectException);
+  EXPECT_THROW(static_cast<void>(BinaryStream::Create(nullptr, true)), NilObjectException);
 }
 
 }  // namespace

@@ -196,8 +196,8 @@ TEST(XmlReader, PassesOverWhatTheDocumentTypeHolds) {
 
 TEST(XmlReader, TakesUtf16InBothOrdersWhateverItDeclares) {
   for (const std::string encoding : {"UTF-16", "UTF-16LE", "utf-16be", "ISO-8859-1"}) {
-    const std::string big = *Utf16FromUtf8("<?xml version=\"1.0\" encoding=\"" + encoding +
-                                           "\"?><string>\xC3\xA4</string>");
+    const std::string big = *Utf16FromUtf8("<?xml version='1.0' encoding='" + encoding +
+                                           "'?><string>\xC3\xA4</string>");
     std::string little = big;
     for (std::size_t i = 0; i < little.size(); i += 2) std::swap(little[i], little[i + 1]);
     for (const std::string& xml : {big, little, "\xFE\xFF" + big, "\xFF\xFE" + little}) {

@@ -14,8 +14,10 @@
 #include "platform/ui/slider.h"
 #include "platform/ui/window.h"
 
-// An exception that passes through the toolkit on its way out leaves one of its guards behind.
-extern "C" const char* __lsan_default_suppressions() {  // NOLINT: the sanitizer's name
+// An exception that passes through the toolkit on its way out leaves one of its guards behind. The
+// name is the sanitizer's, which finds it only if it is exported.
+extern "C" __attribute__((visibility("default"))) const char*
+__lsan_default_suppressions() {  // NOLINT
   return "leak:QtSharedPointer::ExternalRefCountData::getAndRef\n";
 }
 
@@ -104,7 +106,7 @@ void PressWhenActive(const std::vector<Qt::Key>& keys) {
   });
 }
 
-// Shows a new Probe and presses the keys; gives what it wrote down.
+// Shows a new Probe and presses the keys; returns what it wrote down.
 std::string LogAfter(const std::vector<Qt::Key>& keys) {
   const Ref<Probe> probe = New<Probe>();
   probe->Build();
