@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <string>
+#include <utility>
 
 #include "dialogs/info_window.h"
 #include "platform/core/number.h"
@@ -105,7 +106,7 @@ void ResizerWindow::Update() {
   const double newWidth = width * ScaleFactor;
   const double newHeight = height * ScaleFactor;
   NewSizeLabel()->SetSuffix(Str(std::floor(newWidth)) + " x " + Str(std::floor(newHeight)));
-  NewClip = Resample(Clip, Truncate(newWidth), Truncate(newHeight));
+  NewClip = Resample(Clip, Truncate(newWidth), Truncate(newHeight), std::move(NewClip));
   Preview()->Refresh(true);
   DescribeForAssistants();
 }

@@ -9,11 +9,13 @@
 #define HWY_BROKEN_EMU128 0
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "platform/imaging/passes.cpp"
+#include "hwy/cache_control.h"
 #include "hwy/foreach_target.h"
 #include "hwy/highway.h"
 #include "platform/imaging/blocks.h"
 #include "platform/imaging/pixels-inl.h"
 #include "platform/imaging/resample_internal.h"
+#include "platform/imaging/vectors-inl.h"
 
 #ifndef MORVANTILE_PLATFORM_IMAGING_PASSES_TASK
 #define MORVANTILE_PLATFORM_IMAGING_PASSES_TASK
@@ -28,12 +30,11 @@ struct Task {
   // Of the source's pairs of columns, the first in the tile, and how many there are in it.
   int firstPair;
   int tilePairs;
-  std::int16_t* tile;
-  std::int16_t* band;
+  std::int32_t* tile;
+  std::int32_t* band;
   std::int32_t* sums;
-  int sumRows;
-  // 32-bit numbers from a row of the sums, or from a pair of rows of the band, to the next.
-  std::ptrdiff_t pitch;
+  // Columns of a plane of band and sums, whole vectors of them.
+  std::ptrdiff_t plane;
 
   int Count() const { return columns.end - columns.begin; }
 };
@@ -49,9 +50,13 @@ namespace {
 
 // ---- The first pass
 
+// Pixels in a line of the cache, and how far ahead of their conversion they are fetched.
+constexpr int kLinePixels = 16;
+constexpr int kPixelsAhead = 12 * kLinePixels;
+
 // A chunk that begins or ends outside of the source: what is outside counts as 0.
-template <bool kAlpha>
-void ConvertEdge(const std::uint8_t* const* rows, int x, int width, std::int16_t* tile) {
+template <int kChannels>
+void ConvertEdge(const std::uint8_t* const* rows, int x, int width, std::int32_t* tile) {
   alignas(64) std::uint8_t bytes[kGroupRows][kChunkPixels * kPixelBytes] = {};
   const std::uint8_t* copies[kGroupRows];
   const std::ptrdiff_t begin = HWY_MAX(x, 0) * kPixelBytes;
@@ -60,198 +65,222 @@ void ConvertEdge(const std::uint8_t* const* rows, int x, int width, std::int16_t
     copies[row] = bytes[row];
     for (std::ptrdiff_t i = begin; i < end; ++i) bytes[row][i - x * kPixelBytes] = rows[row][i];
   }
-  ConvertChunk<kAlpha>(copies, 0, tile);
+  ConvertChunk<kChannels>(copies, 0, tile);
+}
+
+// Fetches what comes soon of each row: these are more rows than the processor foresees by itself.
+HWY_INLINE void FetchAhead(const std::uint8_t* const* rows, int x, int width) {
+  const std::ptrdiff_t ahead = kPixelBytes * HWY_MIN(x + kPixelsAhead, width - 1);
+  for (int row = 0; row < kGroupRows; ++row) hwy::Prefetch(rows[row] + ahead);
 }
 
 // Fills the tile from the group whose first pair of rows is `rowPair`. Rows outside of the source
 // have weight 0; the nearest one stands in for them.
-template <bool kAlpha>
+template <int kChannels>
 void Convert(const Task& task, int rowPair) {
   const Picture& source = *task.resampling->source;
   const std::uint8_t* rows[kGroupRows];
   for (int i = 0; i < kGroupRows; ++i) {
     const int row = 2 * rowPair - task.resampling->down.offset + i;
-    rows[i / 2 + i % 2 * kGroupPairs] = source.Row(HWY_MIN(HWY_MAX(row, 0), source.Height() - 1));
+    rows[i] = source.Row(HWY_MIN(HWY_MAX(row, 0), source.Height() - 1));
   }
   const int begin = 2 * task.firstPair - task.resampling->across.offset;
-  std::int16_t* tile = task.tile;
+  std::int32_t* tile = task.tile;
   for (int x = begin; x < begin + 2 * task.tilePairs; x += kChunkPixels) {
+    if ((x - begin) % kLinePixels == 0) FetchAhead(rows, x, source.Width());
     if (x < 0 || x + kChunkPixels > source.Width()) {
-      ConvertEdge<kAlpha>(rows, x, source.Width(), tile);
+      ConvertEdge<kChannels>(rows, x, source.Width(), tile);
     } else {
-      ConvertChunk<kAlpha>(rows, x * kPixelBytes, tile);
+      ConvertChunk<kChannels>(rows, x * kPixelBytes, tile);
     }
-    tile += kChunkPixels / 2 * kTilePair;
+    tile += kChunkPixels / 2 * kChannels * kTilePlane;
   }
 }
 
-// Adds the weighted sum of the neighbours in each pair, cut down by `excess` bits if there are
-// such.
-template <bool kExcess>
-HWY_INLINE V32 AddWeighted(V32 sum, const std::int16_t* samples, V16 weights, int excess) {
-  V32 rest = hn::Zero(d32);
-  const V32 products =
-      hn::ReorderWidenMulAccumulate(d32, hn::Load(d16, samples), weights, hn::Zero(d32), rest);
-  V32 weighted = hn::RearrangeToOddPlusEven(products, rest);
-  if constexpr (kExcess) {
-    const V32 half = hn::Set(d32, 1 << (excess - 1));
-    weighted = hn::ShiftRightSame(hn::Add(weighted, half), excess);
-  }
-  return hn::Add(sum, weighted);
-}
-
-HWY_INLINE V16 WeightsOfPair(std::int32_t weights) {
-  return hn::BitCast(d16, hn::Set(d32, weights));
-}
-
-// Stores each block to the band's next pair of rows.
+// Stores each block to the band, `pitch` numbers after the one before.
 template <class D>
-HWY_INLINE void StoreDown(D d, hn::VFromD<D> blocks, std::int16_t* band, std::ptrdiff_t pairPitch) {
+HWY_INLINE void StoreDown(D d, hn::VFromD<D> blocks, std::int32_t* band, std::ptrdiff_t pitch) {
   if constexpr (hn::MaxLanes(D()) > kBlock) {
     const hn::Half<D> half;
     constexpr auto kHalfBlocks = static_cast<std::ptrdiff_t>(hn::MaxLanes(half)) / kBlock;
-    StoreDown(half, hn::LowerHalf(half, blocks), band, pairPitch);
-    StoreDown(half, hn::UpperHalf(half, blocks), band + pairPitch * kHalfBlocks, pairPitch);
+    StoreDown(half, hn::LowerHalf(half, blocks), band, pitch);
+    StoreDown(half, hn::UpperHalf(half, blocks), band + pitch * kHalfBlocks, pitch);
   } else {
     hn::Store(blocks, d, band);
   }
 }
 
-// The sums of even and of odd rows, cut down to 16 bits, as neighbours.
-HWY_INLINE V16 Neighbours(V32 even, V32 odd, int cut) {
-  return hn::OddEven(hn::BitCast(d16, hn::ShiftLeftSame(odd, 16 - cut)),
-                     hn::BitCast(d16, hn::ShiftRightSame(even, cut)));
+// Stores one channel of four columns, whose lanes are rows, to as many pairs of rows of the band,
+// `cut` bits shorter.
+HWY_INLINE void StoreTransposed(V32 v0, V32 v1, V32 v2, V32 v3, int cut, std::int32_t* band,
+                                std::ptrdiff_t pitch) {
+  const auto shorter = [&](V32 v) { return hn::ShiftRightSame(v, cut); };
+  const V32 v02 = hn::BitCast(d32, hn::ReorderDemote2To(d16, shorter(v0), shorter(v2)));
+  const V32 v13 = hn::BitCast(d32, hn::ReorderDemote2To(d16, shorter(v1), shorter(v3)));
+  const V32 even = hn::OddEven(hn::Shuffle2301(v13), v02);
+  const V32 odd = hn::OddEven(v13, hn::Shuffle2301(v02));
+  StoreDown(d32, even, band, 2 * pitch);
+  StoreDown(d32, odd, band + pitch, 2 * pitch);
 }
 
-// Resamples the rows of the tile into the pairs of rows from `band` on, cutting `cut` bits off.
-template <bool kExcess>
-void Across(const Task& task, int cut, std::int16_t* band) {
+// The sums of one column of the result, of the rows of the tile from `row` on.
+template <int kChannels, bool kExcess>
+HWY_INLINE Vectors<kChannels> ColumnSums(const Task& task, int x, std::ptrdiff_t row, V32 half) {
+  constexpr std::ptrdiff_t kPair = kChannels * kTilePlane;
   const Filter& filter = task.resampling->across;
-  const int* first = filter.first.data() + task.columns.begin;
-  const std::int32_t* weights = filter.WeightsOf(task.columns.begin);
-  const std::ptrdiff_t pairPitch = 2 * task.pitch;
+  const std::int16_t* weights = filter.WeightsOf(x);
+  const std::int32_t* pairs =
+      task.tile + kPair * (filter.first[static_cast<std::size_t>(x)] - task.firstPair) + row;
+  auto sums = AllOf<kChannels>(half);
+  for (int k = 0; k < filter.pairs; ++k) {
+    Add<kExcess>(Load<kChannels>(pairs + kPair * k, kTilePlane), weights + 2 * k, filter.excess,
+                 sums);
+  }
+  return sums;
+}
+
+// Resamples the rows of the tile into the pairs of rows from `band` on, cutting `cut` bits off. The
+// last column stands in for those that only fill up a block.
+template <int kChannels, bool kExcess>
+void Across(const Task& task, int cut, std::int32_t* band) {
+  const std::ptrdiff_t pitch = kChannels * task.plane;
   const V32 half = hn::Set(d32, 1 << (cut - 1));
-  for (int x = 0; x < task.Count(); ++x, weights += filter.pairs) {
-    const std::int16_t* window = task.tile + kTilePair * (first[x] - task.firstPair);
-    std::int16_t* to = band + kBlock * Position(x);
-    for (std::ptrdiff_t rows = 0; rows < kTileHalf; rows += 2 * kLanes16) {
-      const std::int16_t* even = window + rows;
-      const std::int16_t* odd = even + kTileHalf;
-      Sums sums{half, half, half, half};
-      for (int k = 0; k < filter.pairs; ++k, even += kTilePair, odd += kTilePair) {
-        const V16 weight = WeightsOfPair(weights[k]);
-        sums.v0 = AddWeighted<kExcess>(sums.v0, even, weight, filter.excess);
-        sums.v1 = AddWeighted<kExcess>(sums.v1, even + kLanes16, weight, filter.excess);
-        sums.v2 = AddWeighted<kExcess>(sums.v2, odd, weight, filter.excess);
-        sums.v3 = AddWeighted<kExcess>(sums.v3, odd + kLanes16, weight, filter.excess);
+  for (int x = 0; x < task.Count(); x += kBlock) {
+    for (std::ptrdiff_t row = 0; row < kGroupRows; row += kLanes) {
+      const auto column = [&](int i) {
+        const int at = HWY_MIN(task.columns.begin + x + i, task.columns.end - 1);
+        return ColumnSums<kChannels, kExcess>(task, at, row, half);
+      };
+      const auto column0 = column(0);
+      const auto column1 = column(1);
+      const auto column2 = column(2);
+      const auto column3 = column(3);
+      for (int c = 0; c < kChannels; ++c) {
+        StoreTransposed(column0.of[c], column1.of[c], column2.of[c], column3.of[c], cut,
+                        band + pitch * (row / 2) + task.plane * c + x, pitch);
       }
-      StoreDown(d16, Neighbours(sums.v0, sums.v2, cut), to, pairPitch);
-      StoreDown(d16, Neighbours(sums.v1, sums.v3, cut), to + kBlocks * pairPitch, pairPitch);
-      to += pairPitch * kBlocks * 2;
     }
   }
 }
 
 // ---- The second pass
 
-// What a result row takes from the batch.
+// What a result row takes from the batch: the pairs of rows from `begin` up to `end` without it.
 struct Share {
-  const std::int16_t* band;  // the first pair of rows
-  const std::int32_t* weights;
-  int pairs;
+  int begin, end;
+  const std::int16_t* weights;
   bool begins;  // the window begins in the batch
   bool ends;    // the window ends in it
+  std::int32_t* sums;
+  std::int32_t* result;
 };
 
-HWY_INLINE Sums LoadSums(const std::int32_t* from) {
-  return {hn::Load(d32, from), hn::Load(d32, from + kLanes32), hn::Load(d32, from + 2 * kLanes32),
-          hn::Load(d32, from + 3 * kLanes32)};
-}
-
-HWY_INLINE void StoreSums(const Sums& sums, std::int32_t* to) {
-  hn::Store(sums.v0, d32, to);
-  hn::Store(sums.v1, d32, to + kLanes32);
-  hn::Store(sums.v2, d32, to + 2 * kLanes32);
-  hn::Store(sums.v3, d32, to + 3 * kLanes32);
-}
-
-template <bool kExcess>
-HWY_INLINE Sums AddShare(const Share& share, int x, std::ptrdiff_t pitch, int excess, Sums sums) {
-  const std::int16_t* samples = share.band + kBlock * x;
-  for (int k = 0; k < share.pairs; ++k, samples += 2 * pitch) {
-    const V16 weight = WeightsOfPair(share.weights[k]);
-    sums.v0 = AddWeighted<kExcess>(sums.v0, samples, weight, excess);
-    sums.v1 = AddWeighted<kExcess>(sums.v1, samples + kLanes16, weight, excess);
-    sums.v2 = AddWeighted<kExcess>(sums.v2, samples + 2 * kLanes16, weight, excess);
-    sums.v3 = AddWeighted<kExcess>(sums.v3, samples + 3 * kLanes16, weight, excess);
-  }
-  return sums;
-}
-
-// Adds the share to a result row, and finishes the row if its window ends.
-template <bool kAlpha, bool kExcess>
-void DownRow(const Task& task, const Share& share, int y) {
+// Of the result row `y`, from a batch whose pairs of rows are those from `begin` up to `end`.
+template <int kChannels>
+Share ShareOf(const Task& task, int y, int begin, int end) {
   const Filter& filter = task.resampling->down;
-  const int bits = filter.bits - filter.excess;
-  const float full = static_cast<float>(kFullAlpha) * static_cast<float>(1 << bits);
-  std::int32_t* kept = task.sums;
-  if (task.sumRows > 0) kept += task.pitch * (y % task.sumRows);
-  std::uint8_t* to = task.resampling->result->MutableRow(y) + kPixelBytes * task.columns.begin;
-  const V32 zero = hn::Zero(d32);
-  for (int x = 0; x < task.Count(); x += kColumnsAtOnce) {
-    Sums sums =
-        share.begins ? Sums{zero, zero, zero, zero} : LoadSums(kept + std::ptrdiff_t{4} * x);
-    sums = AddShare<kExcess>(share, x, task.pitch, filter.excess, sums);
-    if (!share.ends) {
-      StoreSums(sums, kept + std::ptrdiff_t{4} * x);
-      continue;
+  const int first = filter.first[static_cast<std::size_t>(y)];
+  const int from = HWY_MAX(first, begin);
+  const int to = HWY_MIN(first + filter.pairs, end);
+  std::uint8_t* row = task.resampling->result->MutableRow(y) + kPixelBytes * task.columns.begin;
+  return {from - begin,
+          to - begin,
+          filter.WeightsOf(y) + 2 * (from - first),
+          first >= begin,
+          first + filter.pairs <= end,
+          task.sums + kChannels * task.plane * (y % task.resampling->sumRows),
+          reinterpret_cast<std::int32_t*>(row)};
+}
+
+// The sums of the columns from `x` on before this batch.
+template <int kChannels>
+HWY_INLINE Vectors<kChannels> SumsSoFar(const Task& task, const Share& share, int x) {
+  return share.begins ? AllOf<kChannels>(hn::Zero(d32))
+                      : Load<kChannels>(share.sums + x, task.plane);
+}
+
+// Stores the columns from `x` on, as pixels if the window has ended, else their sums. Pixels go
+// past the caches, which hold what is worked on.
+template <int kChannels>
+HWY_INLINE void StoreColumns(const Task& task, const Share& share, int x,
+                             const Vectors<kChannels>& sums) {
+  if (!share.ends) return Store(sums, share.sums + x, task.plane);
+  const Filter& filter = task.resampling->down;
+  const int cut = filter.bits - filter.excess + (kChannels == 4 ? 0 : kOpaqueBits);
+  hn::Stream(FinishedPixels(sums, cut), d32, share.result + x);
+}
+
+// Adds their shares to a result row and the one below it. Where their windows overlap, samples are
+// loaded once for both.
+template <int kChannels, bool kExcess>
+void DownRows(const Task& task, const Share& upper, const Share& lower) {
+  const int excess = task.resampling->down.excess;
+  const std::ptrdiff_t pitch = kChannels * task.plane;
+  for (int x = 0; x < task.Count(); x += kLanes) {
+    auto upperSums = SumsSoFar<kChannels>(task, upper, x);
+    auto lowerSums = SumsSoFar<kChannels>(task, lower, x);
+    const std::int16_t* upperWeights = upper.weights;
+    const std::int16_t* lowerWeights = lower.weights;
+    const std::int32_t* pairs = task.band + pitch * upper.begin + x;
+    int k = upper.begin;
+    for (; k < lower.begin; ++k, pairs += pitch, upperWeights += 2) {
+      Add<kExcess>(Load<kChannels>(pairs, task.plane), upperWeights, excess, upperSums);
     }
-    const V8 pixels = kAlpha ? AlphaPixels(sums, full) : OpaquePixels(sums, bits + kOpaqueBits);
-    StorePixels(pixels, task.Count() - x, to + kPixelBytes * x);
+    for (; k < upper.end; ++k, pairs += pitch, upperWeights += 2, lowerWeights += 2) {
+      const auto both = Load<kChannels>(pairs, task.plane);
+      Add<kExcess>(both, upperWeights, excess, upperSums);
+      Add<kExcess>(both, lowerWeights, excess, lowerSums);
+    }
+    for (; k < lower.end; ++k, pairs += pitch, lowerWeights += 2) {
+      Add<kExcess>(Load<kChannels>(pairs, task.plane), lowerWeights, excess, lowerSums);
+    }
+    StoreColumns(task, upper, x, upperSums);
+    StoreColumns(task, lower, x, lowerSums);
   }
 }
 
 // Goes on with the result rows from `y` on whose windows reach into the batch, the pairs of rows
-// from `begin` up to `end` without it; gives the first row that isn't finished.
-template <bool kAlpha, bool kExcess>
+// from `begin` up to `end` without it; returns the first row that isn't finished. A last row
+// without one below it is its own.
+template <int kChannels, bool kExcess>
 int Down(const Task& task, int begin, int end, int y) {
   const Filter& filter = task.resampling->down;
   const int* first = filter.first.data();
-  int unfinished = y;
-  for (; y < task.resampling->Height() && first[y] < end; ++y) {
-    const int from = HWY_MAX(first[y], begin);
-    const int to = HWY_MIN(first[y] + filter.pairs, end);
-    const Share share{task.band + 2 * task.pitch * (from - begin),
-                      filter.WeightsOf(y) + (from - first[y]), to - from, first[y] >= begin,
-                      first[y] + filter.pairs <= end};
-    DownRow<kAlpha, kExcess>(task, share, y);
-    if (share.ends) unfinished = y + 1;
+  int rowsEnd = y;
+  int finished = y;
+  while (rowsEnd < task.resampling->Height() && first[rowsEnd] < end) ++rowsEnd;
+  while (finished < rowsEnd && first[finished] + filter.pairs <= end) ++finished;
+  for (; y < rowsEnd; y += 2) {
+    DownRows<kChannels, kExcess>(task, ShareOf<kChannels>(task, y, begin, end),
+                                 ShareOf<kChannels>(task, HWY_MIN(y + 1, rowsEnd - 1), begin, end));
   }
-  return unfinished;
+  return finished;
 }
 
 // ---- Both
 
-template <bool kAlpha>
+template <int kChannels>
 void Resample(const Task& task) {
   const Filter& across = task.resampling->across;
   const Filter& down = task.resampling->down;
-  const int cut = across.bits - across.excess - (kAlpha ? 0 : kOpaqueBits);
+  const int cut = across.bits - across.excess - (kChannels == 4 ? 0 : kOpaqueBits);
   int y = 0;
   for (int batch = 0; batch < down.sourcePairs; batch += kBatchPairs) {
     const int end = HWY_MIN(batch + kBatchPairs, down.sourcePairs);
     for (int pair = batch; pair < end; pair += kGroupPairs) {
-      Convert<kAlpha>(task, pair);
-      std::int16_t* band = task.band + 2 * task.pitch * (pair - batch);
-      across.excess > 0 ? Across<true>(task, cut, band) : Across<false>(task, cut, band);
+      Convert<kChannels>(task, pair);
+      std::int32_t* band = task.band + kChannels * task.plane * (pair - batch);
+      across.excess > 0 ? Across<kChannels, true>(task, cut, band)
+                        : Across<kChannels, false>(task, cut, band);
     }
-    y = down.excess > 0 ? Down<kAlpha, true>(task, batch, end, y)
-                        : Down<kAlpha, false>(task, batch, end, y);
+    y = down.excess > 0 ? Down<kChannels, true>(task, batch, end, y)
+                        : Down<kChannels, false>(task, batch, end, y);
   }
 }
 
 void ResampleTask(const Task& task) {
-  task.resampling->source->HasAlpha() ? Resample<true>(task) : Resample<false>(task);
+  task.resampling->source->HasAlpha() ? Resample<4>(task) : Resample<3>(task);
+  hwy::FlushStream();
 }
 
 }  // namespace
@@ -265,16 +294,12 @@ namespace {
 
 HWY_EXPORT(ResampleTask);
 
-// The columns of band and sums fill whole vectors of any processor.
-constexpr int kColumnStep = 16;
-
 // The sizes, in bytes, of what a task works in.
 struct Layout {
   std::size_t tile;
   std::size_t band;
   std::size_t sums;
-  int sumRows;
-  std::ptrdiff_t pitch;
+  std::ptrdiff_t plane;
 };
 
 int RoundedUp(int value, int step) { return (value + step - 1) / step * step; }
@@ -285,32 +310,31 @@ int MostTilePairs(const Resampling& resampling, int count) {
   return static_cast<int>(std::min<double>(pairs, resampling.across.sourcePairs));
 }
 
-// The most result rows whose windows reach over one and the same end of a batch.
-int MostUnfinishedRows(const Filter& filter) {
-  if (filter.sourcePairs <= kBatchPairs) return 0;
-  std::ptrdiff_t most = 0;
-  auto end = filter.first.begin();
-  for (auto begin = filter.first.begin(); begin != filter.first.end(); ++begin) {
-    while (end != filter.first.end() && *end < *begin + filter.pairs) ++end;
-    most = std::max(most, end - begin);
-  }
-  return static_cast<int>(most);
-}
-
 Layout LayoutFor(const Resampling& resampling, int count) {
   Layout layout{};
-  layout.sumRows = MostUnfinishedRows(resampling.down);
-  layout.pitch = std::ptrdiff_t{4} * RoundedUp(count, kColumnStep);
+  layout.plane = RoundedUp(count, kColumnStep);
   // Conversion may fill one pair of columns more than are needed.
-  const int tilePairs = MostTilePairs(resampling, count) + 1;
-  const auto pitchBytes = sizeof(std::int32_t) * static_cast<std::size_t>(layout.pitch);
-  layout.tile = sizeof(std::int16_t) * kTilePair * static_cast<std::size_t>(tilePairs);
-  layout.band = pitchBytes * kBatchPairs;
-  layout.sums = pitchBytes * static_cast<std::size_t>(layout.sumRows);
+  const auto tilePairs = static_cast<std::size_t>(MostTilePairs(resampling, count)) + 1;
+  const std::size_t channels = resampling.source->HasAlpha() ? 4 : 3;
+  const std::size_t row = channels * sizeof(std::int32_t) * static_cast<std::size_t>(layout.plane);
+  layout.tile = channels * sizeof(std::int32_t) * kTilePlane * tilePairs;
+  layout.band = row * kBatchPairs;
+  layout.sums = row * static_cast<std::size_t>(resampling.sumRows);
   return layout;
 }
 
 }  // namespace
+
+int RowsWithSums(const Filter& down) {
+  if (down.sourcePairs <= kBatchPairs) return 1;
+  std::ptrdiff_t most = 1;
+  auto end = down.first.begin();
+  for (auto begin = down.first.begin(); begin != down.first.end(); ++begin) {
+    while (end != down.first.end() && *end < *begin + down.pairs) ++end;
+    most = std::max(most, end - begin);
+  }
+  return static_cast<int>(most);
+}
 
 std::size_t WorkBytes(const Resampling& resampling, int count) {
   const Layout layout = LayoutFor(resampling, count);
@@ -325,11 +349,10 @@ void ResampleColumns(const Resampling& resampling, Columns columns, std::uint8_t
   const int* first = resampling.across.first.data();
   task.firstPair = first[columns.begin];
   task.tilePairs = first[columns.end - 1] + resampling.across.pairs - task.firstPair;
-  task.tile = reinterpret_cast<std::int16_t*>(work);
-  task.band = reinterpret_cast<std::int16_t*>(work + layout.tile);
+  task.tile = reinterpret_cast<std::int32_t*>(work);
+  task.band = reinterpret_cast<std::int32_t*>(work + layout.tile);
   task.sums = reinterpret_cast<std::int32_t*>(work + layout.tile + layout.band);
-  task.sumRows = layout.sumRows;
-  task.pitch = layout.pitch;
+  task.plane = layout.plane;
   // The first pass leaves alone the columns that only fill up vectors.
   std::memset(task.band, 0, layout.band);
   HWY_DYNAMIC_DISPATCH(ResampleTask)(task);

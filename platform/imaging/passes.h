@@ -16,13 +16,20 @@ struct Resampling {
   const Picture* source;
   Filter across;
   Filter down;
+  int sumRows;  // RowsWithSums of `down`
   Picture* result = nullptr;
 
   int Width() const { return static_cast<int>(across.first.size()); }
   int Height() const { return static_cast<int>(down.first.size()); }
 };
 
-// Columns of the result, those from `begin` up to `end` without it.
+// The most result rows whose windows reach over one and the same sample, so that their sums may
+// have to be kept at a time; at least 1.
+int RowsWithSums(const Filter& down);
+
+// Columns of the result, those from `begin` up to `end` without it. `begin` is a multiple of
+// kColumnStep, and so is `end`, unless it is the result's.
+inline constexpr int kColumnStep = 16;
 struct Columns {
   int begin, end;
 };

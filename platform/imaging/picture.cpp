@@ -1,23 +1,36 @@
 #include "platform/imaging/picture.h"
 
+#include <bit>
+#include <cstddef>
 #include <utility>
 
 #include "platform/imaging/aligned.h"
 
 namespace morvantile {
 
-Ref<Picture> Picture::Create(std::int64_t width, std::int64_t height, bool hasAlpha) {
-  if (width < 1 || height < 1 || width > kMaxBytes / 4 || height > kMaxBytes / (4 * width)) {
-    return nullptr;
+Ref<Picture> Picture::Create(std::int64_t width, std::int64_t height, bool hasAlpha,
+                             Ref<Picture> spare) {
+  if (width < 1 || height < 1 || width > kMaxBytes / 4) return nullptr;
+  constexpr auto kStep = static_cast<std::int64_t>(kAlignment);
+  const std::int64_t stride = (4 * width + kStep - 1) / kStep * kStep;
+  if (height > kMaxBytes / stride) return nullptr;
+  const auto bytes = static_cast<std::size_t>(stride * height);
+  Ref<Picture> picture(new Picture);
+  if (spare.IsOnlyOwner() && spare->ownBytes_ >= bytes) {
+    picture->own_ = std::move(spare->own_);
+    picture->ownBytes_ = spare->ownBytes_;
+  } else {
+    spare = nullptr;
+    // Room for a larger picture to come; what isn't used takes no memory.
+    picture->ownBytes_ = std::bit_ceil(bytes);
+    picture->own_ = MakeAlignedBytes(picture->ownBytes_);
+    if (picture->own_ == nullptr) return nullptr;
   }
-  const std::int64_t stride = 4 * width;
-  AlignedBytes storage = MakeAlignedBytes(static_cast<std::size_t>(stride * height));
-  if (storage == nullptr) return nullptr;
-
-  std::uint8_t* const pixels = storage.get();
-  Ref<Picture> picture = Wrap(static_cast<int>(width), static_cast<int>(height), stride, pixels,
-                              hasAlpha, std::shared_ptr<const void>(std::move(storage)));
-  picture->writable_ = pixels;
+  picture->width_ = static_cast<int>(width);
+  picture->height_ = static_cast<int>(height);
+  picture->stride_ = stride;
+  picture->hasAlpha_ = hasAlpha;
+  picture->pixels_ = picture->own_.get();
   return picture;
 }
 

@@ -1,4 +1,4 @@
-// From the bytes of a picture to blocks and from sums back to bytes, compiled for each processor.
+// From the bytes of a picture to samples and from sums back to bytes, compiled for each processor.
 
 #if defined(MORVANTILE_PLATFORM_IMAGING_PIXELS_INL_H) == defined(HWY_TARGET_TOGGLE)
 #ifdef MORVANTILE_PLATFORM_IMAGING_PIXELS_INL_H
@@ -12,134 +12,111 @@
 
 #include "hwy/highway.h"
 #include "platform/imaging/blocks.h"
+#include "platform/imaging/vectors-inl.h"
 
 HWY_BEFORE_NAMESPACE();
 namespace morvantile::HWY_NAMESPACE {
 namespace {
 
-namespace hn = hwy::HWY_NAMESPACE;
-
-// At most four blocks, so that a group fills whole vectors.
-#if HWY_HAVE_SCALABLE
-using D16 = hn::FixedTag<std::int16_t, kBlock>;
-#else
-using D16 = hn::CappedTag<std::int16_t, 4 * kBlock>;
-#endif
-using D8 = hn::Repartition<std::uint8_t, D16>;
-using D32 = hn::Repartition<std::int32_t, D16>;
-using DF = hn::Repartition<float, D16>;
-using V8 = hn::VFromD<D8>;
-using V16 = hn::VFromD<D16>;
-using V32 = hn::VFromD<D32>;
-using VF = hn::VFromD<DF>;
-
-constexpr D8 d8;
-constexpr D16 d16;
-constexpr D32 d32;
-constexpr DF df;
-
-constexpr std::ptrdiff_t kLanes16 = hn::MaxLanes(d16);
-constexpr std::ptrdiff_t kLanes32 = hn::MaxLanes(d32);
-constexpr int kBlocks = kLanes16 / kBlock;  // in a vector
-
-// ---- Bytes to blocks
+// ---- Bytes to samples
 
 // What ConvertChunk takes of each row.
 constexpr int kChunkPixels = 4;
 
-// The 16 bytes at `offset` of each of as many rows as the vector has blocks.
+// The 16 bytes at `offset` of as many rows as the vector has blocks, every fourth row.
 template <class D>
 HWY_INLINE hn::VFromD<D> LoadChunks(D d, const std::uint8_t* const* rows, std::ptrdiff_t offset) {
   if constexpr (hn::MaxLanes(D()) > 16) {
     const hn::Half<D> half;
-    return hn::Combine(d, LoadChunks(half, rows + hn::MaxLanes(half) / 16, offset),
+    return hn::Combine(d, LoadChunks(half, rows + hn::MaxLanes(half) / 16 * kBlock, offset),
                        LoadChunks(half, rows, offset));
   } else {
     return hn::LoadU(d, rows[0] + offset);
   }
 }
 
-// Of the first two and of the last two pixels of a chunk, the bytes of each number of a block; 128
-// makes 0.
-constexpr std::uint8_t kNone = 128;
-alignas(16) constexpr std::uint8_t kColours[2][16] = {
-    {0, kNone, 4, kNone, 1, kNone, 5, kNone, 2, kNone, 6, kNone, kNone, kNone, kNone, kNone},
-    {8, kNone, 12, kNone, 9, kNone, 13, kNone, 10, kNone, 14, kNone, kNone, kNone, kNone, kNone}};
-alignas(16) constexpr std::uint8_t kAlphas[2][16] = {
-    {3, kNone, 7, kNone, 3, kNone, 7, kNone, 3, kNone, 7, kNone, 3, kNone, 7, kNone},
-    {11, kNone, 15, kNone, 11, kNone, 15, kNone, 11, kNone, 15, kNone, 11, kNone, 15, kNone}};
-// Alpha times full is alpha premultiplied.
-alignas(16) constexpr std::int16_t kFull[kBlock] = {0, 0, 0, 0, 0, 0, 255, 255};
+// The chunks of some rows as channels, the first pixel and the third of each in the lower bytes of
+// a pair, the second and the fourth in the upper: a lane is a row.
+template <int kChannels>
+HWY_INLINE Vectors<kChannels> ByChannel(const std::uint8_t* const* rows, std::ptrdiff_t offset) {
+  alignas(16) constexpr std::uint8_t kOrder[16] = {0, 8,  4, 12, 1, 9,  5, 13,
+                                                   2, 10, 6, 14, 3, 11, 7, 15};
+  const V8 order = hn::LoadDup128(d8, kOrder);
+  const auto row = [&](int i) {
+    return hn::BitCast(d32, hn::TableLookupBytes(LoadChunks(d8, rows + i, offset), order));
+  };
+  const V32 row0 = row(0);
+  const V32 row1 = row(1);
+  const V32 row2 = row(2);
+  const V32 row3 = row(3);
+  const auto lower01 = hn::BitCast(d64, hn::InterleaveLower(d32, row0, row1));
+  const auto lower23 = hn::BitCast(d64, hn::InterleaveLower(d32, row2, row3));
+  const auto upper01 = hn::BitCast(d64, hn::InterleaveUpper(d32, row0, row1));
+  const auto upper23 = hn::BitCast(d64, hn::InterleaveUpper(d32, row2, row3));
+  Vectors<kChannels> channels;
+  channels.of[0] = hn::BitCast(d32, hn::InterleaveLower(d64, lower01, lower23));
+  channels.of[1] = hn::BitCast(d32, hn::InterleaveUpper(d64, lower01, lower23));
+  channels.of[2] = hn::BitCast(d32, hn::InterleaveLower(d64, upper01, upper23));
+  if constexpr (kChannels == 4) {
+    channels.of[3] = hn::BitCast(d32, hn::InterleaveUpper(d64, upper01, upper23));
+  }
+  return channels;
+}
 
-// Converts a chunk of each row of a group. The rows are in the order of the tile.
-template <bool kAlpha>
-HWY_INLINE void ConvertChunk(const std::uint8_t* const* rows, std::ptrdiff_t offset,
-                             std::int16_t* tile) {
-  for (int pair = 0; pair < kChunkPixels / 2; ++pair, tile += kTilePair) {
-    const V8 colours = hn::LoadDup128(d8, kColours[pair]);
-    const V8 alphas = hn::LoadDup128(d8, kAlphas[pair]);
-    const V16 full = hn::LoadDup128(d16, kFull);
-    for (int row = 0; row < kGroupRows; row += kBlocks) {
-      const V8 pixels = LoadChunks(d8, rows + row, offset);
-      V16 numbers = hn::BitCast(d16, hn::TableLookupBytesOr0(pixels, colours));
-      if constexpr (kAlpha) {
-        const hn::RebindToUnsigned<D16> du16;
-        const V16 alpha = hn::BitCast(d16, hn::TableLookupBytesOr0(pixels, alphas));
-        const auto products = hn::BitCast(du16, hn::Mul(hn::Or(numbers, full), alpha));
-        numbers = hn::BitCast(d16, hn::ShiftRight<kAlphaCut>(products));
-      }
-      hn::Store(numbers, d16, tile + row * kBlock);
+// The samples of a pair of columns, the colours multiplied by alpha if there is alpha.
+template <int kChannels>
+HWY_INLINE Vectors<kChannels> Premultiplied(Vectors<kChannels> pairs) {
+  if constexpr (kChannels == 4) {
+    const hn::RebindToUnsigned<D16> du16;
+    const auto alpha = hn::BitCast(du16, pairs.of[3]);
+    for (int c = 0; c < kChannels; ++c) {
+      const auto factor = c == 3 ? hn::Set(du16, 255) : alpha;
+      const auto product = hn::Mul(hn::BitCast(du16, pairs.of[c]), factor);
+      pairs.of[c] = hn::BitCast(d32, hn::ShiftRight<kAlphaCut>(product));
     }
+  }
+  return pairs;
+}
+
+// Converts a chunk of each row of a group.
+template <int kChannels>
+HWY_INLINE void ConvertChunk(const std::uint8_t* const* rows, std::ptrdiff_t offset,
+                             std::int32_t* tile) {
+  const hn::RebindToUnsigned<D16> du16;
+  for (std::ptrdiff_t row = 0; row < kGroupRows; row += kLanes) {
+    const Vectors<kChannels> bytes = ByChannel<kChannels>(rows + row, offset);
+    Vectors<kChannels> first;
+    Vectors<kChannels> second;
+    for (int c = 0; c < kChannels; ++c) {
+      const auto both = hn::BitCast(du16, bytes.of[c]);
+      first.of[c] = hn::BitCast(d32, hn::And(both, hn::Set(du16, 0xFF)));
+      second.of[c] = hn::BitCast(d32, hn::ShiftRight<8>(both));
+    }
+    Store(Premultiplied(first), tile + row, kTilePlane);
+    Store(Premultiplied(second), tile + kChannels * kTilePlane + row, kTilePlane);
   }
 }
 
 // ---- Sums to bytes
 
-// The sums of four vectors of columns.
-struct Sums {
-  V32 v0, v1, v2, v3;
-};
-
-constexpr int kColumnsAtOnce = 4 * kBlocks;
-
-// Where columns lie in band and sums: in such an order that packing puts them right.
-HWY_INLINE int Position(int column) {
-  const int i = column % kColumnsAtOnce;
-  return column - i + i % 4 * kBlocks + i / 4;
-}
-
-// The numbers, kept within 0 to 255, in the order of their columns.
-HWY_INLINE V8 PackedBytes(const Sums& numbers) {
-  alignas(16) constexpr std::uint8_t kOrder[16] = {0, 2, 4, 6, 8, 10, 12, 14,
-                                                   1, 3, 5, 7, 9, 11, 13, 15};
-  const V16 zero = hn::Zero(d16);
-  const V16 most = hn::Set(d16, 255);
-  const V16 v01 = hn::ReorderDemote2To(d16, numbers.v0, numbers.v1);
-  const V16 v23 = hn::ReorderDemote2To(d16, numbers.v2, numbers.v3);
-  const V16 low = hn::Min(hn::Max(v01, zero), most);
-  const V16 high = hn::ShiftLeft<8>(hn::Min(hn::Max(v23, zero), most));
-  return hn::TableLookupBytes(hn::BitCast(d8, hn::Or(low, high)), hn::LoadDup128(d8, kOrder));
+// The numbers, kept within 0 to 255, as the bytes of pixels.
+HWY_INLINE V32 Pixels(V32 blue, V32 green, V32 red, V32 alpha) {
+  alignas(16) constexpr std::uint8_t kOrder[16] = {0, 8,  1, 9,  2, 10, 3, 11,
+                                                   4, 12, 5, 13, 6, 14, 7, 15};
+  const auto bytes = [](V32 v, V32 w) {
+    const V16 both = hn::ReorderDemote2To(d16, v, w);
+    return hn::Min(hn::Max(both, hn::Zero(d16)), hn::Set(d16, 255));
+  };
+  const V16 all = hn::Or(bytes(blue, green), hn::ShiftLeft<8>(bytes(red, alpha)));
+  return hn::BitCast(d32, hn::TableLookupBytes(hn::BitCast(d8, all), hn::LoadDup128(d8, kOrder)));
 }
 
 // The pixels of an opaque picture whose sums are `cut` bits too long.
-HWY_INLINE V8 OpaquePixels(const Sums& sums, int cut) {
-  const V32 half = hn::Set(d32, 1 << (cut - 1));
-  const auto rounded = [&](V32 v) { return hn::ShiftRightSame(hn::Add(v, half), cut); };
-  const V8 bytes =
-      PackedBytes({rounded(sums.v0), rounded(sums.v1), rounded(sums.v2), rounded(sums.v3)});
-  return hn::Or(bytes, hn::BitCast(d8, hn::Set(d32, static_cast<std::int32_t>(0xFF000000))));
-}
-
-// What the sums of each pixel are to be multiplied with to become colours, as lane i of a block for
-// the pixel of vector i: 0 for one whose alpha is `faint` or less.
-HWY_INLINE VF ColourFactors(VF v0, VF v1, VF v2, VF v3, float faint) {
-  const hn::Repartition<double, DF> d64;
-  const VF upper01 = hn::InterleaveUpper(df, v0, v1);
-  const VF upper23 = hn::InterleaveUpper(df, v2, v3);
-  const VF alpha = hn::BitCast(
-      df, hn::InterleaveUpper(d64, hn::BitCast(d64, upper01), hn::BitCast(d64, upper23)));
-  const VF factor = hn::Div(hn::Set(df, 255.0F), alpha);
-  return hn::IfThenElseZero(hn::Gt(alpha, hn::Set(df, faint)), factor);
+HWY_INLINE V32 FinishedPixels(const Vectors<3>& sums, int cut) {
+  const auto rounded = [&](V32 v) {
+    return hn::ShiftRightSame(hn::Add(v, hn::Set(d32, 1 << (cut - 1))), cut);
+  };
+  return Pixels(rounded(sums.of[0]), rounded(sums.of[1]), rounded(sums.of[2]), hn::Set(d32, 255));
 }
 
 // The nearest whole number, by the rounding of a sum that is too large for fractions: each
@@ -149,34 +126,17 @@ HWY_INLINE V32 Nearest(VF v) {
   return hn::Sub(hn::BitCast(d32, hn::Add(v, large)), hn::BitCast(d32, large));
 }
 
-// The pixels of a picture with alpha, where `full` is the sum of a full channel. Colours are
-// divided by the sum of alpha itself, overshooting or not, so what has one colour keeps it.
-HWY_INLINE V8 AlphaPixels(const Sums& sums, float full) {
-  alignas(16) constexpr std::int32_t kAlphaLane[4] = {0, 0, 0, -1};
-  const auto isAlpha = hn::MaskFromVec(hn::BitCast(df, hn::LoadDup128(d32, kAlphaLane)));
-  const VF scale = hn::Set(df, 255.0F / full);
-  const VF v0 = hn::ConvertTo(df, sums.v0);
-  const VF v1 = hn::ConvertTo(df, sums.v1);
-  const VF v2 = hn::ConvertTo(df, sums.v2);
-  const VF v3 = hn::ConvertTo(df, sums.v3);
-  const VF factors = ColourFactors(v0, v1, v2, v3, full / 510.0F);
-  const auto straight = [&](VF v, VF factor) {
-    return Nearest(hn::Mul(v, hn::IfThenElse(isAlpha, scale, factor)));
-  };
-  return PackedBytes(
-      {straight(v0, hn::Broadcast<0>(factors)), straight(v1, hn::Broadcast<1>(factors)),
-       straight(v2, hn::Broadcast<2>(factors)), straight(v3, hn::Broadcast<3>(factors))});
-}
-
-// Stores the pixels of kColumnsAtOnce columns, of which there are only `count` more.
-HWY_INLINE void StorePixels(V8 pixels, int count, std::uint8_t* to) {
-  if (count >= kColumnsAtOnce) {
-    hn::StoreU(pixels, d8, to);
-    return;
-  }
-  alignas(64) std::uint8_t bytes[kColumnsAtOnce * kPixelBytes];
-  hn::Store(pixels, d8, bytes);
-  for (std::ptrdiff_t i = 0; i < count * kPixelBytes; ++i) to[i] = bytes[i];
+// The pixels of a picture with alpha, where a full channel is kFullAlpha << `cut`. Colours are
+// divided by the sum of alpha itself, overshooting or not, so what has one colour keeps it; one
+// whose alpha comes to 0 is 0.
+HWY_INLINE V32 FinishedPixels(const Vectors<4>& sums, int cut) {
+  const float full = static_cast<float>(kFullAlpha) * static_cast<float>(1 << cut);
+  const VF alpha = hn::ConvertTo(df, sums.of[3]);
+  const VF factor = hn::IfThenElseZero(hn::Gt(alpha, hn::Set(df, full / 510.0F)),
+                                       hn::Div(hn::Set(df, 255.0F), alpha));
+  const auto straight = [&](V32 v) { return Nearest(hn::Mul(hn::ConvertTo(df, v), factor)); };
+  return Pixels(straight(sums.of[0]), straight(sums.of[1]), straight(sums.of[2]),
+                Nearest(hn::Mul(alpha, hn::Set(df, 255.0F / full))));
 }
 
 }  // namespace

@@ -13,7 +13,7 @@ namespace morvantile {
 
 // Resample with at most `threads` threads, the calling one included; at least 1.
 Ref<Picture> ResampleWithThreads(const Ref<Picture>& source, std::int64_t width,
-                                 std::int64_t height, int threads);
+                                 std::int64_t height, int threads, Ref<Picture> spare = nullptr);
 
 // The bytes that such a call would work in, beside source and result; the pixels aren't looked at.
 std::size_t WorkingBytes(const Picture& source, int width, int height, int threads);

@@ -18,17 +18,13 @@ namespace morvantile {
 namespace {
 
 constexpr int kMostThreads = 16;
-// Pixels, of source and result together, below which waking a worker costs more than it gains.
-constexpr std::int64_t kPixelsForThreads = 32 << 10;
+// Pairs of samples to multiply, below which waking a worker costs more than it gains.
+constexpr std::int64_t kPairsForThreads = 1 << 20;
 // What a thread may work in, in bytes: a part of its core's own cache, and all threads together a
 // part of the source, but not too little to work at all.
 constexpr std::int64_t kMostWork = 512 << 10;
 constexpr std::int64_t kLeastWork = 128 << 10;
 constexpr std::int64_t kPartOfSource = 32;
-// The fewest columns that a thread takes at a time, unless there are fewer.
-constexpr int kFewestColumns = 16;
-// Pixels in a line of the cache, which two threads had better not write to at a time.
-constexpr int kLine = 16;
 // Pieces for each thread, so that one that comes late leaves little to wait for; but pieces of
 // fewer columns than these would convert too many pixels twice.
 constexpr int kPiecesPerThread = 4;
@@ -46,14 +42,15 @@ Workers& SharedWorkers() {
 }
 
 // An empty picture of another size for what is made from the source.
-Ref<Picture> CreateLike(const Picture& source, std::int64_t width, std::int64_t height) {
-  Ref<Picture> picture = Picture::Create(width, height, source.HasAlpha());
+Ref<Picture> CreateLike(const Picture& source, std::int64_t width, std::int64_t height,
+                        Ref<Picture> spare) {
+  Ref<Picture> picture = Picture::Create(width, height, source.HasAlpha(), std::move(spare));
   if (picture != nullptr) picture->metadata = source.metadata;
   return picture;
 }
 
-Ref<Picture> Copy(const Picture& source) {
-  Ref<Picture> copy = CreateLike(source, source.Width(), source.Height());
+Ref<Picture> Copy(const Picture& source, Ref<Picture> spare) {
+  Ref<Picture> copy = CreateLike(source, source.Width(), source.Height(), std::move(spare));
   if (copy == nullptr) return nullptr;
   for (int y = 0; y < source.Height(); ++y) {
     std::memcpy(copy->MutableRow(y), source.Row(y), 4 * static_cast<std::size_t>(source.Width()));
@@ -62,7 +59,9 @@ Ref<Picture> Copy(const Picture& source) {
 }
 
 Resampling ResamplingOf(const Picture& source, int width, int height) {
-  return {&source, LanczosFilter(source.Width(), width), LanczosFilter(source.Height(), height)};
+  Filter down = LanczosFilter(source.Height(), height);
+  const int sumRows = RowsWithSums(down);
+  return {&source, LanczosFilter(source.Width(), width), std::move(down), sumRows};
 }
 
 // How the columns of the result are shared out.
@@ -77,19 +76,26 @@ struct Plan {
 
 // About as many columns as can be made in `bytes`.
 int ColumnsWithin(const Resampling& resampling, std::int64_t bytes) {
-  const auto few = static_cast<std::int64_t>(WorkBytes(resampling, kFewestColumns));
-  const auto twice = static_cast<std::int64_t>(WorkBytes(resampling, 2 * kFewestColumns));
+  const auto few = static_cast<std::int64_t>(WorkBytes(resampling, kColumnStep));
+  const auto twice = static_cast<std::int64_t>(WorkBytes(resampling, 2 * kColumnStep));
   const std::int64_t columns =
-      kFewestColumns * (1 + std::max<std::int64_t>(bytes - few, 0) / (twice - few));
+      kColumnStep * (1 + std::max<std::int64_t>(bytes - few, 0) / (twice - few));
   return static_cast<int>(std::min<std::int64_t>(columns, resampling.Width()));
+}
+
+// The pairs of samples that the two passes multiply with weights, in each channel.
+std::int64_t Pairs(const Resampling& resampling) {
+  return std::int64_t{resampling.Width()} *
+         (std::int64_t{resampling.source->Height()} * resampling.across.pairs +
+          std::int64_t{resampling.Height()} * resampling.down.pairs);
 }
 
 Plan PlanFor(const Resampling& resampling, int threads) {
   const int width = resampling.Width();
   const std::int64_t sourcePixels =
       std::int64_t{resampling.source->Width()} * resampling.source->Height();
-  if (sourcePixels + std::int64_t{width} * resampling.Height() < kPixelsForThreads) threads = 1;
-  threads = std::clamp(width / kFewestColumns, 1, threads);
+  if (Pairs(resampling) < kPairsForThreads) threads = 1;
+  threads = std::clamp(width / kColumnStep, 1, threads);
   const std::int64_t bytes =
       std::clamp(4 * sourcePixels / kPartOfSource / threads, kLeastWork, kMostWork);
 
@@ -100,18 +106,12 @@ Plan PlanFor(const Resampling& resampling, int threads) {
   }
   const int evenPieces = (pieces + threads - 1) / threads * threads;
   const int even = (width - 1) / evenPieces + 1;
-  const int columns = even < kWorthwhileColumns ? even : (even + kLine - 1) / kLine * kLine;
+  const int columns = (even + kColumnStep - 1) / kColumnStep * kColumnStep;
   return {threads, columns, (width - 1) / columns + 1, WorkBytes(resampling, columns)};
 }
 
 std::size_t FilterBytes(const Filter& filter) {
-  return filter.first.size() * sizeof(int) + filter.weights.size() * sizeof(std::int32_t);
-}
-
-// From the left edge and from the middle in turn: neighbours that two threads make at the same time
-// would share lines of the cache along their common edge.
-int PieceInTurn(int turn, int pieces) {
-  return turn % 2 == 0 ? turn / 2 : (pieces + 1) / 2 + turn / 2;
+  return filter.first.size() * sizeof(int) + filter.weights.size() * sizeof(std::int16_t);
 }
 
 // False if there is no memory to work in.
@@ -122,9 +122,9 @@ bool Run(const Resampling& resampling, const Plan& plan) {
   const std::function<void(int)> work = [&](int thread) {
     std::uint8_t* own = memory.get() + plan.workBytes * static_cast<std::size_t>(thread);
     for (;;) {
-      const int turn = next.fetch_add(1);
-      if (turn >= plan.pieces) return;
-      const std::int64_t begin = std::int64_t{PieceInTurn(turn, plan.pieces)} * plan.columns;
+      const int piece = next.fetch_add(1);
+      if (piece >= plan.pieces) return;
+      const std::int64_t begin = std::int64_t{piece} * plan.columns;
       const std::int64_t end = std::min<std::int64_t>(begin + plan.columns, resampling.Width());
       ResampleColumns(resampling, {static_cast<int>(begin), static_cast<int>(end)}, own);
     }
@@ -142,13 +142,14 @@ std::size_t WorkingBytes(const Picture& source, int width, int height, int threa
 }
 
 Ref<Picture> ResampleWithThreads(const Ref<Picture>& source, std::int64_t width,
-                                 std::int64_t height, int threads) {
+                                 std::int64_t height, int threads, Ref<Picture> spare) {
   if (source == nullptr) return nullptr;
   width = std::max<std::int64_t>(width, 1);
   height = std::max<std::int64_t>(height, 1);
-  if (width == source->Width() && height == source->Height()) return Copy(*source);
+  if (width == source->Width() && height == source->Height())
+    return Copy(*source, std::move(spare));
 
-  Ref<Picture> result = CreateLike(*source, width, height);
+  Ref<Picture> result = CreateLike(*source, width, height, std::move(spare));
   if (result == nullptr) return nullptr;
   try {
     Resampling resampling = ResamplingOf(*source, result->Width(), result->Height());
@@ -160,8 +161,9 @@ Ref<Picture> ResampleWithThreads(const Ref<Picture>& source, std::int64_t width,
   return result;
 }
 
-Ref<Picture> Resample(const Ref<Picture>& source, std::int64_t width, std::int64_t height) {
-  return ResampleWithThreads(source, width, height, Threads());
+Ref<Picture> Resample(const Ref<Picture>& source, std::int64_t width, std::int64_t height,
+                      Ref<Picture> spare) {
+  return ResampleWithThreads(source, width, height, Threads(), std::move(spare));
 }
 
 }  // namespace morvantile

@@ -105,21 +105,30 @@ void ChooseBits(double reduction, Filter& filter) {
   filter.excess = std::max(0, filter.bits - kSumBits);
 }
 
+// Sets the weights of the samples from `distance` on, in units of the result's; returns their sum.
+double SetWeights(const Lanczos& lanczos, double distance, double perSample, int count,
+                  double* weights) {
+  double sum = 0;
+  for (int i = 0; i < count; ++i) {
+    weights[i] = lanczos((distance + i) * perSample);
+    sum += weights[i];
+  }
+  return sum;
+}
+
 // Stores weights that sum up to `sum` as fixed-point numbers that sum up to exactly 1 << bits: it
-// is their running sum that is rounded. The first goes to the sample `position` of the window.
-void StoreWeights(const double* weights, int count, double sum, int bits, int position,
-                  std::int32_t* pairs) {
+// is their running sum that is rounded.
+void StoreWeights(const double* weights, int count, double sum, int bits, std::int16_t* to) {
   const double one = std::ldexp(1.0, bits);
   const double factor = one / sum;
   // From 1 on, the running sum stays positive, where conversion to an integer rounds down.
   double running = one + 0.5;
   auto stored = static_cast<std::int64_t>(one);
-  for (int i = 0; i < count; ++i, ++position) {
+  for (int i = 0; i < count; ++i) {
     running += weights[i] * factor;
     const auto rounded = static_cast<std::int64_t>(running);
-    const auto weight = static_cast<std::uint16_t>(rounded - stored);
+    to[i] = static_cast<std::int16_t>(rounded - stored);
     stored = rounded;
-    pairs[position / 2] |= static_cast<std::int32_t>(std::uint32_t{weight} << (position % 2 * 16));
   }
 }
 
@@ -135,24 +144,20 @@ Filter LanczosFilter(int sourceSize, int resultSize) {
   Filter filter;
   ChoosePairing(windows, sourceSize, filter);
   ChooseBits(geometry.Reduction(), filter);
+  const std::size_t samples = 2 * static_cast<std::size_t>(filter.pairs);
   filter.first.reserve(windows.size());
-  filter.weights.resize(windows.size() * static_cast<std::size_t>(filter.pairs));
-  std::vector<double> weights(2 * static_cast<std::size_t>(filter.pairs));
+  filter.weights.resize(windows.size() * samples);
+  std::vector<double> weights(samples);
   const double perSample = 1 / geometry.Reduction();
-  std::int32_t* pairs = filter.weights.data();
-  for (int i = 0; i < resultSize; ++i, pairs += filter.pairs) {
+  std::int16_t* to = filter.weights.data();
+  for (int i = 0; i < resultSize; ++i, to += samples) {
     const Range window = windows[static_cast<std::size_t>(i)];
-    const double distance = window.begin - geometry.Centre(i);
-    double sum = 0;
-    for (int j = 0; j < window.Size(); ++j) {
-      const double weight = lanczos((distance + j) * perSample);
-      weights[static_cast<std::size_t>(j)] = weight;
-      sum += weight;
-    }
+    const double sum = SetWeights(lanczos, window.begin - geometry.Centre(i), perSample,
+                                  window.Size(), weights.data());
     const int begin = window.begin + filter.offset;
     const int first = std::min(begin / 2, filter.sourcePairs - filter.pairs);
     filter.first.push_back(first);
-    StoreWeights(weights.data(), window.Size(), sum, filter.bits, begin - 2 * first, pairs);
+    StoreWeights(weights.data(), window.Size(), sum, filter.bits, to + (begin - 2 * first));
   }
   return filter;
 }

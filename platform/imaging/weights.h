@@ -27,12 +27,12 @@ struct Filter {
   int excess = 0;
   // For each result sample, the first pair of its window; never falls.
   std::vector<int> first;
-  // For each pair of each window, the weight of its earlier sample in the lower half and that of
-  // its later one in the upper. The weights of a window sum up to exactly 1 << bits.
-  std::vector<std::int32_t> weights;
+  // For each pair of each window, the weights of its two samples. Those of a window sum up to
+  // exactly 1 << bits.
+  std::vector<std::int16_t> weights;
 
-  const std::int32_t* WeightsOf(int i) const {
-    return weights.data() + static_cast<std::ptrdiff_t>(pairs) * i;
+  const std::int16_t* WeightsOf(int i) const {
+    return weights.data() + std::ptrdiff_t{2} * pairs * i;
   }
 };
 

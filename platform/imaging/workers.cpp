@@ -1,9 +1,16 @@
 #include "platform/imaging/workers.h"
 
 #include <algorithm>
+#include <chrono>
 #include <system_error>
 
 namespace morvantile {
+namespace {
+
+// How long a call stays awake for the workers to return: to be woken takes as long.
+constexpr std::chrono::microseconds kPatience{100};
+
+}  // namespace
 
 Workers::Workers(int count) {
   try {
@@ -38,6 +45,10 @@ void Workers::Run(int helpers, const std::function<void(int)>& work) {
   work(0);
   std::unique_lock lock(mutex_);
   wanted_ = 0;
+  lock.unlock();
+  const auto patience = std::chrono::steady_clock::now() + kPatience;
+  while (running_ > 0 && std::chrono::steady_clock::now() < patience) std::this_thread::yield();
+  lock.lock();
   done_.wait(lock, [this] { return running_ == 0; });
   busy_ = false;
 }

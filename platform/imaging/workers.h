@@ -35,9 +35,9 @@ class Workers {
   std::condition_variable wake_;
   std::condition_variable done_;
   const std::function<void(int)>* work_ = nullptr;
-  int wanted_ = 0;   // workers yet to join in
-  int next_ = 1;     // the number of the next to do so
-  int running_ = 0;  // workers that have joined in and not yet returned
+  int wanted_ = 0;                // workers yet to join in
+  int next_ = 1;                  // the number of the next to do so
+  std::atomic<int> running_ = 0;  // workers that have joined in and not yet returned
   bool stop_ = false;
   std::vector<std::thread> threads_;
 };

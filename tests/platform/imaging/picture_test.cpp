@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <utility>
 
 namespace morvantile {
 namespace {
@@ -17,6 +18,23 @@ TEST(Picture, CreateGivesWritableRowsOfTheAskedSize) {
   picture->MutableRow(1)[11] = 7;
   EXPECT_EQ(picture->Row(0) + picture->Stride(), picture->Row(1));
   EXPECT_EQ(picture->Row(1)[11], 7);
+}
+
+TEST(Picture, CreateTakesOverOnlyASpareThatIsLargeEnoughAndNobodyElses) {
+  Ref<Picture> spare = Picture::Create(40, 30, false);
+  const std::uint8_t* bytes = spare->Row(0);
+  Ref<Picture> smaller = Picture::Create(7, 5, true, std::move(spare));
+  EXPECT_EQ(smaller->Row(0), bytes);
+  EXPECT_EQ(smaller->Width(), 7);
+  EXPECT_TRUE(smaller->HasAlpha());
+  Ref<Picture> asLargeAsTheFirst = Picture::Create(40, 30, true, std::move(smaller));
+  EXPECT_EQ(asLargeAsTheFirst->Row(0), bytes);
+  EXPECT_NE(Picture::Create(40, 30, true, asLargeAsTheFirst)->Row(0), bytes);
+  const Ref<Picture> larger = Picture::Create(400, 300, true, std::move(asLargeAsTheFirst));
+  larger->MutableRow(299)[1599] = 7;
+  const auto others = std::make_shared<std::array<std::uint8_t, 24>>();
+  EXPECT_TRUE(Picture::Create(2, 2, false, Picture::Wrap(2, 3, 8, others->data(), false, others))
+                  ->MutableRow(0) != nullptr);
 }
 
 TEST(Picture, CreateGivesNilForSidesThatNoPictureCanHave) {

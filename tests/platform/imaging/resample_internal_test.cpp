@@ -26,7 +26,7 @@ std::vector<Case> Cases() {
   for (const bool hasAlpha : {false, true}) {
     for (const Content content : {Content::kNoise, Content::kBlocks}) {
       cases.push_back({content, 601, 403, hasAlpha, 307, 200});
-      cases.push_back({content, 333, 257, hasAlpha, 299, 230});
+      cases.push_back({content, 433, 357, hasAlpha, 389, 330});
       cases.push_back({content, 71, 113, hasAlpha, 500, 701});
       cases.push_back({content, 1200, 700, hasAlpha, 37, 21});
     }
