@@ -1,6 +1,7 @@
 #include "platform/imaging/picture.h"
 
 #include <bit>
+#include <cstddef>
 #include <utility>
 
 #include "platform/imaging/aligned.h"
@@ -14,28 +15,22 @@ Ref<Picture> Picture::Create(std::int64_t width, std::int64_t height, bool hasAl
   const std::int64_t stride = (4 * width + kStep - 1) / kStep * kStep;
   if (height > kMaxBytes / stride) return nullptr;
   const auto bytes = static_cast<std::size_t>(stride * height);
-  if (!spare.IsOnlyOwner() || spare->writableBytes_ < bytes) {
-    spare = nullptr;
-    spare = WithStorage(bytes);
-  }
-  if (spare == nullptr) return nullptr;
-
-  Ref<Picture> picture = Wrap(static_cast<int>(width), static_cast<int>(height), stride,
-                              spare->writable_, hasAlpha, std::move(spare->keeper_));
-  picture->writable_ = spare->writable_;
-  picture->writableBytes_ = spare->writableBytes_;
-  return picture;
-}
-
-// Room for a larger picture to come too: what isn't used takes no memory.
-Ref<Picture> Picture::WithStorage(std::size_t bytes) {
-  bytes = std::bit_ceil(bytes);
-  AlignedBytes storage = MakeAlignedBytes(bytes);
-  if (storage == nullptr) return nullptr;
   Ref<Picture> picture(new Picture);
-  picture->writable_ = storage.get();
-  picture->writableBytes_ = bytes;
-  picture->keeper_ = std::shared_ptr<const void>(std::move(storage));
+  if (spare.IsOnlyOwner() && spare->ownBytes_ >= bytes) {
+    picture->own_ = std::move(spare->own_);
+    picture->ownBytes_ = spare->ownBytes_;
+  } else {
+    spare = nullptr;
+    // Room for a larger picture to come; what isn't used takes no memory.
+    picture->ownBytes_ = std::bit_ceil(bytes);
+    picture->own_ = MakeAlignedBytes(picture->ownBytes_);
+    if (picture->own_ == nullptr) return nullptr;
+  }
+  picture->width_ = static_cast<int>(width);
+  picture->height_ = static_cast<int>(height);
+  picture->stride_ = stride;
+  picture->hasAlpha_ = hasAlpha;
+  picture->pixels_ = picture->own_.get();
   return picture;
 }
 

@@ -33,9 +33,9 @@ class MORVANTILE_API Picture : public Object {
   static constexpr std::int64_t kMaxBytes = std::int64_t{1} << 30;
 
   // A picture of `width` x `height` pixels, each at least 1, with storage of its own whose content
-  // is not set; rows begin at multiples of 64 bytes. Nil if it would need more than kMaxBytes or
-  // memory that there isn't. If nobody else holds the picture in `spare` and its storage is large
-  // enough, the new one takes that over.
+  // is not set. Rows begin at multiples of 64 bytes. Nil if it would need more than
+  // kMaxBytes or memory that there isn't. If nobody else holds the picture in `spare` and its
+  // storage is large enough, the new one takes that over.
   static Ref<Picture> Create(std::int64_t width, std::int64_t height, bool hasAlpha,
                              Ref<Picture> spare = nullptr);
 
@@ -53,21 +53,18 @@ class MORVANTILE_API Picture : public Object {
 
   const std::uint8_t* Row(int y) const { return pixels_ + stride_ * y; }
   // The row for writing; null for a picture made by Wrap.
-  std::uint8_t* MutableRow(int y) {
-    return writable_ == nullptr ? nullptr : writable_ + stride_ * y;
-  }
+  std::uint8_t* MutableRow(int y) { return own_ == nullptr ? nullptr : own_.get() + stride_ * y; }
 
  private:
   Picture() = default;
-  static Ref<Picture> WithStorage(std::size_t bytes);
 
   int width_ = 0;
   int height_ = 0;
   std::ptrdiff_t stride_ = 0;
   bool hasAlpha_ = false;
   const std::uint8_t* pixels_ = nullptr;
-  std::uint8_t* writable_ = nullptr;
-  std::size_t writableBytes_ = 0;
+  std::shared_ptr<std::uint8_t[]> own_;
+  std::size_t ownBytes_ = 0;  // what of `own_` could be used
   std::shared_ptr<const void> keeper_;
 };
 

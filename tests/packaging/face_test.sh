@@ -58,9 +58,9 @@ try() {  # try COMPILER FLAGS...: builds the program with them, against both lib
   runs static/bin/by-static "$scratch/static.plist"
   rm -f "$scratch"/*.plist
 }
-try "$compiler" -std=c++20 -O2 -fvisibility=hidden -fvisibility-inlines-hidden
-try "$compiler" -std=c++20 -O2 -fno-plt
-try "$compiler" -std=c++20 -O2 -flto
+try "$compiler" -std=c++20 -O1 -fvisibility=hidden -fvisibility-inlines-hidden
+try "$compiler" -std=c++20 -O1 -fno-plt
+try "$compiler" -std=c++20 -O1 -flto
 try "$compiler" -std=c++23 -D_GLIBCXX_ASSERTIONS
 if command -v clang++ >/dev/null; then try clang++ -std=c++20 -O1 -fvisibility=hidden; fi
 
