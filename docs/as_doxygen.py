@@ -9,7 +9,7 @@ ESCAPED = str.maketrans({c: "\\" + c for c in "\\@<>&$#%\""})
 
 
 def is_declaration(line):
-    return bool(re.match(r"\s*[\w:~<]", line)) and not re.match(
+    return bool(re.match(r"\s*(\[\[nodiscard\]\] )?[\w:~<]", line)) and not re.match(
         r"\s*(public|private|protected|namespace|friend class|using|return)\b", line)
 
 
