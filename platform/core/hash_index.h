@@ -29,7 +29,7 @@ class HashIndex {
   }
 
   // A hint that a search for `hash` comes soon, which then need not wait for the memory.
-  void Expect(std::uint32_t hash) const { __builtin_prefetch(&cells_[hash & mask_]); }
+  void Expect(std::uint32_t hash) const { __builtin_prefetch(cells_.data() + (hash & mask_)); }
 
   // Whether searches are likely to miss the processor's caches.
   bool IsLarge() const { return cells_.size() > kCellsInCaches; }
