@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "fuzz/require.h"
 #include "fuzz/second_reader.h"
@@ -21,12 +22,23 @@ void RequireSameForSecondReader(const std::string& one, const std::string& other
   if (want && got) RequireEqual(*got, *want, "the second reader sees the same document");
 }
 
+// Whether a date in an XML file has a fraction of a second, which the other reader does not take
+// there.
+bool HasFractionOfASecond(const std::string& xml) {
+  constexpr std::string_view kEnd = "Z</date>";
+  for (std::size_t at = xml.find(kEnd); at != std::string::npos; at = xml.find(kEnd, at + 1)) {
+    const std::size_t before = xml.find_last_not_of("0123456789", at - 1);
+    if (before != std::string::npos && xml[before] == '.') return true;
+  }
+  return false;
+}
+
 void ConvertBothWays(const std::string& content) {
   const std::string xml = ToXml(content);
   const std::string binary = ToBinary(content);
   if (Failed(xml)) return;
   if (!Failed(binary)) {
-    RequireSameForSecondReader(xml, binary);
+    if (!HasFractionOfASecond(xml)) RequireSameForSecondReader(xml, binary);
     if (LooksBinary(content)) {
       RequireSameForSecondReader(content, binary);
       RequireEqual(ToXml(binary), xml, "a binary file written anew holds the same");
