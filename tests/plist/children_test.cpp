@@ -139,8 +139,8 @@ TEST(Node, OutlivesItsParentAndItsDocument) {
   EXPECT_EQ(b->AbsolutePath(), ":b");
 }
 
-TEST(Tree, OfAMillionNestedNodesIsBuiltWalkedAndReleased) {
-  constexpr int kDepth = 1'000'000;
+TEST(Tree, OfVeryDeepNodesIsBuiltWalkedAndReleased) {
+  constexpr int kDepth = 200'000;
   Ref<plist> document = NewDocument();
   Ref<plistDict> node = document->root;
   for (int i = 0; i < kDepth; ++i) node = node->child("n");

@@ -63,7 +63,7 @@ TEST_F(Faults, AKillAtAnyMomentOfSaveLeavesTheOldFileOrTheNewOne) {
   folder.Put("a", content(0)->asString());
   chmod(folder.Path("a").c_str(), 0640);
   std::mt19937 random(1);
-  for (int round = 0; round < 300; ++round) {
+  for (int round = 0; round < 40; ++round) {
     const std::string before = folder.Content("a");
     const Ref<plist> document = content(round + 1);
     const std::string after = document->asString();

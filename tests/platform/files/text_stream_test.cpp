@@ -221,7 +221,7 @@ TEST(TextOutputStream, ALargeTextComesThroughInOrder) {
   std::string text;
   const Ref<TextOutputStream> stream = folder.Item("a")->CreateTextFile();
   for (std::size_t i = 0; i < 40; ++i) {
-    const std::string line(i == 20 ? 5'000'000 : 700'000 + 1000 * i, "0123456789"[i % 10]);
+    const std::string line(i == 20 ? 5'000'000 : 100'000 + 1000 * i, "0123456789"[i % 10]);
     stream->WriteLine(line);
     text += line + "\n";
   }

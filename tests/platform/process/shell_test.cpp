@@ -50,12 +50,12 @@ TEST(Shell, KillsWhatHangsWithAllThatItStarted) {
   const ScratchFolder folder;
   Shell shell(200ms);
   const auto begin = std::chrono::steady_clock::now();
-  shell.Execute("(sleep 1; touch " + folder.Item("late")->ShellPath() + ") & wait");
+  shell.Execute("(sleep 0.5; touch " + folder.Item("late")->ShellPath() + ") & wait");
   EXPECT_EQ(shell.ErrorCode(), -1);
   shell.Execute("yes");
   EXPECT_EQ(shell.ErrorCode(), -1);
   EXPECT_LT(std::chrono::steady_clock::now() - begin, 30s);
-  std::this_thread::sleep_for(1200ms);
+  std::this_thread::sleep_for(600ms);
   EXPECT_FALSE(folder.Item("late")->Exists());
 }
 
