@@ -34,7 +34,7 @@ bool plistDict::AddContainer(std::string_view key, std::string_view type,
     return false;
   }
   Entry& entry = entries_.List(key);
-  entry.SetType(type);
+  entry.SetType(TypeWord(type));
   entry.SetMark(false);
   NewChild(entry, key, SameText(type, "array"));
   ClearReport();

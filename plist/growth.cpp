@@ -23,7 +23,7 @@ void plistDict::AppendScalar(std::string_view type, std::string_view text) {
   if (!isArray && !CheckArray()) return;
   indexOf = count();
   Entry& entry = entries_.List(Str(indexOf));
-  entry.SetType(type);
+  entry.SetType(TypeWord(type));
   entry.SetText(text);
   ClearReport();
 }
@@ -34,7 +34,7 @@ Ref<plistDict> plistDict::AppendContainer(std::string_view type) {
   indexOf = count();
   const std::string key = Str(indexOf);
   Entry& entry = entries_.List(key);
-  entry.SetType(type);
+  entry.SetType(TypeWord(type));
   NewChild(entry, key, SameText(type, "array"));
   return children.back();
 }

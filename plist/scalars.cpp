@@ -72,7 +72,7 @@ std::string_view plistDict::TextOf(const Entry& entry, std::string_view key) con
 
 // Whether the entry is a "date", which is no number; if so, with the report.
 bool plistDict::IsDate(const Entry& entry, std::string_view key) const {
-  if (!SameText(entry.type.View(), "date")) return false;
+  if (!entry.type.Is(TypeWord::kDate)) return false;
   SetError(true, report::TypeMismatch(key, "date"));
   return true;
 }
@@ -111,7 +111,7 @@ void plistDict::SetData(std::string_view key, std::string_view value) {
   Entry& entry = entries_.List(key);
   entry.SetText(value);
   entry.SetMark(false);
-  entry.SetType("data");
+  entry.SetType(TypeWord(TypeWord::kData));
 }
 
 void plistDict::AppendBoolean(bool value) { AppendScalar("boolean", WordFor(value)); }
@@ -126,7 +126,7 @@ void plistDict::Store(std::string_view key, std::string_view type, std::string_v
   }
   entry.SetText(text);
   entry.SetMark(false);
-  entry.SetType(type);
+  entry.SetType(TypeWord(type));
   ClearReport();
 }
 

@@ -8,6 +8,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "platform/text/folding.h"
 #include "plist/store/compact_text.h"
@@ -18,9 +19,7 @@ namespace morvantile {
 
 // Whether a type word is "dict" or "array".
 inline bool IsContainer(std::string_view type) {
-  if (type.size() < 2) return false;
-  return (MayBeLetter(type[0], 'd') && MayBeLetter(type[1], 'i') && SameText(type, "dict")) ||
-         (MayBeLetter(type[0], 'a') && SameText(type, "array"));
+  return SameText(type, "dict") || SameText(type, "array");
 }
 
 // What a node knows of one key. Each part is an entry in one of the node's properties: the
@@ -35,17 +34,10 @@ struct Entry {
   bool hasMark = false;
   bool mark = false;
 
-  void SetType(std::string_view word) {
-    if (hasType && type.View() == word) return;
-    type.Assign(word);
+  void SetType(TypeWord word) {
+    type = std::move(word);
     hasType = true;
-    isContainer = IsContainer(word);
-  }
-  // As SetType, for the word of a scalar.
-  void SetScalarType(TypeWord::Known known) {
-    type = TypeWord(known);
-    hasType = true;
-    isContainer = false;
+    isContainer = type.IsContainer();
   }
   void SetText(std::string_view value) {
     text.Assign(value);

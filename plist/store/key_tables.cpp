@@ -14,7 +14,7 @@ std::string Types::Value(std::string_view key) const {
 }
 
 void Types::SetValue(std::string_view key, std::string_view word) {
-  entries_.List(key).SetType(word);
+  entries_.List(key).SetType(TypeWord(word));
 }
 
 std::string Types::Key(std::size_t position) const {

@@ -34,31 +34,32 @@ class TypeWord {
 
   TypeWord() = default;
   explicit TypeWord(Known known) : word_(&kKnown[known]) {}
-  explicit TypeWord(std::string_view word) { Assign(word); }
+  explicit TypeWord(std::string_view word) {
+    for (const Word& known : kKnown) {
+      if (word != known.view) continue;
+      word_ = &known;
+      return;
+    }
+    word_ = new OwnWord(word);
+  }
+  TypeWord(const TypeWord& other)
+      : word_(other.IsKnown() ? other.word_ : new OwnWord(other.View())) {}
   TypeWord(TypeWord&& other) noexcept : word_(std::exchange(other.word_, kKnown.data())) {}
-  TypeWord& operator=(TypeWord&& other) noexcept {
+  TypeWord& operator=(TypeWord other) noexcept {
     std::swap(word_, other.word_);
     return *this;
   }
-  TypeWord(const TypeWord&) = delete;
-  TypeWord& operator=(const TypeWord&) = delete;
   ~TypeWord() {
     if (!IsKnown()) delete static_cast<const OwnWord*>(word_);
-  }
-
-  void Assign(std::string_view word) {
-    for (const Word& known : kKnown) {
-      if (word != known.view) continue;
-      *this = TypeWord(&known);
-      return;
-    }
-    *this = TypeWord(new OwnWord(word));
   }
 
   // Whether the word is `known`, without regard to letter case.
   bool Is(Known known) const {
     return IsKnown() ? word_ == &kKnown[known] : SameText(View(), kKnown[known].view);
   }
+
+  // Whether the word is that of a dict or an array.
+  bool IsContainer() const { return Is(kDict) || Is(kArray); }
 
   // The word; the bytes belong to the object and go with it.
   std::string_view View() const { return word_->view; }
@@ -82,8 +83,6 @@ class TypeWord {
                                                   {"data"},
                                                   {"dict"},
                                                   {"array"}}};
-
-  explicit TypeWord(const Word* word) : word_(word) {}
 
   bool IsKnown() const {
     return !std::less<>()(word_, kKnown.data()) &&

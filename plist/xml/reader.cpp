@@ -1,7 +1,6 @@
 #include "plist/xml/reader.h"
 
 #include <algorithm>
-#include <cstring>
 #include <utility>
 
 #include "platform/core/background.h"
@@ -90,24 +89,6 @@ bool IsEmptyDict(std::string_view line) {
          SameText(line, "<dict/>");
 }
 
-// Whether the line is an element of that name, as the writer lays it out, whose text holds neither
-// a tag nor an entity; then that is in `text`.
-template <std::size_t kSize>
-inline bool IsUsual(std::string_view line, const char (&name)[kSize], std::string_view& text) {
-  constexpr std::size_t kName = kSize - 1;
-  constexpr std::size_t kOpening = kName + 2;
-  constexpr std::size_t kClosing = kName + 3;
-  if (line.size() < kOpening + kClosing) return false;
-  const char* const begin = line.data();
-  const char* const end = begin + line.size() - kClosing;
-  if (begin[kOpening - 1] != '>' || end[0] != '<' || end[1] != '/' || end[kClosing - 1] != '>' ||
-      std::memcmp(begin + 1, name, kName) != 0 || std::memcmp(end + 2, name, kName) != 0) {
-    return false;
-  }
-  text = line.substr(kOpening, line.size() - kOpening - kClosing);
-  return !HasEither(text, '<', '&');
-}
-
 }  // namespace
 
 void plistDict::Load(TextInputStream* stream, std::string_view ownName, bool asArray,
@@ -169,52 +150,9 @@ void Reader::ReadLine(Activation& in) {
   std::string_view line;
   stream_.ReadLine(line);
   in.fields = WithoutLeadingBlanks(line);
-  in.hasFields = in.inValue || !ReadUsualLine(in, in.fields);
+  in.hasFields = true;
   if (!in.keptFields.empty()) in.keptFields = std::string();
   RuntimeBackgroundTask();
-}
-
-// Takes the lines that most files consist of by a shortcut, to the same result as ReadField: a key,
-// or a scalar on one line. Gives whether the line was one.
-bool Reader::ReadUsualLine(Activation& in, std::string_view line) {
-  if (line.size() < 2 || line[0] != '<') return false;
-  std::string_view text;
-  switch (line[1]) {
-    case 'k':
-      if (!IsUsual(line, "key", text)) return false;
-      RuntimeBackgroundTask();
-      in.key = text;
-      in.node->entries_.Listed().Expect(text);
-      return true;
-    case 's':
-      if (!IsUsual(line, "string", text)) return false;
-      ReadUsualScalar(in, TypeWord::kString, text);
-      return true;
-    case 'i':
-      if (!IsUsual(line, "integer", text)) return false;
-      ReadUsualScalar(in, TypeWord::kInteger, text);
-      return true;
-    case 'r':
-      if (!IsUsual(line, "real", text)) return false;
-      ReadUsualScalar(in, TypeWord::kReal, text);
-      return true;
-    case 'd':
-      if (!IsUsual(line, "date", text)) return false;
-      ReadUsualScalar(in, TypeWord::kDate, text);
-      return true;
-    default:
-      return false;
-  }
-}
-
-void Reader::ReadUsualScalar(Activation& in, TypeWord::Known type, std::string_view text) {
-  RuntimeBackgroundTask();
-  in.selfClosed = false;
-  in.type = TypeWord(type);
-  Entry& entry = in.node->entries_.List(in.key);
-  entry.SetScalarType(type);
-  entry.SetText(text);
-  in.value = text;
 }
 
 void Reader::ReadField(Activation& in) {
@@ -284,9 +222,9 @@ plistDict* Reader::ReadTag(Activation& in, std::string_view& line, std::size_t b
 
 void Reader::ReadBoolean(Activation& in, std::string_view word) {
   Entry& entry = in.node->entries_.List(in.key);
-  entry.SetType("boolean");
-  entry.SetText(word);
   in.type = TypeWord(TypeWord::kBoolean);
+  entry.SetType(in.type);
+  entry.SetText(word);
 }
 
 void Reader::CloseValue(Activation& in) {
@@ -299,9 +237,9 @@ void Reader::OpenElement(Activation& in, std::string_view tag, std::string_view&
   std::string_view type = tag;
   in.selfClosed = type.ends_with('/');
   if (in.selfClosed) type.remove_suffix(1);
-  in.type.Assign(type);
+  in.type = TypeWord(type);
   Entry& entry = in.node->entries_.List(in.key);
-  entry.SetType(type);
+  entry.SetType(in.type);
   if (entry.isContainer || (in.selfClosed && SameText(type, "dict/"))) return;
 
   line.remove_prefix(static_cast<std::size_t>(tag.end() - line.begin()) + 1);
@@ -322,13 +260,13 @@ void Reader::OpenValue(Activation& in, std::string_view tag, std::string_view li
   in.value.clear();
   if (line.find('>') != std::string_view::npos) return;
   AppendDecoded(in.value, line);
-  if (!SameText(in.type.View(), "data")) in.value += kLineSeparator;
+  if (!in.type.Is(TypeWord::kData)) in.value += kLineSeparator;
 }
 
 // Makes the node of a container, and returns it if it is to be read.
 plistDict* Reader::OpenChild(Activation& in, std::string_view& line) {
-  if (!IsContainer(in.type.View())) return nullptr;
-  const bool is_dict = SameText(in.type.View(), "dict");
+  if (!in.type.IsContainer()) return nullptr;
+  const bool is_dict = in.type.Is(TypeWord::kDict);
   in.node->NewChild(in.node->entries_.FindOrAdd(in.key), in.key, !is_dict);
   if (!in.selfClosed) return in.node->children.back().get();
   if (is_dict) line = {};
