@@ -10,11 +10,11 @@ namespace {
 // Runs the application on the user's desktop. What its handlers throw ends the program here, with
 // the clipboard as it was.
 int Main(int argc, char** argv) {
-  StayBehind stayBehind;
+  StayBehind stay_behind;
   try {
     SingleInstance instance;
     if (instance.AnotherRunAnswered()) return 0;
-    QtHost host(argc, argv, stayBehind, instance);
+    QtHost host(argc, argv, stay_behind, instance);
     InstallHost(&host);
     const Ref<App> app = New<App>();
     return host.Run(*app);

@@ -107,9 +107,9 @@ int main(int argc, char** argv) {
   using morvantile::New;
   const int width = argc > 2 ? std::atoi(argv[1]) : 3840;
   const int height = argc > 2 ? std::atoi(argv[2]) : 2160;
-  morvantile::StayBehind stayBehind;
+  morvantile::StayBehind stay_behind;
   morvantile::SingleInstance instance;
-  morvantile::QtHost host(1, argv, stayBehind, instance);
+  morvantile::QtHost host(1, argv, stay_behind, instance);
   morvantile::InstallHost(&host);
   const auto measurement = New<morvantile::Measurement>(width, height);
   measurement->Event_Open();

@@ -20,21 +20,21 @@ namespace morvantile {
 namespace {
 
 struct Row {
-  int sourceWidth, sourceHeight, width, height;
+  int source_width, source_height, width, height;
 };
 
 // A picture in memory of somebody else's, as one from the clipboard is.
-Ref<Picture> Noise(int width, int height, bool hasAlpha) {
+Ref<Picture> Noise(int width, int height, bool has_alpha) {
   const std::ptrdiff_t stride = std::ptrdiff_t{4} * width;
   const auto bytes =
       std::make_shared<std::vector<std::uint8_t>>(static_cast<std::size_t>(stride * height));
   std::minstd_rand random(1);
   for (std::uint8_t& byte : *bytes) byte = static_cast<std::uint8_t>(random() >> 16);
-  return Picture::Wrap(width, height, stride, bytes->data(), hasAlpha, bytes);
+  return Picture::Wrap(width, height, stride, bytes->data(), has_alpha, bytes);
 }
 
 void Copy(benchmark::State& state, Row row) {
-  const Ref<Picture> source = Noise(row.sourceWidth, row.sourceHeight, true);
+  const Ref<Picture> source = Noise(row.source_width, row.source_height, true);
   std::vector<std::uint8_t> copy(static_cast<std::size_t>(source->Stride() * source->Height()));
   for (auto _ : state) {
     std::memcpy(copy.data(), source->Row(0), copy.size());
@@ -43,8 +43,8 @@ void Copy(benchmark::State& state, Row row) {
   }
 }
 
-void Scale(benchmark::State& state, Row row, bool hasAlpha, int threads) {
-  const Ref<Picture> source = Noise(row.sourceWidth, row.sourceHeight, hasAlpha);
+void Scale(benchmark::State& state, Row row, bool has_alpha, int threads) {
+  const Ref<Picture> source = Noise(row.source_width, row.source_height, has_alpha);
   Ref<Picture> result;
   for (auto _ : state) {
     result = ResampleWithThreads(source, row.width, row.height, threads, std::move(result));
@@ -53,8 +53,8 @@ void Scale(benchmark::State& state, Row row, bool hasAlpha, int threads) {
 }
 
 void ScaleWithQt(benchmark::State& state, Row row, QImage::Format format) {
-  const Ref<Picture> source = Noise(row.sourceWidth, row.sourceHeight, true);
-  const QImage image(source->Row(0), row.sourceWidth, row.sourceHeight,
+  const Ref<Picture> source = Noise(row.source_width, row.source_height, true);
+  const QImage image(source->Row(0), row.source_width, row.source_height,
                      static_cast<qsizetype>(source->Stride()), format);
   for (auto _ : state) {
     benchmark::DoNotOptimize(
@@ -78,7 +78,7 @@ bool RegisterRows() {
       return std::to_string(width) + "x" + std::to_string(height);
     };
     const std::string name =
-        size(row.sourceWidth, row.sourceHeight) + "_to_" + size(row.width, row.height);
+        size(row.source_width, row.source_height) + "_to_" + size(row.width, row.height);
     Register(name + "/copy", Copy, row);
     Register(name + "/alpha", Scale, row, true, cores);
     Register(name + "/alpha_one_core", Scale, row, true, 1);

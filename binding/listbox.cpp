@@ -61,8 +61,8 @@ void plistDict::GetListbox(const Ref<Listbox>& list, bool select) {
   for (int row = 0; row < rows; ++row) {
     const std::vector<std::string> cells = CellsOf(*record.elements, row);
     AddStoredRow(*list, row, cells);
-    const bool isDefault = SameText(cells.empty() ? "" : cells.front(), record.standard);
-    if (isDefault && select) list->SetListIndex(row);
+    const bool is_default = SameText(cells.empty() ? "" : cells.front(), record.standard);
+    if (is_default && select) list->SetListIndex(row);
   }
 }
 

@@ -48,13 +48,13 @@ void InfoWindow::CreateControls0() {
   canvas1_->Backdrop = kLogo;
   canvas1_->TabIndex = 4;
 
-  urlLabel_ = AddControl<Label>("URLLabel", 20, 128, 278, 20);
-  urlLabel_->TabIndex = 5;
-  urlLabel_->SetText(MORVANTILE_URL);
-  urlLabel_->TextAlign = Label::kAlignCenter;
-  urlLabel_->TextFont = "SmallSystem";
-  urlLabel_->TextColor = 0x0000FF;
-  urlLabel_->MouseDown = [this](Label& label, int x, int y) {
+  url_label_ = AddControl<Label>("URLLabel", 20, 128, 278, 20);
+  url_label_->TabIndex = 5;
+  url_label_->SetText(MORVANTILE_URL);
+  url_label_->TextAlign = Label::kAlignCenter;
+  url_label_->TextFont = "SmallSystem";
+  url_label_->TextColor = 0x0000FF;
+  url_label_->MouseDown = [this](Label& label, int x, int y) {
     return URLLabel_MouseDown(label, x, y);
   };
 }

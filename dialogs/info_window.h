@@ -20,7 +20,7 @@ class InfoWindow : public Window {
   virtual const Ref<Label>& Label2() const { return label2_; }
   virtual const Ref<PrefixedLabel>& Label3() const { return label3_; }
   virtual const Ref<Canvas>& Canvas1() const { return canvas1_; }
-  virtual const Ref<Label>& URLLabel() const { return urlLabel_; }
+  virtual const Ref<Label>& URLLabel() const { return url_label_; }
 
  protected:
   void Layout() override;
@@ -38,7 +38,7 @@ class InfoWindow : public Window {
   Ref<Label> label2_;
   Ref<PrefixedLabel> label3_;
   Ref<Canvas> canvas1_;
-  Ref<Label> urlLabel_;
+  Ref<Label> url_label_;
 };
 
 }  // namespace morvantile

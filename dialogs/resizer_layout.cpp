@@ -24,47 +24,47 @@ void ResizerWindow::CreateControls0() {
   CreateModeSelector();
 
   static const Ref<ResourcePicture> kInfo = New<ResourcePicture>("info32");
-  infoButton_ = AddControl<Canvas>("InfoButton", 388, 456, 32, 32);
-  infoButton_->TabIndex = 11;
-  infoButton_->Backdrop = kInfo;
-  infoButton_->AccessibleName = Localized("About Morvantile");
-  infoButton_->Shortcut = "F1";
-  infoButton_->MouseDown = [this](Canvas& canvas, int x, int y) {
+  info_button_ = AddControl<Canvas>("InfoButton", 388, 456, 32, 32);
+  info_button_->TabIndex = 11;
+  info_button_->Backdrop = kInfo;
+  info_button_->AccessibleName = Localized("About Morvantile");
+  info_button_->Shortcut = "F1";
+  info_button_->MouseDown = [this](Canvas& canvas, int x, int y) {
     return InfoButton_MouseDown(canvas, x, y);
   };
-  InitialFocus = scaleSlider_;
+  InitialFocus = scale_slider_;
 }
 
 void ResizerWindow::CreateButtons() {
-  scaleButton_ = AddControl<PushButton>("ScaleButton", 256, 461, 80, 20);
-  scaleButton_->Locked = Control::kLockLeft | Control::kLockBottom;
-  scaleButton_->TabIndex = 1;
-  scaleButton_->Caption = Localized("OK");
-  scaleButton_->Default = true;
-  scaleButton_->TextFont = "SmallSystem";
-  scaleButton_->Action = [this](PushButton& button) { ScaleButton_Action(button); };
+  scale_button_ = AddControl<PushButton>("ScaleButton", 256, 461, 80, 20);
+  scale_button_->Locked = Control::kLockLeft | Control::kLockBottom;
+  scale_button_->TabIndex = 1;
+  scale_button_->Caption = Localized("OK");
+  scale_button_->Default = true;
+  scale_button_->TextFont = "SmallSystem";
+  scale_button_->Action = [this](PushButton& button) { ScaleButton_Action(button); };
 
-  cancelButton_ = AddControl<PushButton>("CancelButton", 103, 461, 80, 20);
-  cancelButton_->Locked = Control::kLockLeft | Control::kLockBottom;
-  cancelButton_->TabIndex = 2;
-  cancelButton_->Caption = Localized("Don't Scale");
-  cancelButton_->Cancel = true;
-  cancelButton_->TextFont = "SmallSystem";
-  cancelButton_->Action = [this](PushButton& button) { CancelButton_Action(button); };
+  cancel_button_ = AddControl<PushButton>("CancelButton", 103, 461, 80, 20);
+  cancel_button_->Locked = Control::kLockLeft | Control::kLockBottom;
+  cancel_button_->TabIndex = 2;
+  cancel_button_->Caption = Localized("Don't Scale");
+  cancel_button_->Cancel = true;
+  cancel_button_->TextFont = "SmallSystem";
+  cancel_button_->Action = [this](PushButton& button) { CancelButton_Action(button); };
 }
 
 void ResizerWindow::CreateSizeLabels() {
-  newSizeLabel_ = AddControl<PrefixedLabel>("NewSizeLabel", 236, 412, 164, 20);
-  newSizeLabel_->Locked = Control::kLockLeft | Control::kLockBottom;
-  newSizeLabel_->TabIndex = 3;
-  newSizeLabel_->SetText(Localized("New Size: "));
-  newSizeLabel_->TextFont = "SmallSystem";
+  new_size_label_ = AddControl<PrefixedLabel>("NewSizeLabel", 236, 412, 164, 20);
+  new_size_label_->Locked = Control::kLockLeft | Control::kLockBottom;
+  new_size_label_->TabIndex = 3;
+  new_size_label_->SetText(Localized("New Size: "));
+  new_size_label_->TextFont = "SmallSystem";
 
-  scaleFactorLabel_ = AddControl<StaticText>("ScaleFactorLabel", 184, 334, 71, 20);
-  scaleFactorLabel_->TabIndex = 6;
-  scaleFactorLabel_->SetText("50%");
-  scaleFactorLabel_->TextAlign = Label::kAlignCenter;
-  scaleFactorLabel_->Enabled = false;
+  scale_factor_label_ = AddControl<StaticText>("ScaleFactorLabel", 184, 334, 71, 20);
+  scale_factor_label_->TabIndex = 6;
+  scale_factor_label_->SetText("50%");
+  scale_factor_label_->TextAlign = Label::kAlignCenter;
+  scale_factor_label_->Enabled = false;
 
   preview_ = AddControl<Canvas>("Preview", 20, 20, 400, 260);
   preview_->Locked = Control::kLockLeft | Control::kLockTop | Control::kLockRight;
@@ -72,46 +72,46 @@ void ResizerWindow::CreateSizeLabels() {
   preview_->AccessibleName = Localized("Preview");
   preview_->Paint = [this](Canvas& canvas, Graphics& graphics) { Preview_Paint(canvas, graphics); };
 
-  originalSize_ = AddControl<PrefixedLabel>("OriginalSize", 65, 412, 159, 20);
-  originalSize_->Locked = Control::kLockLeft | Control::kLockBottom;
-  originalSize_->TabIndex = 8;
-  originalSize_->SetText(Localized("Original Size: "));
-  originalSize_->TextFont = "SmallSystem";
+  original_size_ = AddControl<PrefixedLabel>("OriginalSize", 65, 412, 159, 20);
+  original_size_->Locked = Control::kLockLeft | Control::kLockBottom;
+  original_size_->TabIndex = 8;
+  original_size_->SetText(Localized("Original Size: "));
+  original_size_->TextFont = "SmallSystem";
 }
 
 void ResizerWindow::CreateScaleControls() {
-  scaleSlider_ = AddControl<Slider>("ScaleSlider", 20, 310, 400, 23);
-  scaleSlider_->TabIndex = 9;
-  scaleSlider_->Minimum = 1;
-  scaleSlider_->SetValue(50);
-  scaleSlider_->Maximum = 100;
-  scaleSlider_->LineStep = 1;
-  scaleSlider_->PageStep = 20;
-  scaleSlider_->LiveScroll = true;
-  scaleSlider_->TickStyle = Slider::kTicksBelow;
-  scaleSlider_->AccessibleName = Localized("Scale");
-  scaleSlider_->ValueChanged = [this](Slider& slider) { ScaleSlider_ValueChanged(slider); };
+  scale_slider_ = AddControl<Slider>("ScaleSlider", 20, 310, 400, 23);
+  scale_slider_->TabIndex = 9;
+  scale_slider_->Minimum = 1;
+  scale_slider_->SetValue(50);
+  scale_slider_->Maximum = 100;
+  scale_slider_->LineStep = 1;
+  scale_slider_->PageStep = 20;
+  scale_slider_->LiveScroll = true;
+  scale_slider_->TickStyle = Slider::kTicksBelow;
+  scale_slider_->AccessibleName = Localized("Scale");
+  scale_slider_->ValueChanged = [this](Slider& slider) { ScaleSlider_ValueChanged(slider); };
 }
 
 void ResizerWindow::CreateModeSelector() {
-  modeSelector_ = AddControl<SegmentedControl>("ModeSelector", 163, 371, 104, 24);
-  modeSelector_->TabIndex = 10;
-  modeSelector_->AccessibleName = Localized("Scale by");
+  mode_selector_ = AddControl<SegmentedControl>("ModeSelector", 163, 371, 104, 24);
+  mode_selector_->TabIndex = 10;
+  mode_selector_->AccessibleName = Localized("Scale by");
   struct Segment {
     std::string title;
-    std::string accessibleName;
+    std::string accessible_name;
   };
-  for (const auto& [title, accessibleName] :
+  for (const auto& [title, accessible_name] :
        {Segment{Localized("W"), Localized("Width")}, Segment{Localized("H"), Localized("Height")},
         Segment{Localized("%"), Localized("Percentage")}}) {
-    SegmentedControlItem& item = modeSelector_->AddItem();
+    SegmentedControlItem& item = mode_selector_->AddItem();
     item.Width = 34;
     item.Title = title;
-    item.AccessibleName = accessibleName;
+    item.AccessibleName = accessible_name;
   }
-  modeSelector_->Items(2).SetSelected(true);
-  modeSelector_->SizeToFit();
-  modeSelector_->Action = [this](SegmentedControl& control, int index) {
+  mode_selector_->Items(2).SetSelected(true);
+  mode_selector_->SizeToFit();
+  mode_selector_->Action = [this](SegmentedControl& control, int index) {
     ModeSelector_Action(control, index);
   };
 }

@@ -22,8 +22,8 @@ constexpr double kDefaultSlider = 50.0;
 
 // Where a side of the picture begins on that side of the canvas: in the middle, or at the edge if
 // the picture is the longer one.
-int PreviewOrigin(int canvasSide, int pictureSide) {
-  return std::max(0, static_cast<int>(Truncate(canvasSide / 2.0 - pictureSide / 2.0)));
+int PreviewOrigin(int canvas_side, int picture_side) {
+  return std::max(0, static_cast<int>(Truncate(canvas_side / 2.0 - picture_side / 2.0)));
 }
 
 // What is read out for the slider, with "%1" for the number.
@@ -103,10 +103,10 @@ void ResizerWindow::Update() {
     ScaleFactorLabel()->SetText(Str(target));
   }
 
-  const double newWidth = width * ScaleFactor;
-  const double newHeight = height * ScaleFactor;
-  NewSizeLabel()->SetSuffix(Str(std::floor(newWidth)) + " x " + Str(std::floor(newHeight)));
-  NewClip = Resample(Clip, Truncate(newWidth), Truncate(newHeight), std::move(NewClip));
+  const double new_width = width * ScaleFactor;
+  const double new_height = height * ScaleFactor;
+  NewSizeLabel()->SetSuffix(Str(std::floor(new_width)) + " x " + Str(std::floor(new_height)));
+  NewClip = Resample(Clip, Truncate(new_width), Truncate(new_height), std::move(NewClip));
   Preview()->Refresh(true);
   DescribeForAssistants();
 }

@@ -42,15 +42,15 @@ class ResizerWindow : public Window {
   // For Instance.
   explicit ResizerWindow(const Ref<plist>& settings) : settings_(settings) {}
 
-  virtual const Ref<PushButton>& ScaleButton() const { return scaleButton_; }
-  virtual const Ref<PushButton>& CancelButton() const { return cancelButton_; }
-  virtual const Ref<PrefixedLabel>& NewSizeLabel() const { return newSizeLabel_; }
+  virtual const Ref<PushButton>& ScaleButton() const { return scale_button_; }
+  virtual const Ref<PushButton>& CancelButton() const { return cancel_button_; }
+  virtual const Ref<PrefixedLabel>& NewSizeLabel() const { return new_size_label_; }
   virtual const Ref<Canvas>& Preview() const { return preview_; }
-  virtual const Ref<Slider>& ScaleSlider() const { return scaleSlider_; }
-  virtual const Ref<SegmentedControl>& ModeSelector() const { return modeSelector_; }
-  virtual const Ref<Canvas>& InfoButton() const { return infoButton_; }
-  const Ref<StaticText>& ScaleFactorLabel() const { return scaleFactorLabel_; }
-  const Ref<PrefixedLabel>& OriginalSize() const { return originalSize_; }
+  virtual const Ref<Slider>& ScaleSlider() const { return scale_slider_; }
+  virtual const Ref<SegmentedControl>& ModeSelector() const { return mode_selector_; }
+  virtual const Ref<Canvas>& InfoButton() const { return info_button_; }
+  const Ref<StaticText>& ScaleFactorLabel() const { return scale_factor_label_; }
+  const Ref<PrefixedLabel>& OriginalSize() const { return original_size_; }
 
   // Shows the dialog, and when it has closed returns the picture for the clipboard, or nil if the
   // clipboard is to stay as it is.
@@ -84,15 +84,15 @@ class ResizerWindow : public Window {
   void DescribeForAssistants() const;
 
   Ref<plist> settings_;
-  Ref<PushButton> scaleButton_;
-  Ref<PushButton> cancelButton_;
-  Ref<PrefixedLabel> newSizeLabel_;
-  Ref<StaticText> scaleFactorLabel_;
+  Ref<PushButton> scale_button_;
+  Ref<PushButton> cancel_button_;
+  Ref<PrefixedLabel> new_size_label_;
+  Ref<StaticText> scale_factor_label_;
   Ref<Canvas> preview_;
-  Ref<PrefixedLabel> originalSize_;
-  Ref<Slider> scaleSlider_;
-  Ref<SegmentedControl> modeSelector_;
-  Ref<Canvas> infoButton_;
+  Ref<PrefixedLabel> original_size_;
+  Ref<Slider> scale_slider_;
+  Ref<SegmentedControl> mode_selector_;
+  Ref<Canvas> info_button_;
 };
 
 }  // namespace morvantile

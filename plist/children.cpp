@@ -42,17 +42,17 @@ bool plistDict::AddContainer(std::string_view key, std::string_view type,
 }
 
 // Adds a node under a key that is listed as a container.
-void plistDict::NewChild(Entry& entry, std::string_view key, bool asArray) {
+void plistDict::NewChild(Entry& entry, std::string_view key, bool as_array) {
   IndexChildren();
   const Ref<plistDict> node = New<plistDict>();
   node->name = key;
-  node->isArray = asArray;
+  node->isArray = as_array;
   node->parent = this;
   node->rootClass = rootClass;
   childrenNames.push_back(std::string(key));
   children.push_back(node);
-  if (entry.child == 0) entry.child = static_cast<std::uint32_t>(entries_.indexedChildren);
-  ++entries_.indexedChildren;
+  if (entry.child == 0) entry.child = static_cast<std::uint32_t>(entries_.indexed_children);
+  ++entries_.indexed_children;
 }
 
 // The first place of the key in childrenNames; 0 if it isn't there.
@@ -64,13 +64,13 @@ std::size_t plistDict::ChildPlace(std::string_view key) const {
 
 // Brings the entries up to date with childrenNames, which others may have added to.
 void plistDict::IndexChildren() const {
-  if (entries_.indexedChildren > childrenNames.size()) {
+  if (entries_.indexed_children > childrenNames.size()) {
     entries_.ForEach([](Entry& entry) { entry.child = 0; });
-    entries_.indexedChildren = 1;
+    entries_.indexed_children = 1;
   }
-  for (; entries_.indexedChildren < childrenNames.size(); ++entries_.indexedChildren) {
-    Entry& entry = entries_.FindOrAdd(childrenNames[entries_.indexedChildren]);
-    if (entry.child == 0) entry.child = static_cast<std::uint32_t>(entries_.indexedChildren);
+  for (; entries_.indexed_children < childrenNames.size(); ++entries_.indexed_children) {
+    Entry& entry = entries_.FindOrAdd(childrenNames[entries_.indexed_children]);
+    if (entry.child == 0) entry.child = static_cast<std::uint32_t>(entries_.indexed_children);
   }
 }
 

@@ -34,8 +34,8 @@ bool MakeWritableCopy(const FolderItem& file, const Ref<FolderItem>& copy) {
 
 plist::plist(const Ref<FolderItem>& file, bool) { plist::LoadWithOptionalTemplate(file, file); }
 
-plist::plist(const Ref<FolderItem>& file, const Ref<FolderItem>& templateFile) {
-  plist::Load(file, templateFile);
+plist::plist(const Ref<FolderItem>& file, const Ref<FolderItem>& template_file) {
+  plist::Load(file, template_file);
 }
 
 plist::plist(std::string_view text) {
@@ -49,33 +49,33 @@ plist::plist(std::string_view text) {
 }
 
 void plist::LoadWithOptionalTemplate(const Ref<FolderItem>& file,
-                                     const Ref<FolderItem>& templateFile) {
-  Load(file, templateFile);
+                                     const Ref<FolderItem>& template_file) {
+  Load(file, template_file);
 }
 
-void plist::Load(const Ref<FolderItem>& file, const Ref<FolderItem>& templateFile) {
+void plist::Load(const Ref<FolderItem>& file, const Ref<FolderItem>& template_file) {
   // Copies, since the arguments may be `savePath` or `org`.
-  LoadFrom(Ref<FolderItem>(file), Ref<FolderItem>(templateFile));
+  LoadFrom(Ref<FolderItem>(file), Ref<FolderItem>(template_file));
 }
 
-void plist::LoadFrom(const Ref<FolderItem>& file, const Ref<FolderItem>& templateFile) {
+void plist::LoadFrom(const Ref<FolderItem>& file, const Ref<FolderItem>& template_file) {
   root = New<plistDict>();
   savePath = file;
   org = nullptr;
-  mayLose_ = false;
+  may_lose_ = false;
   if (!file) {
     MakeHeaders();
     return;
   }
   const bool exists = file->Exists();
-  const Ref<FolderItem> source = exists ? file : templateFile;
+  const Ref<FolderItem> source = exists ? file : template_file;
   if (!source->Exists()) {
     MakeEmpty(source->AbsolutePath() + " does not exist");
     return;
   }
   Ref<TextInputStream> stream = TextInputStream::Open(source);
   if (!stream) {
-    mayLose_ = exists;
+    may_lose_ = exists;
     MakeEmpty(source->AbsolutePath() + " could not be opened");
     return;
   }
@@ -84,12 +84,12 @@ void plist::LoadFrom(const Ref<FolderItem>& file, const Ref<FolderItem>& templat
   const bool is_binary = SameText(Left(line, 6), "bplist");
   stream = is_binary ? OpenConverted(file, source) : TextInputStream::Open(source);
   if (!stream) {
-    mayLose_ = true;
+    may_lose_ = true;
     Report("Not a plist file");
     return;
   }
   ReadHeaders(*stream, std::move(line));
-  mayLose_ = stream->ReadError() || (is_binary && !root->rootClass);
+  may_lose_ = stream->ReadError() || (is_binary && !root->rootClass);
   if (stream->ReadError()) Report(source->AbsolutePath() + " could not be read to its end");
   stream->Close();
 }
@@ -142,8 +142,8 @@ void plist::MakeHeaders() {
 
 void plist::Save() { Save(false, false); }
 
-void plist::Save(bool cleanup, bool makeBinary) {
-  const bool is_saved = WriteText() && (!(isBinary || makeBinary) || ConvertToBinary());
+void plist::Save(bool cleanup, bool make_binary) {
+  const bool is_saved = WriteText() && (!(isBinary || make_binary) || ConvertToBinary());
   // Until a binary file has been put back, the copy is all that there is of its changes.
   if (cleanup && is_saved) Cleanup();
 }
@@ -154,7 +154,7 @@ bool plist::WriteText() {
     Report("Could not open file for saving");
     return false;
   }
-  if (mayLose_) {
+  if (may_lose_) {
     Report("Could not save file");
     return false;
   }
@@ -216,12 +216,12 @@ std::string plist::Encrypt(std::string_view key) {
   return std::move(*encrypted);
 }
 
-// Gives up `delayMs` milliseconds at most every `intervalMs`.
-void plist::YieldProcessorTIme(std::int64_t intervalMs, std::int64_t delayMs,
-                               std::int64_t& lastTick) {
-  if (Microseconds() <= static_cast<double>(lastTick + intervalMs * 1000)) return;
-  Delay(static_cast<double>(delayMs) / 1000.0);
-  lastTick = Truncate(Microseconds());
+// Gives up `delay_ms` milliseconds at most every `interval_ms`.
+void plist::YieldProcessorTIme(std::int64_t interval_ms, std::int64_t delay_ms,
+                               std::int64_t& last_tick) {
+  if (Microseconds() <= static_cast<double>(last_tick + interval_ms * 1000)) return;
+  Delay(static_cast<double>(delay_ms) / 1000.0);
+  last_tick = Truncate(Microseconds());
 }
 
 }  // namespace morvantile

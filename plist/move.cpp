@@ -23,10 +23,10 @@ bool IsInside(const plistDict& node, const plistDict* tree) {
 
 }  // namespace
 
-void plistDict::Move(std::string_view key, const Ref<plistDict>& destination, bool removeSource,
-                     std::string_view newKey) {
+void plistDict::Move(std::string_view key, const Ref<plistDict>& destination, bool remove_source,
+                     std::string_view new_key) {
   const std::string source(key);
-  const std::string target(newKey.empty() ? key : newKey);
+  const std::string target(new_key.empty() ? key : new_key);
   ClearReport();
   if (destination == nullptr) {
     SetError(true, "Destination is nil");
@@ -37,14 +37,14 @@ void plistDict::Move(std::string_view key, const Ref<plistDict>& destination, bo
     return;
   }
   if (destination.get() == this && !isArray && SameText(source, target)) return;
-  const std::size_t place = entries_.FindListed(source)->isContainer ? ChildPlace(source) : 0;
+  const std::size_t place = entries_.FindListed(source)->is_container ? ChildPlace(source) : 0;
   if (place != 0 && IsInside(*destination, children[place].get())) {
     SetError(true, "Destination is inside " + source);
     return;
   }
 
   const bool is_complete = Carry(source, *destination, target);
-  if (!removeSource) return;
+  if (!remove_source) return;
   if (is_complete) {
     Remove(source, false);
   } else if (rootClass && !rootClass->error) {
@@ -60,12 +60,12 @@ void plistDict::Copy(std::string_view key, const Ref<plistDict>& destination) {
   Move(key, destination, false, "");
 }
 
-void plistDict::Rename(std::string_view oldKey, std::string_view newKey) {
-  if (Exists(newKey)) {
-    SetError(true, std::string("Key ").append(newKey).append(" already exists."));
+void plistDict::Rename(std::string_view old_key, std::string_view new_key) {
+  if (Exists(new_key)) {
+    SetError(true, std::string("Key ").append(new_key).append(" already exists."));
     return;
   }
-  Move(oldKey, Ref<plistDict>(this), true, newKey);
+  Move(old_key, Ref<plistDict>(this), true, new_key);
 }
 
 void plistDict::AppendDict(const Ref<plistDict>& other) {

@@ -69,7 +69,7 @@ bool plistDict::TypeOK(std::string_view key) const {
 }
 
 bool plistDict::TypeOK(const Entry& entry, std::string_view key) const {
-  if (!entry.isContainer) return true;
+  if (!entry.is_container) return true;
   SetError(true, report::IllegalType(key, entry.type.View()));
   return false;
 }

@@ -31,8 +31,8 @@ class MORVANTILE_API plist : public Object {
  public:
   // Loads `file`; `flag` plays no part.
   plist(const Ref<FolderItem>& file, bool flag);
-  // Loads `file`, or `templateFile` where there is no `file` yet: see Load.
-  plist(const Ref<FolderItem>& file, const Ref<FolderItem>& templateFile);
+  // Loads `file`, or `template_file` where there is no `file` yet: see Load.
+  plist(const Ref<FolderItem>& file, const Ref<FolderItem>& template_file);
   // A document from the bytes of a file, XML or binary. Its savePath is a temporary file that is
   // gone; Save creates it anew. Throws NilObjectException where no temporary file can be made.
   explicit plist(std::string_view text);
@@ -67,7 +67,7 @@ class MORVANTILE_API plist : public Object {
   // The text of the running search.
   std::string lastSearch;
 
-  // Writes the document to savePath, in binary form if it was read so or `makeBinary` is set, and
+  // Writes the document to savePath, in binary form if it was read so or `make_binary` is set, and
   // with `cleanup` does Cleanup after that. Throws NilObjectException without a savePath.
   //
   // A link stays a link, and the file that it leads to keeps its permissions, and its owner and
@@ -78,12 +78,12 @@ class MORVANTILE_API plist : public Object {
   // they were. The latter is also the report, and nothing is written, as long as the tree holds
   // less than the file that was loaded: it exists and could not be opened, not be read to its end,
   // or not be converted. PlistFromPlistDict makes a document of what is there, which can be saved.
-  // If the converter fails on the way back, the file is written as text. `makeBinary` doesn't make
+  // If the converter fails on the way back, the file is written as text. `make_binary` doesn't make
   // the document one that is binary: the next Save() writes text.
-  virtual void Save(bool cleanup, bool makeBinary);
+  virtual void Save(bool cleanup, bool make_binary);
 
   // Replaces the tree by what is in `file`, and sets savePath to it. Where there is no `file`, the
-  // text of `templateFile` is taken, and savePath is `file` all the same. A document that is not
+  // text of `template_file` is taken, and savePath is `file` all the same. A document that is not
   // read gets the lines of MakeHeaders:
   //
   //   file nil                 an empty root, without a name and without a document to report to
@@ -96,9 +96,9 @@ class MORVANTILE_API plist : public Object {
   //   reading fails half-way   what is in front of it has been read; the report is the path and
   //                            " could not be read to its end"
   //
-  // `headers` is not cleared, so a second Load adds to it. A `templateFile` of nil is allowed only
+  // `headers` is not cleared, so a second Load adds to it. A `template_file` of nil is allowed only
   // if `file` exists. One in binary form is only read: Save creates `file`, in binary form.
-  virtual void Load(const Ref<FolderItem>& file, const Ref<FolderItem>& templateFile);
+  virtual void Load(const Ref<FolderItem>& file, const Ref<FolderItem>& template_file);
 
   // Puts the text of the document on the clipboard for debugging, as the file would be, but with
   // Chr(13) at the end of each line, and behind each key of a dict whether the search has a mark
@@ -127,9 +127,9 @@ class MORVANTILE_API plist : public Object {
   // Takes the marks of all scalars of a node and below it away. Throws NilObjectException for nil.
   virtual void ClearSearch(const Ref<plistDict>& node);
 
-  // Load(file, templateFile).
+  // Load(file, template_file).
   virtual void LoadWithOptionalTemplate(const Ref<FolderItem>& file,
-                                        const Ref<FolderItem>& templateFile);
+                                        const Ref<FolderItem>& template_file);
 
   // Adds the four lines that begin a new file to `headers`.
   virtual void MakeHeaders();
@@ -155,17 +155,17 @@ class MORVANTILE_API plist : public Object {
   bool ReadStructure(const Ref<plistDict>& node, std::string_view text, std::string_view mode);
 
  private:
-  void LoadFrom(const Ref<FolderItem>& file, const Ref<FolderItem>& templateFile);
+  void LoadFrom(const Ref<FolderItem>& file, const Ref<FolderItem>& template_file);
   void MakeEmpty(const std::string& report);
   Ref<TextInputStream> OpenConverted(const Ref<FolderItem>& file, const Ref<FolderItem>& source);
   void ReadHeaders(TextInputStream& stream, std::string line);
   bool WriteText();
   bool ConvertToBinary();
   void Report(const std::string& message);
-  static void YieldProcessorTIme(std::int64_t intervalMs, std::int64_t delayMs,
-                                 std::int64_t& lastTick);
+  static void YieldProcessorTIme(std::int64_t interval_ms, std::int64_t delay_ms,
+                                 std::int64_t& last_tick);
 
-  bool mayLose_ = false;  // The tree holds less than the file that Save would replace.
+  bool may_lose_ = false;  // The tree holds less than the file that Save would replace.
 };
 
 }  // namespace morvantile

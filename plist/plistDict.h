@@ -106,7 +106,7 @@ class MORVANTILE_API plistDict final : public Object {
   // closed as they should be swallow what follows, up to the end tag of the node. Nothing is
   // rejected and nothing reported: bad input makes a smaller tree, and all that is in front of
   // it stays.
-  virtual void Load(TextInputStream* stream, std::string_view ownName, bool asArray,
+  virtual void Load(TextInputStream* stream, std::string_view own_name, bool as_array,
                     const BackRef<plistDict>& above, const BackRef<plist>& document, bool read);
 
   // The text without the control characters and blanks at its left end.
@@ -226,12 +226,12 @@ class MORVANTILE_API plistDict final : public Object {
   virtual bool CheckArray() const;
 
   // Takes an entry out, with all that is below it. A number, or a text that reads as one, is taken
-  // for the element of an array, whose followers close up, unless `asKey` is set; anything else,
-  // and anything with `asKey`, is taken for a key, and nothing happens if it isn't there. The
+  // for the element of an array, whose followers close up, unless `as_key` is set; anything else,
+  // and anything with `as_key`, is taken for a key, and nothing happens if it isn't there. The
   // report is that of CheckArray for a number on a dict, and "Subscript out of range" for one that
   // no element has. Marks in `searched` stay under their keys and numbers, and the cursor where it
   // is. Where a file has repeated a key, the first of its nodes goes; all of them of an element.
-  virtual void Remove(const Variant& key, bool asKey);
+  virtual void Remove(const Variant& key, bool as_key);
 
   // The number of keys.
   [[nodiscard]] virtual std::int64_t count() const;
@@ -344,9 +344,9 @@ class MORVANTILE_API plistDict final : public Object {
 
   // Carries an entry to another node, or within this one: a scalar with its type, a container with
   // all that is below it, built anew. An array takes it as its last element, whatever the keys; a
-  // dict under `newKey`, or under the same key if that is empty. A container that is already there
+  // dict under `new_key`, or under the same key if that is empty. A container that is already there
   // takes the entries in addition to its own; a scalar that is there is overwritten if it has the
-  // same type. With `removeSource` the entry is then removed from here, as Remove(key, false) does
+  // same type. With `remove_source` the entry is then removed from here, as Remove(key, false) does
   // it. The cursors of the nodes below the entry are used.
   //
   // An entry of a type without operations of its own, or whose text doesn't read as its type, is
@@ -360,17 +360,17 @@ class MORVANTILE_API plistDict final : public Object {
   // that holds it, key + " is inside the destination" for the entry that is left out. On the
   // destination's that of what refused an entry. A report of an inner entry is cleared by the next
   // one. Moving an empty container leaves "Source does not exist.", though it is moved.
-  virtual void Move(std::string_view key, const Ref<plistDict>& destination, bool removeSource,
-                    std::string_view newKey);
-  // With `removeSource`, and under the same key.
+  virtual void Move(std::string_view key, const Ref<plistDict>& destination, bool remove_source,
+                    std::string_view new_key);
+  // With `remove_source`, and under the same key.
   virtual void Move(std::string_view key, const Ref<plistDict>& destination);
-  // Without `removeSource`, and under the same key.
+  // Without `remove_source`, and under the same key.
   virtual void Copy(std::string_view key, const Ref<plistDict>& destination);
 
   // Moves an entry to another key of this node; in an array it becomes the last element. A key in
-  // use, and be it the same in another letter case, is refused with "Key " + newKey + " already
+  // use, and be it the same in another letter case, is refused with "Key " + new_key + " already
   // exists."
-  virtual void Rename(std::string_view oldKey, std::string_view newKey);
+  virtual void Rename(std::string_view old_key, std::string_view new_key);
 
   // The number in hexadecimal, with at least two digits.
   [[nodiscard]] virtual std::string PaddedHex(std::int64_t n) const;
@@ -400,7 +400,7 @@ class MORVANTILE_API plistDict final : public Object {
   void AppendScalar(std::string_view type, std::string_view text);
   Ref<plistDict> AppendContainer(std::string_view type);
   bool AddContainer(std::string_view key, std::string_view type, std::string_view refusal);
-  void NewChild(Entry& entry, std::string_view key, bool asArray);
+  void NewChild(Entry& entry, std::string_view key, bool as_array);
 
   std::size_t ChildPlace(std::string_view key) const;
   void IndexChildren() const;
@@ -411,7 +411,7 @@ class MORVANTILE_API plistDict final : public Object {
   void RenumberElement(std::int64_t number);
   void RenameChild(const Entry& entry, const std::string& key);
   bool HasRepeatedNames() const;
-  void RemoveAmongRepeated(std::int64_t number, std::int64_t last, bool isContainer);
+  void RemoveAmongRepeated(std::int64_t number, std::int64_t last, bool is_container);
 
   void BuildPath();
 

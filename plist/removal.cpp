@@ -8,8 +8,8 @@
 
 namespace morvantile {
 
-void plistDict::Remove(const Variant& key, bool asKey) {
-  if (key.IsNumeric() && !asKey) {
+void plistDict::Remove(const Variant& key, bool as_key) {
+  if (key.IsNumeric() && !as_key) {
     RemoveElement(key.Integer());
   } else {
     RemoveKey(key.String());
@@ -34,8 +34,8 @@ void plistDict::RemoveElement(std::int64_t number) {
     return;
   }
   if (HasRepeatedNames()) {
-    RemoveAmongRepeated(number, last, entry->isContainer);
-  } else if (entry->isContainer) {
+    RemoveAmongRepeated(number, last, entry->is_container);
+  } else if (entry->is_container) {
     RemoveChild(ChildPlace(key));
   }
   values.Remove(key);
@@ -60,14 +60,14 @@ bool plistDict::HasRepeatedNames() const {
 // Takes the nodes of the element `number` out where a file has repeated keys, if it is a container,
 // and gives those of the elements behind it, up to `last`, the number before theirs. The entries
 // forget the places of all nodes, which are to be found anew.
-void plistDict::RemoveAmongRepeated(std::int64_t number, std::int64_t last, bool isContainer) {
+void plistDict::RemoveAmongRepeated(std::int64_t number, std::int64_t last, bool is_container) {
   std::size_t kept = 1;
   for (std::size_t place = 1; place < childrenNames.size(); ++place) {
     std::string key = std::move(childrenNames[place]);
     const Ref<plistDict> node = std::move(children[place]);
     const std::int64_t own = CInt64(key);
     const bool is_number = key == Str(own);
-    if (is_number && own == number && isContainer) continue;
+    if (is_number && own == number && is_container) continue;
     if (is_number && own > number && own <= last) {
       key = Str(own - 1);
       if (node) node->name = key;
@@ -80,7 +80,7 @@ void plistDict::RemoveAmongRepeated(std::int64_t number, std::int64_t last, bool
     children.pop_back();
   }
   entries_.ForEach([](Entry& entry) { entry.child = 0; });
-  entries_.indexedChildren = 1;
+  entries_.indexed_children = 1;
 }
 
 // Moves the elements behind `first` one number down; what was there is lost, and the last number
@@ -91,9 +91,9 @@ void plistDict::MoveElementsDown(std::size_t first) {
     Entry& from = elements.ValueAt(i + 1);
     Entry& to = elements.ValueAt(i);
     to.type = std::exchange(from.type, TypeWord());
-    to.isContainer = from.isContainer;
+    to.is_container = from.is_container;
     to.text = std::exchange(from.text, CompactText<24>());
-    to.hasText = std::exchange(from.hasText, false);
+    to.has_text = std::exchange(from.has_text, false);
     to.child = std::exchange(from.child, 0);
     RenameChild(to, Str(static_cast<std::int64_t>(i)));
   }
@@ -121,7 +121,7 @@ void plistDict::RemoveChild(std::size_t place) {
   childrenNames.erase(place);
   const Ref<plistDict> removed = std::move(children[place]);
   children.erase(place);
-  --entries_.indexedChildren;
+  --entries_.indexed_children;
 
   if (place < childrenNames.size()) {
     entries_.ForEach([place](Entry& entry) { entry.child -= entry.child > place ? 1 : 0; });

@@ -61,7 +61,7 @@ double plistDict::GetReal(std::string_view key) { return GetReal(key, 0); }
 
 // The text of an entry, and clears the report; "" with a report for an entry without one.
 std::string_view plistDict::TextOf(const Entry& entry, std::string_view key) const {
-  if (!entry.hasText) {
+  if (!entry.has_text) {
     SetError(true, std::string("Key ").append(key).append(" does not exist"));
     return "";
   }
@@ -120,7 +120,7 @@ void plistDict::AppendBoolean(bool value) { AppendScalar("boolean", WordFor(valu
 // last, as in all operations.
 void plistDict::Store(std::string_view key, std::string_view type, std::string_view text) {
   Entry& entry = entries_.List(key);
-  if (entry.hasType && !SameText(entry.type.View(), type)) {
+  if (entry.has_type && !SameText(entry.type.View(), type)) {
     SetError(true, report::TypeMismatch(key, entry.type.View()));
     return;
   }

@@ -35,7 +35,7 @@ class ScalarWalk {
   std::string_view Type() const { return entry_->type.View(); }
   // As GetValue: clears the report, or leaves one for an entry without a text.
   std::string_view Value() const { return node_->TextOf(*entry_, key_); }
-  bool IsDelivered() const { return entry_->hasMark && entry_->mark; }
+  bool IsDelivered() const { return entry_->has_mark && entry_->mark; }
   void Mark(bool delivered) { entry_->SetMark(delivered); }
 
  private:
@@ -56,7 +56,7 @@ class ScalarWalk {
     }
     key_ = entries.Key(at);
     Entry& entry = entries.ValueAt(at);
-    if (!entry.isContainer) {
+    if (!entry.is_container) {
       entry_ = &entry;
       return true;
     }

@@ -29,7 +29,7 @@ struct Task {
   Columns columns;
   // Of the source's pairs of columns, the first in the tile, and how many there are in it.
   int firstPair;
-  int tilePairs;
+  int tile_pairs;
   std::int32_t* tile;
   std::int32_t* band;
   std::int32_t* sums;
@@ -74,19 +74,19 @@ HWY_INLINE void FetchAhead(const std::uint8_t* const* rows, int x, int width) {
   for (int row = 0; row < kGroupRows; ++row) hwy::Prefetch(rows[row] + ahead);
 }
 
-// Fills the tile from the group whose first pair of rows is `rowPair`. Rows outside of the source
+// Fills the tile from the group whose first pair of rows is `row_pair`. Rows outside of the source
 // have weight 0; the nearest one stands in for them.
 template <int kChannels>
-void Convert(const Task& task, int rowPair) {
+void Convert(const Task& task, int row_pair) {
   const Picture& source = *task.resampling->source;
   const std::uint8_t* rows[kGroupRows];
   for (int i = 0; i < kGroupRows; ++i) {
-    const int row = 2 * rowPair - task.resampling->down.offset + i;
+    const int row = 2 * row_pair - task.resampling->down.offset + i;
     rows[i] = source.Row(HWY_MIN(HWY_MAX(row, 0), source.Height() - 1));
   }
   const int begin = 2 * task.firstPair - task.resampling->across.offset;
   std::int32_t* tile = task.tile;
-  for (int x = begin; x < begin + 2 * task.tilePairs; x += kChunkPixels) {
+  for (int x = begin; x < begin + 2 * task.tile_pairs; x += kChunkPixels) {
     if ((x - begin) % kLinePixels == 0) FetchAhead(rows, x, source.Width());
     if (x < 0 || x + kChunkPixels > source.Width()) {
       ConvertEdge<kChannels>(rows, x, source.Width(), tile);
@@ -188,7 +188,7 @@ Share ShareOf(const Task& task, int y, int begin, int end) {
           filter.WeightsOf(y) + 2 * (from - first),
           first >= begin,
           first + filter.pairs <= end,
-          task.sums + kChannels * task.plane * (y % task.resampling->sumRows),
+          task.sums + kChannels * task.plane * (y % task.resampling->sum_rows),
           reinterpret_cast<std::int32_t*>(row)};
 }
 
@@ -217,25 +217,25 @@ void DownRows(const Task& task, const Share& upper, const Share& lower) {
   const int excess = task.resampling->down.excess;
   const std::ptrdiff_t pitch = kChannels * task.plane;
   for (int x = 0; x < task.Count(); x += kLanes) {
-    auto upperSums = SumsSoFar<kChannels>(task, upper, x);
-    auto lowerSums = SumsSoFar<kChannels>(task, lower, x);
-    const std::int16_t* upperWeights = upper.weights;
-    const std::int16_t* lowerWeights = lower.weights;
+    auto upper_sums = SumsSoFar<kChannels>(task, upper, x);
+    auto lower_sums = SumsSoFar<kChannels>(task, lower, x);
+    const std::int16_t* upper_weights = upper.weights;
+    const std::int16_t* lower_weights = lower.weights;
     const std::int32_t* pairs = task.band + pitch * upper.begin + x;
     int k = upper.begin;
-    for (; k < lower.begin; ++k, pairs += pitch, upperWeights += 2) {
-      Add<kExcess>(Load<kChannels>(pairs, task.plane), upperWeights, excess, upperSums);
+    for (; k < lower.begin; ++k, pairs += pitch, upper_weights += 2) {
+      Add<kExcess>(Load<kChannels>(pairs, task.plane), upper_weights, excess, upper_sums);
     }
-    for (; k < upper.end; ++k, pairs += pitch, upperWeights += 2, lowerWeights += 2) {
+    for (; k < upper.end; ++k, pairs += pitch, upper_weights += 2, lower_weights += 2) {
       const auto both = Load<kChannels>(pairs, task.plane);
-      Add<kExcess>(both, upperWeights, excess, upperSums);
-      Add<kExcess>(both, lowerWeights, excess, lowerSums);
+      Add<kExcess>(both, upper_weights, excess, upper_sums);
+      Add<kExcess>(both, lower_weights, excess, lower_sums);
     }
-    for (; k < lower.end; ++k, pairs += pitch, lowerWeights += 2) {
-      Add<kExcess>(Load<kChannels>(pairs, task.plane), lowerWeights, excess, lowerSums);
+    for (; k < lower.end; ++k, pairs += pitch, lower_weights += 2) {
+      Add<kExcess>(Load<kChannels>(pairs, task.plane), lower_weights, excess, lower_sums);
     }
-    StoreColumns(task, upper, x, upperSums);
-    StoreColumns(task, lower, x, lowerSums);
+    StoreColumns(task, upper, x, upper_sums);
+    StoreColumns(task, lower, x, lower_sums);
   }
 }
 
@@ -246,13 +246,14 @@ template <int kChannels, bool kExcess>
 int Down(const Task& task, int begin, int end, int y) {
   const Filter& filter = task.resampling->down;
   const int* first = filter.first.data();
-  int rowsEnd = y;
+  int rows_end = y;
   int finished = y;
-  while (rowsEnd < task.resampling->Height() && first[rowsEnd] < end) ++rowsEnd;
-  while (finished < rowsEnd && first[finished] + filter.pairs <= end) ++finished;
-  for (; y < rowsEnd; y += 2) {
-    DownRows<kChannels, kExcess>(task, ShareOf<kChannels>(task, y, begin, end),
-                                 ShareOf<kChannels>(task, HWY_MIN(y + 1, rowsEnd - 1), begin, end));
+  while (rows_end < task.resampling->Height() && first[rows_end] < end) ++rows_end;
+  while (finished < rows_end && first[finished] + filter.pairs <= end) ++finished;
+  for (; y < rows_end; y += 2) {
+    DownRows<kChannels, kExcess>(
+        task, ShareOf<kChannels>(task, y, begin, end),
+        ShareOf<kChannels>(task, HWY_MIN(y + 1, rows_end - 1), begin, end));
   }
   return finished;
 }
@@ -265,8 +266,8 @@ void Resample(const Task& task) {
   const Filter& down = task.resampling->down;
   const int cut = across.bits - across.excess - (kChannels == 4 ? 0 : kOpaqueBits);
   int y = 0;
-  for (int batch = 0; batch < down.sourcePairs; batch += kBatchPairs) {
-    const int end = HWY_MIN(batch + kBatchPairs, down.sourcePairs);
+  for (int batch = 0; batch < down.source_pairs; batch += kBatchPairs) {
+    const int end = HWY_MIN(batch + kBatchPairs, down.source_pairs);
     for (int pair = batch; pair < end; pair += kGroupPairs) {
       Convert<kChannels>(task, pair);
       std::int32_t* band = task.band + kChannels * task.plane * (pair - batch);
@@ -307,26 +308,26 @@ int RoundedUp(int value, int step) { return (value + step - 1) / step * step; }
 int MostTilePairs(const Resampling& resampling, int count) {
   const double scale = static_cast<double>(resampling.source->Width()) / resampling.Width();
   const double pairs = scale * count / 2 + resampling.across.pairs + 2;
-  return static_cast<int>(std::min<double>(pairs, resampling.across.sourcePairs));
+  return static_cast<int>(std::min<double>(pairs, resampling.across.source_pairs));
 }
 
 Layout LayoutFor(const Resampling& resampling, int count) {
   Layout layout{};
   layout.plane = RoundedUp(count, kColumnStep);
   // Conversion may fill one pair of columns more than are needed.
-  const auto tilePairs = static_cast<std::size_t>(MostTilePairs(resampling, count)) + 1;
+  const auto tile_pairs = static_cast<std::size_t>(MostTilePairs(resampling, count)) + 1;
   const std::size_t channels = resampling.source->HasAlpha() ? 4 : 3;
   const std::size_t row = channels * sizeof(std::int32_t) * static_cast<std::size_t>(layout.plane);
-  layout.tile = channels * sizeof(std::int32_t) * kTilePlane * tilePairs;
+  layout.tile = channels * sizeof(std::int32_t) * kTilePlane * tile_pairs;
   layout.band = row * kBatchPairs;
-  layout.sums = row * static_cast<std::size_t>(resampling.sumRows);
+  layout.sums = row * static_cast<std::size_t>(resampling.sum_rows);
   return layout;
 }
 
 }  // namespace
 
 int RowsWithSums(const Filter& down) {
-  if (down.sourcePairs <= kBatchPairs) return 1;
+  if (down.source_pairs <= kBatchPairs) return 1;
   std::ptrdiff_t most = 1;
   auto end = down.first.begin();
   for (auto begin = down.first.begin(); begin != down.first.end(); ++begin) {
@@ -348,7 +349,7 @@ void ResampleColumns(const Resampling& resampling, Columns columns, std::uint8_t
   task.columns = columns;
   const int* first = resampling.across.first.data();
   task.firstPair = first[columns.begin];
-  task.tilePairs = first[columns.end - 1] + resampling.across.pairs - task.firstPair;
+  task.tile_pairs = first[columns.end - 1] + resampling.across.pairs - task.firstPair;
   task.tile = reinterpret_cast<std::int32_t*>(work);
   task.band = reinterpret_cast<std::int32_t*>(work + layout.tile);
   task.sums = reinterpret_cast<std::int32_t*>(work + layout.tile + layout.band);

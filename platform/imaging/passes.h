@@ -16,7 +16,7 @@ struct Resampling {
   const Picture* source;
   Filter across;
   Filter down;
-  int sumRows;  // RowsWithSums of `down`
+  int sum_rows;  // RowsWithSums of `down`
   Picture* result = nullptr;
 
   int Width() const { return static_cast<int>(across.first.size()); }

@@ -36,20 +36,20 @@ class MORVANTILE_API Picture : public Object {
   // is not set. Rows begin at multiples of 64 bytes. Nil if it would need more than
   // kMaxBytes or memory that there isn't. If nobody else holds the picture in `spare` and its
   // storage is large enough, the new one takes that over.
-  static Ref<Picture> Create(std::int64_t width, std::int64_t height, bool hasAlpha,
+  static Ref<Picture> Create(std::int64_t width, std::int64_t height, bool has_alpha,
                              Ref<Picture> spare = nullptr);
 
   // A picture over pixels that somebody else made, without a copy. `keeper` owns them and is let
   // go together with the picture; nobody may change them in the meantime.
   static Ref<Picture> Wrap(int width, int height, std::ptrdiff_t stride, const std::uint8_t* pixels,
-                           bool hasAlpha, std::shared_ptr<const void> keeper);
+                           bool has_alpha, std::shared_ptr<const void> keeper);
 
   PictureMetadata metadata;
 
   int Width() const { return width_; }
   int Height() const { return height_; }
   std::ptrdiff_t Stride() const { return stride_; }
-  bool HasAlpha() const { return hasAlpha_; }
+  bool HasAlpha() const { return has_alpha_; }
 
   const std::uint8_t* Row(int y) const { return pixels_ + stride_ * y; }
   // The row for writing; null for a picture made by Wrap.
@@ -61,10 +61,10 @@ class MORVANTILE_API Picture : public Object {
   int width_ = 0;
   int height_ = 0;
   std::ptrdiff_t stride_ = 0;
-  bool hasAlpha_ = false;
+  bool has_alpha_ = false;
   const std::uint8_t* pixels_ = nullptr;
   std::shared_ptr<std::uint8_t[]> own_;
-  std::size_t ownBytes_ = 0;  // what of `own_` could be used
+  std::size_t own_bytes_ = 0;  // what of `own_` could be used
   std::shared_ptr<const void> keeper_;
 };
 

@@ -60,8 +60,8 @@ Ref<Picture> Copy(const Picture& source, Ref<Picture> spare) {
 
 Resampling ResamplingOf(const Picture& source, int width, int height) {
   Filter down = LanczosFilter(source.Height(), height);
-  const int sumRows = RowsWithSums(down);
-  return {&source, LanczosFilter(source.Width(), width), std::move(down), sumRows};
+  const int sum_rows = RowsWithSums(down);
+  return {&source, LanczosFilter(source.Width(), width), std::move(down), sum_rows};
 }
 
 // How the columns of the result are shared out.
@@ -69,9 +69,9 @@ struct Plan {
   int threads;
   int columns;  // of a piece
   int pieces;
-  std::size_t workBytes;
+  std::size_t work_bytes;
 
-  std::size_t AllBytes() const { return workBytes * static_cast<std::size_t>(threads); }
+  std::size_t AllBytes() const { return work_bytes * static_cast<std::size_t>(threads); }
 };
 
 // About as many columns as can be made in `bytes`.
@@ -92,20 +92,20 @@ std::int64_t Pairs(const Resampling& resampling) {
 
 Plan PlanFor(const Resampling& resampling, int threads) {
   const int width = resampling.Width();
-  const std::int64_t sourcePixels =
+  const std::int64_t source_pixels =
       std::int64_t{resampling.source->Width()} * resampling.source->Height();
   if (Pairs(resampling) < kPairsForThreads) threads = 1;
   threads = std::clamp(width / kColumnStep, 1, threads);
   const std::int64_t bytes =
-      std::clamp(4 * sourcePixels / kPartOfSource / threads, kLeastWork, kMostWork);
+      std::clamp(4 * source_pixels / kPartOfSource / threads, kLeastWork, kMostWork);
 
   // As many pieces as give each thread the same number of them.
   int pieces = (width - 1) / ColumnsWithin(resampling, bytes) + 1;
   if (threads > 1) {
     pieces = std::max(pieces, std::min(kPiecesPerThread * threads, width / kWorthwhileColumns));
   }
-  const int evenPieces = (pieces + threads - 1) / threads * threads;
-  const int even = (width - 1) / evenPieces + 1;
+  const int even_pieces = (pieces + threads - 1) / threads * threads;
+  const int even = (width - 1) / even_pieces + 1;
   const int columns = (even + kColumnStep - 1) / kColumnStep * kColumnStep;
   return {threads, columns, (width - 1) / columns + 1, WorkBytes(resampling, columns)};
 }
@@ -120,7 +120,7 @@ bool Run(const Resampling& resampling, const Plan& plan) {
   if (memory == nullptr) return false;
   std::atomic<int> next{0};
   const std::function<void(int)> work = [&](int thread) {
-    std::uint8_t* own = memory.get() + plan.workBytes * static_cast<std::size_t>(thread);
+    std::uint8_t* own = memory.get() + plan.work_bytes * static_cast<std::size_t>(thread);
     for (;;) {
       const int piece = next.fetch_add(1);
       if (piece >= plan.pieces) return;

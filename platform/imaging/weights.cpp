@@ -26,9 +26,9 @@ struct Range {
 // How the two axes lie to each other.
 class Geometry {
  public:
-  Geometry(int sourceSize, int resultSize)
-      : sourceSize_(sourceSize),
-        scale_(static_cast<double>(sourceSize) / resultSize),
+  Geometry(int source_size, int result_size)
+      : source_size_(source_size),
+        scale_(static_cast<double>(source_size) / result_size),
         reduction_(std::max(scale_, 1.0)),
         support_(kLobes * reduction_ * (1 - 1e-9)) {}
 
@@ -40,12 +40,12 @@ class Geometry {
   Range Window(int i) const {
     const double centre = Centre(i);
     const int begin = centre < support_ ? 0 : static_cast<int>(centre - support_) + 1;
-    const int end = std::min(sourceSize_, static_cast<int>(centre + support_) + 1);
+    const int end = std::min(source_size_, static_cast<int>(centre + support_) + 1);
     return {begin, end};
   }
 
  private:
-  int sourceSize_;
+  int source_size_;
   double scale_;
   double reduction_;
   double support_;  // a tiny bit short, so that rounding lets no sample in where the filter is 0
@@ -85,8 +85,8 @@ int PairsIn(Range window, int offset) {
   return ((window.end - 1 + offset) >> 1) - ((window.begin + offset) >> 1) + 1;
 }
 
-// Sets `offset`, `pairs` and `sourcePairs`.
-void ChoosePairing(const std::vector<Range>& windows, int sourceSize, Filter& filter) {
+// Sets `offset`, `pairs` and `source_pairs`.
+void ChoosePairing(const std::vector<Range>& windows, int source_size, Filter& filter) {
   std::array<int, 2> longest{};
   for (const Range window : windows) {
     longest[0] = std::max(longest[0], PairsIn(window, 0));
@@ -94,7 +94,7 @@ void ChoosePairing(const std::vector<Range>& windows, int sourceSize, Filter& fi
   }
   filter.offset = longest[1] < longest[0] ? 1 : 0;
   filter.pairs = std::min(longest[0], longest[1]);
-  filter.sourcePairs = (sourceSize + filter.offset + 1) / 2;
+  filter.source_pairs = (source_size + filter.offset + 1) / 2;
 }
 
 // Weights are at most about 1.3 / reduction: near an end of the source those that are missing may
@@ -106,11 +106,11 @@ void ChooseBits(double reduction, Filter& filter) {
 }
 
 // Sets the weights of the samples from `distance` on, in units of the result's; returns their sum.
-double SetWeights(const Lanczos& lanczos, double distance, double perSample, int count,
+double SetWeights(const Lanczos& lanczos, double distance, double per_sample, int count,
                   double* weights) {
   double sum = 0;
   for (int i = 0; i < count; ++i) {
-    weights[i] = lanczos((distance + i) * perSample);
+    weights[i] = lanczos((distance + i) * per_sample);
     sum += weights[i];
   }
   return sum;
@@ -134,28 +134,28 @@ void StoreWeights(const double* weights, int count, double sum, int bits, std::i
 
 }  // namespace
 
-Filter LanczosFilter(int sourceSize, int resultSize) {
+Filter LanczosFilter(int source_size, int result_size) {
   static const Lanczos lanczos;
-  const Geometry geometry(sourceSize, resultSize);
+  const Geometry geometry(source_size, result_size);
   std::vector<Range> windows;
-  windows.reserve(static_cast<std::size_t>(resultSize));
-  for (int i = 0; i < resultSize; ++i) windows.push_back(geometry.Window(i));
+  windows.reserve(static_cast<std::size_t>(result_size));
+  for (int i = 0; i < result_size; ++i) windows.push_back(geometry.Window(i));
 
   Filter filter;
-  ChoosePairing(windows, sourceSize, filter);
+  ChoosePairing(windows, source_size, filter);
   ChooseBits(geometry.Reduction(), filter);
   const std::size_t samples = 2 * static_cast<std::size_t>(filter.pairs);
   filter.first.reserve(windows.size());
   filter.weights.resize(windows.size() * samples);
   std::vector<double> weights(samples);
-  const double perSample = 1 / geometry.Reduction();
+  const double per_sample = 1 / geometry.Reduction();
   std::int16_t* to = filter.weights.data();
-  for (int i = 0; i < resultSize; ++i, to += samples) {
+  for (int i = 0; i < result_size; ++i, to += samples) {
     const Range window = windows[static_cast<std::size_t>(i)];
-    const double sum = SetWeights(lanczos, window.begin - geometry.Centre(i), perSample,
+    const double sum = SetWeights(lanczos, window.begin - geometry.Centre(i), per_sample,
                                   window.Size(), weights.data());
     const int begin = window.begin + filter.offset;
-    const int first = std::min(begin / 2, filter.sourcePairs - filter.pairs);
+    const int first = std::min(begin / 2, filter.source_pairs - filter.pairs);
     filter.first.push_back(first);
     StoreWeights(weights.data(), window.Size(), sum, filter.bits, to + (begin - 2 * first));
   }

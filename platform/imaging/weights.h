@@ -17,7 +17,7 @@ namespace morvantile {
 // result sample has a window of the same number of pairs; what it doesn't need of it has weight 0.
 struct Filter {
   int offset = 0;
-  int sourcePairs = 0;
+  int source_pairs = 0;
   // Pairs in a window.
   int pairs = 0;
   // A weight of 1 is 1 << bits: as fine as 16 bits can hold the largest weight, for the precision
@@ -36,12 +36,12 @@ struct Filter {
   }
 };
 
-// The filter from `sourceSize` samples to `resultSize`, both at least 1.
+// The filter from `source_size` samples to `result_size`, both at least 1.
 //
 // Lanczos with three lobes, sinc(x) sinc(x / 3) for |x| < 3, in units of a source sample, or of a
 // result sample where that is larger; the centres of the first and of the last samples lie half a
 // sample inside of the common ends.
-Filter LanczosFilter(int sourceSize, int resultSize);
+Filter LanczosFilter(int source_size, int result_size);
 
 }  // namespace morvantile
 

@@ -8,16 +8,16 @@
 namespace morvantile {
 namespace {
 
-std::string SearchPath(const std::string& firstFolder) {
+std::string SearchPath(const std::string& first_folder) {
   const char* users = std::getenv("PATH");
   const std::string rest = users != nullptr ? users : "/usr/local/bin:/usr/bin:/bin";
-  return firstFolder.empty() ? rest : firstFolder + ":" + rest;
+  return first_folder.empty() ? rest : first_folder + ":" + rest;
 }
 
 }  // namespace
 
-CommandEnvironment::CommandEnvironment(const std::string& firstFolder)
-    : path_("PATH=" + SearchPath(firstFolder)) {
+CommandEnvironment::CommandEnvironment(const std::string& first_folder)
+    : path_("PATH=" + SearchPath(first_folder)) {
   for (char** variable = environ; *variable != nullptr; ++variable) {
     if (!std::string_view(*variable).starts_with("PATH=")) pointers_.push_back(*variable);
   }

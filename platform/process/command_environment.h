@@ -11,7 +11,7 @@ namespace morvantile {
 // This process's environment, with a folder first in PATH unless its name is empty.
 class CommandEnvironment {
  public:
-  explicit CommandEnvironment(const std::string& firstFolder);
+  explicit CommandEnvironment(const std::string& first_folder);
   CommandEnvironment(const CommandEnvironment&) = delete;
   CommandEnvironment& operator=(const CommandEnvironment&) = delete;
 

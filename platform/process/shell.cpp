@@ -46,8 +46,8 @@ class RunningCommand {
 
 }  // namespace
 
-Shell::Shell(std::chrono::milliseconds limit, std::string firstFolder)
-    : limit_(limit), first_folder_(std::move(firstFolder)) {}
+Shell::Shell(std::chrono::milliseconds limit, std::string first_folder)
+    : limit_(limit), first_folder_(std::move(first_folder)) {}
 
 void Shell::Execute(const std::string& command) {
   const Clock::time_point deadline = Clock::now() + limit_;

@@ -14,9 +14,9 @@ namespace morvantile {
 class Shell : public Object {
  public:
   // A command that takes longer than `limit` is killed, with what it has started. It finds programs
-  // in `firstFolder`, unless that is empty, before those of the user's PATH.
+  // in `first_folder`, unless that is empty, before those of the user's PATH.
   explicit Shell(std::chrono::milliseconds limit = std::chrono::minutes(2),
-                 std::string firstFolder = "");
+                 std::string first_folder = "");
 
   // Runs `command` and returns when it has ended. The command reads nothing, runs in the current
   // folder and in a process group of its own, and starts without blocked or ignored signals. What

@@ -59,9 +59,9 @@ std::optional<xcb_window_t> InputFocus() {
   const Reply<xcb_get_input_focus_reply_t> reply(
       xcb_get_input_focus_reply(X11(), xcb_get_input_focus(X11()), nullptr), &std::free);
   if (reply == nullptr) return std::nullopt;
-  const bool isWindow = reply->focus != XCB_INPUT_FOCUS_POINTER_ROOT &&
-                        reply->focus != XCB_INPUT_FOCUS_NONE && reply->focus != RootWindow();
-  if (!isWindow) return XCB_WINDOW_NONE;
+  const bool is_window = reply->focus != XCB_INPUT_FOCUS_POINTER_ROOT &&
+                         reply->focus != XCB_INPUT_FOCUS_NONE && reply->focus != RootWindow();
+  if (!is_window) return XCB_WINDOW_NONE;
   return reply->focus;
 }
 
@@ -74,10 +74,10 @@ std::optional<xcb_window_t> ActiveX11Window() {
 
 // The server's time at which a launch began, in milliseconds: the end of its ID behind "_TIME"
 // (freedesktop.org, "Startup Notification Protocol"). 0, the present, if it isn't known.
-std::uint32_t TimeOf(const std::string& startupId) {
-  const std::size_t at = startupId.rfind("_TIME");
+std::uint32_t TimeOf(const std::string& startup_id) {
+  const std::size_t at = startup_id.rfind("_TIME");
   if (at == std::string::npos) return XCB_CURRENT_TIME;
-  return static_cast<std::uint32_t>(std::strtoul(startupId.c_str() + at + 5, nullptr, 10));
+  return static_cast<std::uint32_t>(std::strtoul(startup_id.c_str() + at + 5, nullptr, 10));
 }
 
 void ActivateX11Window(xcb_window_t window, std::uint32_t time) {

@@ -49,23 +49,23 @@ void SayOnlyWhatIsFatal(QtMsgType type, const QMessageLogContext& /*context*/,
 }  // namespace
 
 struct QtHost::State {
-  State(int& argumentCount, char** arguments) : application(argumentCount, arguments) {}
+  State(int& argument_count, char** arguments) : application(argument_count, arguments) {}
 
   GuardedApplication application;
   std::unique_ptr<SystemClipboard> clipboard;
-  StayBehind* stayBehind = nullptr;
+  StayBehind* stay_behind = nullptr;
   SingleInstance* instance = nullptr;
 };
 
-QtHost::QtHost(int argc, char** argv, StayBehind& stayBehind, SingleInstance& instance) {
+QtHost::QtHost(int argc, char** argv, StayBehind& stay_behind, SingleInstance& instance) {
   BeginPatienceWithDesktop();
   std::unique_ptr<SystemClipboard> clipboard = ChooseDesktop();
   qInstallMessageHandler(SayOnlyWhatIsFatal);
   QGuiApplication::setDesktopFileName("morvantile");
   QCoreApplication::setApplicationName("Morvantile");
-  static int argumentCount = argc;
-  state_ = std::make_unique<State>(argumentCount, argv);
-  state_->stayBehind = &stayBehind;
+  static int argument_count = argc;
+  state_ = std::make_unique<State>(argument_count, argv);
+  state_->stay_behind = &stay_behind;
   state_->instance = &instance;
   state_->clipboard = clipboard ? std::move(clipboard) : std::make_unique<QtClipboard>();
   QApplication::setQuitOnLastWindowClosed(false);
@@ -96,7 +96,7 @@ int QtHost::Run(Application& application) {
 
   state_->clipboard->Forget();
   GiveMemoryBack();
-  state_->stayBehind->LetGo(status);
+  state_->stay_behind->LetGo(status);
   state_->clipboard->ServeUntilTakenOver();
   return status;
 }
@@ -106,7 +106,7 @@ void QtHost::Quit(int status) { QApplication::exit(status); }
 void QtHost::ShowModal(const Ref<Window>& window) {
   WindowWidget widget(window, QApplication::activeModalWidget());
   QEventLoop loop;
-  widget.onClosed = [&loop] { loop.quit(); };
+  widget.on_closed = [&loop] { loop.quit(); };
   widget.show();
   widget.raise();
   widget.activateWindow();

@@ -16,10 +16,10 @@ namespace morvantile {
 // The host on X11 and Wayland. One can exist per process.
 class QtHost : public Host {
  public:
-  // Connects to the desktop. `stayBehind` is the second half of the process that Run lets go of;
+  // Connects to the desktop. `stay_behind` is the second half of the process that Run lets go of;
   // `instance` is told of the first window, which a further start of the program brings to the
   // front, and ended when Run is over for the user. Throws RuntimeException if there is no desktop.
-  QtHost(int argc, char** argv, StayBehind& stayBehind, SingleInstance& instance);
+  QtHost(int argc, char** argv, StayBehind& stay_behind, SingleInstance& instance);
   ~QtHost() override;
 
   Ref<Picture> ClipboardPicture() override;

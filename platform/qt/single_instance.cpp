@@ -118,8 +118,8 @@ SingleInstance::Reply SingleInstance::Ask(Clock::time_point deadline) {
   const Address address = MeetingPlace();
   const OwnedDescriptor connection = NewSocket(SOCK_NONBLOCK);
   if (connect(connection.get(), address.get(), address.size) != 0) {
-    const bool isComingOrGoing = errno == ECONNREFUSED || errno == EAGAIN;
-    return isComingOrGoing ? Reply::kEnded : Reply::kNone;
+    const bool is_coming_or_going = errno == ECONNREFUSED || errno == EAGAIN;
+    return is_coming_or_going ? Reply::kEnded : Reply::kNone;
   }
   if (!IsOfThisUser(connection)) return Reply::kNone;
   Send(connection, LaunchToken() + '\n');

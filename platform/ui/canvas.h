@@ -29,8 +29,8 @@ class Canvas : public Control {
   std::function<bool(Canvas&, int x, int y)> MouseDown;
 
   // Has the canvas painted again, soon. The background is erased first in any case.
-  void Refresh(bool eraseBackground) {
-    static_cast<void>(eraseBackground);
+  void Refresh(bool erase_background) {
+    static_cast<void>(erase_background);
     Changed();
   }
 

@@ -56,10 +56,10 @@ class MORVANTILE_API Control : public Object {
 
   // What is read out beside name and value, at once when it changes while the control has the
   // focus.
-  const std::string& AccessibleDescription() const { return accessibleDescription_; }
+  const std::string& AccessibleDescription() const { return accessible_description_; }
   void SetAccessibleDescription(const std::string& description) {
-    if (description == accessibleDescription_) return;
-    accessibleDescription_ = description;
+    if (description == accessible_description_) return;
+    accessible_description_ = description;
     if (peer_ != nullptr) peer_->DescriptionChanged();
   }
 
@@ -85,7 +85,7 @@ class MORVANTILE_API Control : public Object {
 
  private:
   ControlPeer* peer_ = nullptr;
-  std::string accessibleDescription_;
+  std::string accessible_description_;
 };
 
 }  // namespace morvantile

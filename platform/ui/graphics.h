@@ -19,11 +19,11 @@ class Graphics {
   Graphics& operator=(const Graphics&) = delete;
   virtual ~Graphics() = default;
 
-  // Draws the part of the picture from (sourceX, sourceY) of the given source size, scaled to the
+  // Draws the part of the picture from (source_x, source_y) of the given source size, scaled to the
   // given destination size, with its top left corner at (x, y). Nil draws nothing.
-  virtual void DrawPicture(const Ref<Picture>& picture, int x, int y, int destWidth = kWhole,
-                           int destHeight = kWhole, int sourceX = 0, int sourceY = 0,
-                           int sourceWidth = kWhole, int sourceHeight = kWhole) = 0;
+  virtual void DrawPicture(const Ref<Picture>& picture, int x, int y, int dest_width = kWhole,
+                           int dest_height = kWhole, int source_x = 0, int source_y = 0,
+                           int source_width = kWhole, int source_height = kWhole) = 0;
 };
 
 }  // namespace morvantile

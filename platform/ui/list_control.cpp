@@ -10,7 +10,7 @@ void ListControl::SetListIndex(int row) {
   const int wanted = row >= 0 && row < ListCount() ? row : -1;
   if (wanted == selected_) return;
   selected_ = wanted;
-  if (listPeer_ != nullptr) listPeer_->SelectionChanged();
+  if (list_peer_ != nullptr) list_peer_->SelectionChanged();
   Raise(Change, *this);
 }
 
@@ -18,7 +18,7 @@ std::string ListControl::Text() const { return selected_ < 0 ? "" : List(selecte
 
 void ListControl::DeleteAllRows() {
   rows_.clear();
-  if (listPeer_ != nullptr) listPeer_->RowsCleared();
+  if (list_peer_ != nullptr) list_peer_->RowsCleared();
   SetListIndex(-1);
 }
 
@@ -28,7 +28,7 @@ void ListControl::RemoveRow(int row) {
   const bool lost = row == selected_;
   if (row < selected_) --selected_;
   if (lost) selected_ = -1;
-  if (listPeer_ != nullptr) listPeer_->RowRemoved(row);
+  if (list_peer_ != nullptr) list_peer_->RowRemoved(row);
   if (lost) Raise(Change, *this);
 }
 
@@ -54,12 +54,12 @@ const ListControl::Cells& ListControl::Row(int row) const {
 
 void ListControl::AppendRow(Cells cells) {
   rows_.push_back(std::move(cells));
-  if (listPeer_ != nullptr) listPeer_->RowAdded(ListCount() - 1);
+  if (list_peer_ != nullptr) list_peer_->RowAdded(ListCount() - 1);
 }
 
 void ListControl::SetRowCell(int row, int column, const std::string& text) {
   Store(row, column, text);
-  if (listPeer_ != nullptr) listPeer_->CellChanged(row, column);
+  if (list_peer_ != nullptr) list_peer_->CellChanged(row, column);
 }
 
 void ListControl::ResizeRows(int columns) {

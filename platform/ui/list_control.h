@@ -54,7 +54,7 @@ class MORVANTILE_API ListControl : public Control {
 
   void AttachListPeer(ListPeer* peer) {
     AttachPeer(peer);
-    listPeer_ = peer;
+    list_peer_ = peer;
   }
 
  protected:
@@ -70,7 +70,7 @@ class MORVANTILE_API ListControl : public Control {
 
   std::vector<Cells> rows_;
   int selected_ = -1;
-  ListPeer* listPeer_ = nullptr;
+  ListPeer* list_peer_ = nullptr;
 };
 
 }  // namespace morvantile

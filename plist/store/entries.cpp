@@ -5,10 +5,10 @@
 namespace morvantile {
 namespace {
 
-bool IsEmpty(const Entry& entry) { return !entry.hasText && !entry.hasMark && entry.child == 0; }
+bool IsEmpty(const Entry& entry) { return !entry.has_text && !entry.has_mark && entry.child == 0; }
 
 void MoveMark(Entry& from, Entry& to) {
-  if (!from.hasMark) return;
+  if (!from.has_mark) return;
   to.SetMark(from.mark);
   from.ForgetMark();
 }
@@ -75,7 +75,7 @@ Dictionary<Entry>& Entries::Aside() {
 void Entries::Keep(std::string_view key, Entry entry) {
   if (IsEmpty(entry)) return;
   entry.type = TypeWord();
-  entry.hasType = false;
+  entry.has_type = false;
   Aside().FindOrAdd(key) = std::move(entry);
 }
 

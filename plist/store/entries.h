@@ -28,30 +28,30 @@ struct Entry {
   TypeWord type;
   CompactText<24> text;
   std::uint32_t child = 0;  // the first place of the key in childrenNames, 0 for none
-  bool hasType = false;
-  bool isContainer = false;
-  bool hasText = false;
-  bool hasMark = false;
+  bool has_type = false;
+  bool is_container = false;
+  bool has_text = false;
+  bool has_mark = false;
   bool mark = false;
 
   void SetType(TypeWord word) {
     type = std::move(word);
-    hasType = true;
-    isContainer = type.IsContainer();
+    has_type = true;
+    is_container = type.IsContainer();
   }
   void SetText(std::string_view value) {
     text.Assign(value);
-    hasText = true;
+    has_text = true;
   }
   void SetMark(bool value) {
     mark = value;
-    hasMark = true;
+    has_mark = true;
   }
   void ForgetText() {
     text = CompactText<24>();
-    hasText = false;
+    has_text = false;
   }
-  void ForgetMark() { mark = hasMark = false; }
+  void ForgetMark() { mark = has_mark = false; }
 };
 
 // The keys of a node. One table serves the three dictionaries of a node, so that a key is stored
@@ -71,7 +71,7 @@ class Entries {
   // The entry of a key, listed from now on. One that is new there has no type; the caller sets it.
   Entry& List(std::string_view key) {
     Entry& entry = listed_.FindOrAdd(key);
-    return entry.hasType || aside_ == nullptr ? entry : TakeFromAside(entry, key);
+    return entry.has_type || aside_ == nullptr ? entry : TakeFromAside(entry, key);
   }
 
   // The entry of a key, which is aside if it is new.
@@ -99,7 +99,7 @@ class Entries {
   void Renumber(std::string_view from, std::string_view to);
 
   // As many of the node's childrenNames are known to the entries, the placeholder included.
-  std::size_t indexedChildren = 1;
+  std::size_t indexed_children = 1;
 
  private:
   Entry& TakeFromAside(Entry& entry, std::string_view key);

@@ -27,13 +27,13 @@ void Types::Clear() { entries_.UnlistAll(); }
 
 std::size_t Values::Count() const {
   std::size_t count = 0;
-  entries_.ForEach([&](const Entry& entry) { count += entry.hasText ? 1 : 0; });
+  entries_.ForEach([&](const Entry& entry) { count += entry.has_text ? 1 : 0; });
   return count;
 }
 
 bool Values::HasKey(std::string_view key) const {
   const Entry* const entry = entries_.Find(key);
-  return entry != nullptr && entry->hasText;
+  return entry != nullptr && entry->has_text;
 }
 
 std::string Values::Value(std::string_view key) const {
@@ -57,13 +57,13 @@ void Values::Clear() {
 
 std::size_t Searched::Count() const {
   std::size_t count = 0;
-  entries_.ForEach([&](const Entry& entry) { count += entry.hasMark ? 1 : 0; });
+  entries_.ForEach([&](const Entry& entry) { count += entry.has_mark ? 1 : 0; });
   return count;
 }
 
 bool Searched::HasKey(std::string_view key) const {
   const Entry* const entry = entries_.Find(key);
-  return entry != nullptr && entry->hasMark;
+  return entry != nullptr && entry->has_mark;
 }
 
 bool Searched::Value(std::string_view key) const {

@@ -91,15 +91,15 @@ bool IsEmptyDict(std::string_view line) {
 
 }  // namespace
 
-void plistDict::Load(TextInputStream* stream, std::string_view ownName, bool asArray,
+void plistDict::Load(TextInputStream* stream, std::string_view own_name, bool as_array,
                      const BackRef<plistDict>& above, const BackRef<plist>& document, bool read) {
   types.Clear();
   values.Clear();
-  name = ownName;
+  name = own_name;
   parent = above;
   rootClass = document;
   indexOf = -1;
-  isArray = asArray;
+  isArray = as_array;
   if (!read) return;
   const BulkScope scope;
   Reader(*stream).Read(*this);
@@ -113,9 +113,9 @@ void Reader::Read(plistDict& root) {
   Enter(root);
   while (innermost_ != nullptr) {
     Activation& in = *innermost_;
-    if (in.hasFields) {
+    if (in.has_fields) {
       ReadField(in);
-    } else if (in.hasEnded || stream_.AtEOF()) {
+    } else if (in.has_ended || stream_.AtEOF()) {
       Leave();
     } else {
       ReadLine(in);
@@ -126,10 +126,10 @@ void Reader::Read(plistDict& root) {
 void Reader::Activation::Begin(plistDict& read) {
   held = Ref<plistDict>(&read);
   node = &read;
-  endTag = read.isArray ? "</array>" : "</dict>";
-  for (std::string* text : {&key, &value, &tag, &keptFields}) text->clear();
+  end_tag = read.isArray ? "</array>" : "</dict>";
+  for (std::string* text : {&key, &value, &tag, &kept_fields}) text->clear();
   type = TypeWord();
-  inValue = selfClosed = hasFields = hasEnded = false;
+  in_value = self_closed = has_fields = has_ended = false;
   fields = {};
 }
 
@@ -146,12 +146,12 @@ void Reader::Leave() {
 }
 
 void Reader::ReadLine(Activation& in) {
-  if (in.node->isArray && !in.inValue) in.key = Str(++in.node->indexOf);
+  if (in.node->isArray && !in.in_value) in.key = Str(++in.node->indexOf);
   std::string_view line;
   stream_.ReadLine(line);
   in.fields = WithoutLeadingBlanks(line);
-  in.hasFields = true;
-  if (!in.keptFields.empty()) in.keptFields = std::string();
+  in.has_fields = true;
+  if (!in.kept_fields.empty()) in.kept_fields = std::string();
   RuntimeBackgroundTask();
 }
 
@@ -159,13 +159,13 @@ void Reader::ReadField(Activation& in) {
   const std::size_t bracket = in.fields.find('>');
   std::string_view line = in.fields.substr(0, EndOfField(in.fields, bracket));
   in.fields.remove_prefix(line.size());
-  in.hasFields = !in.fields.empty();
+  in.has_fields = !in.fields.empty();
   plistDict* const opened = StepField(in, line, bracket);
-  if (!in.hasFields) in.hasEnded = IsEndTag(line, in.endTag) || IsEmptyDict(line);
+  if (!in.has_fields) in.has_ended = IsEndTag(line, in.end_tag) || IsEmptyDict(line);
   // The child's lines take the place of this one in the stream.
-  if (opened != nullptr && in.hasFields && in.keptFields.empty()) {
-    in.keptFields = in.fields;
-    in.fields = in.keptFields;
+  if (opened != nullptr && in.has_fields && in.kept_fields.empty()) {
+    in.kept_fields = in.fields;
+    in.fields = in.kept_fields;
   }
   if (opened != nullptr) Enter(*opened);
   RuntimeBackgroundTask();
@@ -177,8 +177,8 @@ plistDict* Reader::StepField(Activation& in, std::string_view& line, std::size_t
     ReadKey(in, line, length);
     return nullptr;
   }
-  if (IsEndTag(line, in.endTag)) return nullptr;
-  if (in.inValue && !IsClosingTag(line, in.tag)) {
+  if (IsEndTag(line, in.end_tag)) return nullptr;
+  if (in.in_value && !IsClosingTag(line, in.tag)) {
     Continue(in, line);
     return nullptr;
   }
@@ -196,11 +196,11 @@ void Reader::Continue(Activation& in, std::string_view& line) {
   const std::size_t end = FindClosingTag(line, in.tag, ">");
   if (end != std::string_view::npos) {
     line = line.substr(0, end);
-    in.inValue = false;
+    in.in_value = false;
   }
   AppendDecoded(in.value, line);
   if (!SameText(in.tag, "data")) in.value += kLineSeparator;
-  if (!in.inValue) StoreValue(in, in.node->entries_.FindOrAdd(in.key));
+  if (!in.in_value) StoreValue(in, in.node->entries_.FindOrAdd(in.key));
 }
 
 plistDict* Reader::ReadTag(Activation& in, std::string_view& line, std::size_t bracket) {
@@ -228,19 +228,19 @@ void Reader::ReadBoolean(Activation& in, std::string_view word) {
 }
 
 void Reader::CloseValue(Activation& in) {
-  in.inValue = false;
+  in.in_value = false;
   StoreValue(in, in.node->entries_.FindOrAdd(in.key));
   in.value.clear();
 }
 
 void Reader::OpenElement(Activation& in, std::string_view tag, std::string_view& line) {
   std::string_view type = tag;
-  in.selfClosed = type.ends_with('/');
-  if (in.selfClosed) type.remove_suffix(1);
+  in.self_closed = type.ends_with('/');
+  if (in.self_closed) type.remove_suffix(1);
   in.type = TypeWord(type);
   Entry& entry = in.node->entries_.List(in.key);
   entry.SetType(in.type);
-  if (entry.isContainer || (in.selfClosed && SameText(type, "dict/"))) return;
+  if (entry.is_container || (in.self_closed && SameText(type, "dict/"))) return;
 
   line.remove_prefix(static_cast<std::size_t>(tag.end() - line.begin()) + 1);
   const std::size_t end = FindClosingTag(line, type, "");
@@ -255,7 +255,7 @@ void Reader::OpenElement(Activation& in, std::string_view tag, std::string_view&
 // Begins a value that goes on in the next lines. Of its first line the text is lost if it holds a
 // ">".
 void Reader::OpenValue(Activation& in, std::string_view tag, std::string_view line) {
-  in.inValue = true;
+  in.in_value = true;
   in.tag = tag;
   in.value.clear();
   if (line.find('>') != std::string_view::npos) return;
@@ -268,7 +268,7 @@ plistDict* Reader::OpenChild(Activation& in, std::string_view& line) {
   if (!in.type.IsContainer()) return nullptr;
   const bool is_dict = in.type.Is(TypeWord::kDict);
   in.node->NewChild(in.node->entries_.FindOrAdd(in.key), in.key, !is_dict);
-  if (!in.selfClosed) return in.node->children.back().get();
+  if (!in.self_closed) return in.node->children.back().get();
   if (is_dict) line = {};
   return nullptr;
 }

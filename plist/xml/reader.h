@@ -50,18 +50,18 @@ class Reader {
 
     plistDict* node = nullptr;
     Ref<plistDict> held;  // the same: a background turn may take it out of its tree
-    std::string_view endTag;
-    std::string key;          // what the next value or node goes under
-    TypeWord type;            // the name of the element opened last
-    std::string value;        // the text collected for a value
-    bool inValue = false;     // a value is open across lines
-    std::string tag;          // what was between the "<" and ">" that opened it
-    bool selfClosed = false;  // the opening tag read last ended in "/"
+    std::string_view end_tag;
+    std::string key;           // what the next value or node goes under
+    TypeWord type;             // the name of the element opened last
+    std::string value;         // the text collected for a value
+    bool in_value = false;     // a value is open across lines
+    std::string tag;           // what was between the "<" and ">" that opened it
+    bool self_closed = false;  // the opening tag read last ended in "/"
 
-    bool hasFields = false;   // of the current line some are left
-    std::string_view fields;  // these, in the stream or in keptFields
-    std::string keptFields;
-    bool hasEnded = false;
+    bool has_fields = false;  // of the current line some are left
+    std::string_view fields;  // these, in the stream or in kept_fields
+    std::string kept_fields;
+    bool has_ended = false;
   };
 
   void Enter(plistDict& node);

@@ -54,10 +54,10 @@ void TreeText::Write(const plistDict& node, std::int64_t depth) {
 void TreeText::WriteEntry(Level& level) {
   Dictionary<Entry>& entries = level.node->entries_.Listed();
   const Entry& entry = entries.ValueAt(level.position);
-  if (!level.node->isArray) WriteKey(entries.Key(level.position), entry.hasMark);
+  if (!level.node->isArray) WriteKey(entries.Key(level.position), entry.has_mark);
   ++level.position;
-  if (entry.isContainer) {
-    level.childName = entry.type.Is(TypeWord::kDict) ? "dict" : "array";
+  if (entry.is_container) {
+    level.child_name = entry.type.Is(TypeWord::kDict) ? "dict" : "array";
     level.child = entry.child;
   } else {
     WriteScalar(entry);
@@ -92,12 +92,12 @@ void TreeText::WriteChild(Level& level) {
   ExpectChild(*level.node, place + 1);
   if (!child) return;
   if (child->count() == 0) {
-    WriteLine("<", level.childName, "/>");
+    WriteLine("<", level.child_name, "/>");
     return;
   }
-  WriteLine("<", level.childName, ">");
+  WriteLine("<", level.child_name, ">");
   if (++depth_ > 0) indentation_ += '\t';
-  Enter(*child, level.childName);
+  Enter(*child, level.child_name);
 }
 
 void TreeText::Enter(const plistDict& node, std::string_view name) {

@@ -35,7 +35,7 @@ class TreeText {
     Ref<const plistDict> node;
     std::string_view name;               // of the node's element
     std::size_t position = 0;            // of the key to be written next
-    std::string_view childName;          // of the elements under the key before it
+    std::string_view child_name;         // of the elements under the key before it
     std::uint32_t child = 0;             // the place of the next of them, 0 for none
     std::vector<std::uint32_t> repeats;  // see Repeats
   };

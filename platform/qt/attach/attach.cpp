@@ -40,10 +40,10 @@ Ref<C> ControlFor(const QWidget& widget) {
 }
 
 void TieRows(ListControl& control, int columns, QWidget& widget, QAbstractItemModel& model,
-             RowSelector selector, const std::function<void(RowMirror&)>& followSelection) {
+             RowSelector selector, const std::function<void(RowMirror&)>& follow_selection) {
   auto mirror = std::make_unique<RowMirror>(control, columns, model, std::move(selector));
   mirror->TakeFromWidget();
-  followSelection(*mirror);
+  follow_selection(*mirror);
   new Tie(widget, std::move(mirror));
 }
 

@@ -38,13 +38,13 @@ void RadioButtonPeer::ControlChanged() {
 // The toolkit lets nobody turn the last button of an exclusive group off.
 void RadioButtonPeer::TurnOff() {
   QButtonGroup* group = widget().group();
-  const bool groupExclusive = group != nullptr && group->exclusive();
-  const bool autoExclusive = widget().autoExclusive();
+  const bool group_exclusive = group != nullptr && group->exclusive();
+  const bool auto_exclusive = widget().autoExclusive();
   if (group != nullptr) group->setExclusive(false);
   widget().setAutoExclusive(false);
   widget().setChecked(false);
-  widget().setAutoExclusive(autoExclusive);
-  if (group != nullptr) group->setExclusive(groupExclusive);
+  widget().setAutoExclusive(auto_exclusive);
+  if (group != nullptr) group->setExclusive(group_exclusive);
 }
 
 }  // namespace morvantile

@@ -76,11 +76,11 @@ void WriteBmpHeaders(QDataStream& out, const QImage& image) {
   constexpr quint32 kInfoBytes = 108;
   constexpr quint32 kBitFields = 3;
   constexpr quint32 kSrgb = 0x73524742;
-  const quint32 pixelBytes = quint32(image.width()) * quint32(image.height()) * 4;
-  out << quint16(0x4D42) << quint32(kHeaderBytes + kInfoBytes + pixelBytes) << quint32(0)
+  const quint32 pixel_bytes = quint32(image.width()) * quint32(image.height()) * 4;
+  out << quint16(0x4D42) << quint32(kHeaderBytes + kInfoBytes + pixel_bytes) << quint32(0)
       << quint32(kHeaderBytes + kInfoBytes);
   out << kInfoBytes << qint32(image.width()) << qint32(image.height()) << quint16(1) << quint16(32)
-      << kBitFields << pixelBytes << qint32(image.dotsPerMeterX()) << qint32(image.dotsPerMeterY())
+      << kBitFields << pixel_bytes << qint32(image.dotsPerMeterX()) << qint32(image.dotsPerMeterY())
       << quint32(0) << quint32(0);
   out << quint32(0x00FF0000) << quint32(0x0000FF00) << quint32(0x000000FF) << quint32(0xFF000000)
       << kSrgb;

@@ -89,7 +89,7 @@ void WriteHeader(PngWriter& file, const Picture& picture, const Layout& layout) 
     file.Number(static_cast<std::uint32_t>(picture.Height()));
     file.Byte(static_cast<std::uint32_t>(layout.bits));
     file.Byte(static_cast<std::uint32_t>(layout.type));
-    for (int defaultMethod = 0; defaultMethod < 3; ++defaultMethod) file.Byte(0);
+    for (int default_method = 0; default_method < 3; ++default_method) file.Byte(0);
   });
 }
 
@@ -118,8 +118,8 @@ void WritePalette(PngWriter& file, const Palette& palette) {
       for (const int shift : {16, 8, 0}) file.Byte(colour >> shift & 0xFFU);
     }
   });
-  const auto isOpaque = [](Colour colour) { return colour >> 24 == 0xFFU; };
-  if (std::all_of(palette.Colours().begin(), palette.Colours().end(), isOpaque)) return;
+  const auto is_opaque = [](Colour colour) { return colour >> 24 == 0xFFU; };
+  if (std::all_of(palette.Colours().begin(), palette.Colours().end(), is_opaque)) return;
   file.Chunk("tRNS", [&] {
     for (const Colour colour : palette.Colours()) file.Byte(colour >> 24);
   });

@@ -50,11 +50,11 @@ int Above(int /*left*/, int above, int /*corner*/) { return above; }
 int Average(int left, int above, int /*corner*/) { return (left + above) / 2; }
 
 int Paeth(int left, int above, int corner) {
-  const int fromLeft = std::abs(above - corner);
-  const int fromAbove = std::abs(left - corner);
-  const int fromCorner = std::abs(left + above - 2 * corner);
-  const int vertical = fromAbove <= fromCorner ? above : corner;
-  return fromLeft <= fromAbove && fromLeft <= fromCorner ? left : vertical;
+  const int from_left = std::abs(above - corner);
+  const int from_above = std::abs(left - corner);
+  const int from_corner = std::abs(left + above - 2 * corner);
+  const int vertical = from_above <= from_corner ? above : corner;
+  return from_left <= from_above && from_left <= from_corner ? left : vertical;
 }
 
 // A row and the one above it, each behind a pixel of zeros.
@@ -62,7 +62,7 @@ struct RowPair {
   const std::uint8_t* row;
   const std::uint8_t* above;
   std::size_t bytes;
-  int pixelBytes;
+  int pixel_bytes;
 };
 
 // Writes the differences, and returns the sum of their amounts.
@@ -72,7 +72,7 @@ unsigned Filter(const RowPair& pair, std::uint8_t* out) {
   for (std::size_t i = 0; i < pair.bytes; ++i) {
     const std::uint8_t* byte = pair.row + i;
     const std::uint8_t* above = pair.above + i;
-    const int expected = Expected(byte[-pair.pixelBytes], *above, above[-pair.pixelBytes]);
+    const int expected = Expected(byte[-pair.pixel_bytes], *above, above[-pair.pixel_bytes]);
     out[i] = static_cast<std::uint8_t>(*byte - expected);
     sum += std::min<unsigned>(out[i], 256U - out[i]);
   }
@@ -142,7 +142,7 @@ Layout LayoutFor(const Picture& picture) {
 Bytes PngRows(const Picture& picture, const Layout& layout, Filtering filtering, int band,
               int distance) {
   const std::size_t bytes = layout.RowBytes(picture.Width());
-  const int pixelBytes = std::max(layout.bits * layout.channels / 8, 1);
+  const int pixel_bytes = std::max(layout.bits * layout.channels / 8, 1);
   std::vector<std::uint8_t> pair(2 * (kMostPixelBytes + bytes));
   std::uint8_t* above = pair.data() + kMostPixelBytes;
   std::uint8_t* row = above + bytes + kMostPixelBytes;
@@ -158,7 +158,7 @@ Bytes PngRows(const Picture& picture, const Layout& layout, Filtering filtering,
       continue;
     }
     PackRow(picture, y, layout, row);
-    FilterRow({row, above, bytes, pixelBytes}, scratch, out);
+    FilterRow({row, above, bytes, pixel_bytes}, scratch, out);
     std::swap(row, above);
   }
   return rows;

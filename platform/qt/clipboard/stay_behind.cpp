@@ -59,23 +59,23 @@ StayBehind::StayBehind() {
     close(ends[1]);
     return;
   }
-  reportTo_ = ends[1];
+  report_to_ = ends[1];
   prctl(PR_SET_PDEATHSIG, SIGTERM);
   if (getppid() != first) _exit(1);
 }
 
 void StayBehind::LetGo(int status) {
-  if (reportTo_ < 0) return;
+  if (report_to_ < 0) return;
   prctl(PR_SET_PDEATHSIG, 0);
   prctl(PR_SET_NAME, "morvantile-keep");
   setsid();
   static_cast<void>(chdir("/") == 0);
   PointStandardStreamsAtNothing();
   const auto byte = static_cast<unsigned char>(status);
-  while (write(reportTo_, &byte, 1) < 0 && errno == EINTR) {
+  while (write(report_to_, &byte, 1) < 0 && errno == EINTR) {
   }
-  close(reportTo_);
-  reportTo_ = -1;
+  close(report_to_);
+  report_to_ = -1;
 }
 
 }  // namespace morvantile

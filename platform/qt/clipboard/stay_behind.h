@@ -23,7 +23,7 @@ class StayBehind {
   void LetGo(int status);
 
  private:
-  int reportTo_ = -1;
+  int report_to_ = -1;
 };
 
 }  // namespace morvantile

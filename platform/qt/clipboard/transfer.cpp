@@ -24,14 +24,14 @@ bool WaitReadable(int descriptor, qint64 milliseconds) {
 
 }  // namespace
 
-std::optional<QByteArray> ReadAll(const OwnedDescriptor& from, int patienceMilliseconds,
+std::optional<QByteArray> ReadAll(const OwnedDescriptor& from, int patience_milliseconds,
                                   qsizetype limit) {
   QElapsedTimer clock;
   clock.start();
   QByteArray bytes;
   std::array<char, kChunk> chunk{};
   while (true) {
-    const qint64 left = patienceMilliseconds - clock.elapsed();
+    const qint64 left = patience_milliseconds - clock.elapsed();
     if (left <= 0 || !WaitReadable(from.get(), left)) return std::nullopt;
     const ssize_t got = read(from.get(), chunk.data(), chunk.size());
     if (got < 0 && errno == EINTR) continue;

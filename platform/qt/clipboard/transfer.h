@@ -15,8 +15,8 @@
 namespace morvantile {
 
 // All that comes from a pipe until its other end closes. Nothing if it fails, if it takes longer
-// than `patienceMilliseconds`, or if it is more than `limit` bytes.
-std::optional<QByteArray> ReadAll(const OwnedDescriptor& from, int patienceMilliseconds,
+// than `patience_milliseconds`, or if it is more than `limit` bytes.
+std::optional<QByteArray> ReadAll(const OwnedDescriptor& from, int patience_milliseconds,
                                   qsizetype limit);
 
 // Data on its way to readers that take it as fast as they like; none holds up the others.

@@ -16,18 +16,18 @@ class WidgetGraphics : public Graphics {
  public:
   WidgetGraphics(QPainter& painter, const QSize& canvas) : painter_(painter), canvas_(canvas) {}
 
-  void DrawPicture(const Ref<Picture>& picture, int x, int y, int destWidth, int destHeight,
-                   int sourceX, int sourceY, int sourceWidth, int sourceHeight) override {
+  void DrawPicture(const Ref<Picture>& picture, int x, int y, int dest_width, int dest_height,
+                   int source_x, int source_y, int source_width, int source_height) override {
     if (picture == nullptr) return;
-    if (sourceWidth == kWhole) sourceWidth = picture->Width();
-    if (sourceHeight == kWhole) sourceHeight = picture->Height();
-    if (destWidth == kWhole) destWidth = sourceWidth;
-    if (destHeight == kWhole) destHeight = sourceHeight;
-    QRect target(x, y, destWidth, destHeight);
-    QRect source(sourceX, sourceY, sourceWidth, sourceHeight);
+    if (source_width == kWhole) source_width = picture->Width();
+    if (source_height == kWhole) source_height = picture->Height();
+    if (dest_width == kWhole) dest_width = source_width;
+    if (dest_height == kWhole) dest_height = source_height;
+    QRect target(x, y, dest_width, dest_height);
+    QRect source(source_x, source_y, source_width, source_height);
     if (target.size() == source.size()) {
       target &= QRect(QPoint(), canvas_);
-      source = target.translated(sourceX - x, sourceY - y);
+      source = target.translated(source_x - x, source_y - y);
     }
     const QImage image = ImageOver(picture);
     if (picture->metadata.profile == nullptr) return painter_.drawImage(target, image, source);

@@ -15,10 +15,10 @@ constexpr int kSystemPixels = 13;
 constexpr int kSmallSystemPixels = 11;
 constexpr int kSmallestPixels = 7;
 
-QFont SystemFont(bool isSmall) {
+QFont SystemFont(bool is_small) {
   QFont font = QGuiApplication::font();
   const int pixels = std::max(kSystemPixels, QFontInfo(font).pixelSize());
-  font.setPixelSize(isSmall ? pixels * kSmallSystemPixels / kSystemPixels : pixels);
+  font.setPixelSize(is_small ? pixels * kSmallSystemPixels / kSystemPixels : pixels);
   return font;
 }
 

@@ -45,9 +45,9 @@ void SliderWidget::DrawTicks(QPainter& painter) const {
 
 void SliderWidget::wheelEvent(QWheelEvent* event) {
   const QPoint turn = event->angleDelta();
-  wheelRest_ += turn.y() != 0 ? turn.y() : -turn.x();
-  const int notches = wheelRest_ / QWheelEvent::DefaultDeltasPerStep;
-  wheelRest_ -= notches * QWheelEvent::DefaultDeltasPerStep;
+  wheel_rest_ += turn.y() != 0 ? turn.y() : -turn.x();
+  const int notches = wheel_rest_ / QWheelEvent::DefaultDeltasPerStep;
+  wheel_rest_ -= notches * QWheelEvent::DefaultDeltasPerStep;
   setValue(value() + notches * singleStep());
   event->accept();
 }

@@ -26,7 +26,7 @@ class SliderWidget : public QSlider {
   void DrawTicks(QPainter& painter) const;
 
   const Slider* slider_;
-  int wheelRest_ = 0;  // what is left of the wheel's turn, in eighths of a degree
+  int wheel_rest_ = 0;  // what is left of the wheel's turn, in eighths of a degree
 };
 
 }  // namespace morvantile

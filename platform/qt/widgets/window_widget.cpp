@@ -56,24 +56,24 @@ WindowWidget::WindowWidget(const Ref<Window>& window, QWidget* parent)
 WindowWidget::~WindowWidget() { window_->AttachPeer(nullptr); }
 
 void WindowWidget::MakeControls() {
-  std::vector<std::pair<int, QWidget*>> byIndex;
+  std::vector<std::pair<int, QWidget*>> by_index;
   for (const Ref<Control>& control : window_->Controls()) {
     ShownControl shown = Show(*control, *this, scale_);
     if (shown.widget == nullptr) continue;
     for (QWidget* target : FocusTargets(shown.widget)) {
-      byIndex.emplace_back(control->TabIndex, target);
+      by_index.emplace_back(control->TabIndex, target);
     }
     if (control == window_->InitialFocus) shown.widget->setFocus();
     peers_.push_back(std::move(shown.peer));
   }
-  SetTabOrder(std::move(byIndex));
+  SetTabOrder(std::move(by_index));
 }
 
-void WindowWidget::SetTabOrder(std::vector<std::pair<int, QWidget*>> byIndex) {
-  std::stable_sort(byIndex.begin(), byIndex.end(),
+void WindowWidget::SetTabOrder(std::vector<std::pair<int, QWidget*>> by_index) {
+  std::stable_sort(by_index.begin(), by_index.end(),
                    [](const auto& a, const auto& b) { return a.first < b.first; });
-  for (std::size_t i = 1; i < byIndex.size(); ++i) {
-    setTabOrder(byIndex[i - 1].second, byIndex[i].second);
+  for (std::size_t i = 1; i < by_index.size(); ++i) {
+    setTabOrder(by_index[i - 1].second, by_index[i].second);
   }
 }
 
@@ -95,7 +95,7 @@ void WindowWidget::WindowChanged() {
 
 void WindowWidget::WindowClosed() {
   hide();
-  if (onClosed) onClosed();
+  if (on_closed) on_closed();
 }
 
 void WindowWidget::reject() {

@@ -20,7 +20,7 @@ class WindowWidget : public QDialog, private WindowPeer {
   WindowWidget& operator=(const WindowWidget&) = delete;
 
   // Called once, when the window has closed.
-  std::function<void()> onClosed;
+  std::function<void()> on_closed;
 
   void reject() override;
 
@@ -36,7 +36,7 @@ class WindowWidget : public QDialog, private WindowPeer {
   void WindowClosed() override;
   void ShowRectangle();
   void MakeControls();
-  void SetTabOrder(std::vector<std::pair<int, QWidget*>> byIndex);
+  void SetTabOrder(std::vector<std::pair<int, QWidget*>> by_index);
   void TellRectangle();
   void TellIfDeactivated();
 
