@@ -192,7 +192,8 @@ class MORVANTILE_API plistDict final : public Object {
   // Stores a text as it is, under any key: this one asks for no type, and doesn't touch the report.
   virtual void SetData(std::string_view key, std::string_view value);
 
-  // Stores the date as in "2009-03-07T08:05:09Z"; its fields as they are.
+  // Stores the date as in "2009-03-07T08:05:09Z"; its fields as they are. Throws
+  // NilObjectException for nil.
   virtual void SetDate(std::string_view key, const Ref<Date>& value);
 
   // The number with at least two digits.
@@ -219,7 +220,7 @@ class MORVANTILE_API plistDict final : public Object {
   virtual void AppendString(std::string_view value);
   void AppendString(std::nullptr_t) = delete;
   virtual void AppendData(std::string_view value);
-  virtual void AppendDate(const Ref<Date>& value);
+  virtual void AppendDate(const Ref<Date>& value);  // on an array nil throws NilObjectException
 
   // Whether this is an array; if not, with the report name + " is not an array". Clears the report
   // first.
@@ -285,15 +286,15 @@ class MORVANTILE_API plistDict final : public Object {
   // "windowName" and the dict "WindowPos" of the "integer"s "left", "top", "width" and "height".
   // GetWindow applies what is stored to the window, without regard to the screens; a missing record
   // is made from the window first, a missing number is 0. If a scalar is where the record or its
-  // "WindowPos" should, nothing is read or stored there, with the report of child(). All operations
-  // on windows and controls throw NilObjectException for nil.
+  // "WindowPos" should, nothing is read or stored there, with the report of child(). Both throw
+  // NilObjectException for nil.
   virtual void SetWindow(std::string_view key, const Ref<Window>& window);
   virtual void GetWindow(std::string_view key, const Ref<Window>& window);
 
   // The colour, as SetColor stores it, as a new element of an array.
   virtual void AppendColor(Color value);
 
-  // The same record as a new element of an array.
+  // The same record as a new element of an array. Throws NilObjectException for nil.
   virtual void AppendWindow(const Ref<Window>& window);
 
   // The rows of a list or menu as a record under the control's name, "." and index: a dict with the
@@ -303,14 +304,15 @@ class MORVANTILE_API plistDict final : public Object {
   // Get adds the stored rows: to the rows that a list has, which should be none, and in place of
   // those of a menu. With `select` it selects the row whose first cell equals the default. A
   // missing record is made from the control first. A row of the other form is read as far as it
-  // fits: a string fills the first cell, and of an array a list of one column takes the first.
+  // fits: a string fills the first cell, and of an array a list of one column takes the first. All
+  // throw NilObjectException for nil.
   virtual void SetListbox(const Ref<Listbox>& list);
   virtual void SetPopup(const Ref<PopupMenu>& menu);
   virtual void GetListbox(const Ref<Listbox>& list, bool select);
   virtual void GetPopup(const Ref<PopupMenu>& menu, bool select);
 
-  // The same in an array, under the control's key too and not under a number; on a dict they leave
-  // the report of CheckArray and do nothing else.
+  // The same in an array, under the control's key too and not under a number; nil throws
+  // NilObjectException. On a dict they leave the report of CheckArray and do nothing else.
   virtual void AppendListbox(const Ref<Listbox>& list);
   virtual void AppendPopup(const Ref<PopupMenu>& menu);
 
@@ -328,7 +330,7 @@ class MORVANTILE_API plistDict final : public Object {
 
   // The one value of a control under its name, without the index: the text of a field or label, the
   // state of a box or button. The control's own state is the default of the getters, so a missing
-  // key leaves the control as it is and stores that.
+  // key leaves the control as it is and stores that. All throw NilObjectException for nil.
   virtual void SetEditField(const Ref<EditField>& field);
   virtual void GetEditField(const Ref<EditField>& field);
   virtual void GetCheckbox(const Ref<CheckBox>& box);
@@ -376,13 +378,15 @@ class MORVANTILE_API plistDict final : public Object {
   [[nodiscard]] virtual std::string PaddedHex(std::int64_t n) const;
 
   // Copies all entries of another node into this one, as Copy does it, in the order of its cursor.
+  // Throws NilObjectException for nil.
   virtual void AppendDict(const Ref<plistDict>& other);
 
   // A new document without a file, whose root holds copies of all entries of `source`. The node
-  // that this is called on plays no part.
+  // that this is called on plays no part. Throws NilObjectException for nil.
   [[nodiscard]] virtual Ref<plist> PlistFromPlistDict(const Ref<plistDict>& source) const;
 
   // Copies all entries of another node into a dict of its name in this one, added if it is missing.
+  // Throws NilObjectException for nil.
   virtual void AppendAsNewChild(const Ref<plistDict>& other);
 
   // As told at MoveNext.

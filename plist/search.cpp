@@ -30,12 +30,12 @@ class ScalarWalk {
   }
 
   // What the walk is at; views and references hold until the tree is changed.
-  plistDict& Node() const { return *node_; }
-  std::string_view Key() const { return key_; }
-  std::string_view Type() const { return entry_->type.View(); }
+  [[nodiscard]] plistDict& Node() const { return *node_; }
+  [[nodiscard]] std::string_view Key() const { return key_; }
+  [[nodiscard]] std::string_view Type() const { return entry_->type.View(); }
   // As GetValue: clears the report, or leaves one for an entry without a text.
-  std::string_view Value() const { return node_->TextOf(*entry_, key_); }
-  bool IsDelivered() const { return entry_->has_mark && entry_->mark; }
+  [[nodiscard]] std::string_view Value() const { return node_->TextOf(*entry_, key_); }
+  [[nodiscard]] bool IsDelivered() const { return entry_->has_mark && entry_->mark; }
   void Mark(bool delivered) { entry_->SetMark(delivered); }
 
  private:

@@ -14,10 +14,10 @@ struct Color {
   std::uint32_t bits = 0;
 
   // The channels.
-  std::int64_t Red() const { return bits >> 16 & 0xFF; }
-  std::int64_t Green() const { return bits >> 8 & 0xFF; }
-  std::int64_t Blue() const { return bits & 0xFF; }
-  std::int64_t Alpha() const { return bits >> 24; }
+  [[nodiscard]] std::int64_t Red() const { return bits >> 16 & 0xFF; }
+  [[nodiscard]] std::int64_t Green() const { return bits >> 8 & 0xFF; }
+  [[nodiscard]] std::int64_t Blue() const { return bits & 0xFF; }
+  [[nodiscard]] std::int64_t Alpha() const { return bits >> 24; }
 
   // Whether all four channels are the same.
   friend bool operator==(const Color&, const Color&) = default;

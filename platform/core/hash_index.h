@@ -16,11 +16,11 @@ class HashIndex {
  public:
   static constexpr std::uint32_t kNone = UINT32_MAX;
 
-  bool IsEmpty() const { return used_ == 0; }
+  [[nodiscard]] bool IsEmpty() const { return used_ == 0; }
 
   // The number under `hash` that `is_meant` accepts, or kNone.
   template <typename IsMeant>
-  std::uint32_t Find(std::uint32_t hash, const IsMeant& is_meant) const {
+  [[nodiscard]] std::uint32_t Find(std::uint32_t hash, const IsMeant& is_meant) const {
     if (used_ == 0) return kNone;
     for (std::size_t at = hash & mask_; cells_[at].number != kNone; at = (at + 1) & mask_) {
       if (cells_[at].hash == hash && is_meant(cells_[at].number)) return cells_[at].number;
@@ -32,7 +32,7 @@ class HashIndex {
   void Expect(std::uint32_t hash) const { __builtin_prefetch(cells_.data() + (hash & mask_)); }
 
   // Whether searches are likely to miss the processor's caches.
-  bool IsLarge() const { return cells_.size() > kCellsInCaches; }
+  [[nodiscard]] bool IsLarge() const { return cells_.size() > kCellsInCaches; }
 
   // Adds a number that isn't there yet, other than kNone.
   void Add(std::uint32_t hash, std::uint32_t number);

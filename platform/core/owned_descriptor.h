@@ -19,7 +19,7 @@ class OwnedDescriptor {
   }
   ~OwnedDescriptor() { Close(); }
 
-  int get() const { return descriptor_; }
+  [[nodiscard]] int get() const { return descriptor_; }
   void Close() {
     if (descriptor_ >= 0) close(std::exchange(descriptor_, -1));
   }

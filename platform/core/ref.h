@@ -95,7 +95,7 @@ class MORVANTILE_API Ref {
   void Retain() {
     if (object_ != nullptr) static_cast<const Object*>(object_)->Retain();
   }
-  T* Checked() const {
+  [[nodiscard]] T* Checked() const {
     if (object_ == nullptr) throw NilObjectException();
     return object_;
   }

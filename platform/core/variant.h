@@ -24,14 +24,14 @@ class MORVANTILE_API Variant {
   Variant(const char* value) : value_(std::string(value)) {}
 
   // Whether it is an integer, or a text that reads as a number as a whole.
-  bool IsNumeric() const;
+  [[nodiscard]] bool IsNumeric() const;
 
   // The integer, or the number that the text begins with, without its fraction; 0 if it begins with
   // none.
-  std::int64_t Integer() const;
+  [[nodiscard]] std::int64_t Integer() const;
 
   // The text, or the integer in decimal digits.
-  std::string String() const;
+  [[nodiscard]] std::string String() const;
 
  private:
   std::variant<std::int64_t, std::string> value_;

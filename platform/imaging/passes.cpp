@@ -115,12 +115,12 @@ HWY_INLINE void StoreDown(D d, hn::VFromD<D> blocks, std::int32_t* band, std::pt
 HWY_INLINE void StoreTransposed(V32 v0, V32 v1, V32 v2, V32 v3, int cut, std::int32_t* band,
                                 std::ptrdiff_t pitch) {
   const auto shorter = [&](V32 v) { return hn::ShiftRightSame(v, cut); };
-  const V32 v02 = hn::BitCast(d32, hn::ReorderDemote2To(d16, shorter(v0), shorter(v2)));
-  const V32 v13 = hn::BitCast(d32, hn::ReorderDemote2To(d16, shorter(v1), shorter(v3)));
+  const V32 v02 = hn::BitCast(kD32, hn::ReorderDemote2To(kD16, shorter(v0), shorter(v2)));
+  const V32 v13 = hn::BitCast(kD32, hn::ReorderDemote2To(kD16, shorter(v1), shorter(v3)));
   const V32 even = hn::OddEven(hn::Shuffle2301(v13), v02);
   const V32 odd = hn::OddEven(v13, hn::Shuffle2301(v02));
-  StoreDown(d32, even, band, 2 * pitch);
-  StoreDown(d32, odd, band + pitch, 2 * pitch);
+  StoreDown(kD32, even, band, 2 * pitch);
+  StoreDown(kD32, odd, band + pitch, 2 * pitch);
 }
 
 // The sums of one column of the result, of the rows of the tile from `row` on.
@@ -144,7 +144,7 @@ HWY_INLINE Vectors<kChannels> ColumnSums(const Task& task, int x, std::ptrdiff_t
 template <int kChannels, bool kExcess>
 void Across(const Task& task, int cut, std::int32_t* band) {
   const std::ptrdiff_t pitch = kChannels * task.plane;
-  const V32 half = hn::Set(d32, 1 << (cut - 1));
+  const V32 half = hn::Set(kD32, 1 << (cut - 1));
   for (int x = 0; x < task.Count(); x += kBlock) {
     for (std::ptrdiff_t row = 0; row < kGroupRows; row += kLanes) {
       const auto column = [&](int i) {
@@ -195,7 +195,7 @@ Share ShareOf(const Task& task, int y, int begin, int end) {
 // The sums of the columns from `x` on before this batch.
 template <int kChannels>
 HWY_INLINE Vectors<kChannels> SumsSoFar(const Task& task, const Share& share, int x) {
-  return share.begins ? AllOf<kChannels>(hn::Zero(d32))
+  return share.begins ? AllOf<kChannels>(hn::Zero(kD32))
                       : Load<kChannels>(share.sums + x, task.plane);
 }
 
@@ -207,7 +207,7 @@ HWY_INLINE void StoreColumns(const Task& task, const Share& share, int x,
   if (!share.ends) return Store(sums, share.sums + x, task.plane);
   const Filter& filter = task.resampling->down;
   const int cut = filter.bits - filter.excess + (kChannels == 4 ? 0 : kOpaqueBits);
-  hn::Stream(FinishedPixels(sums, cut), d32, share.result + x);
+  hn::Stream(FinishedPixels(sums, cut), kD32, share.result + x);
 }
 
 // Adds their shares to a result row and the one below it. Where their windows overlap, samples are

@@ -19,8 +19,8 @@ struct Resampling {
   int sum_rows;  // RowsWithSums of `down`
   Picture* result = nullptr;
 
-  int Width() const { return static_cast<int>(across.first.size()); }
-  int Height() const { return static_cast<int>(down.first.size()); }
+  [[nodiscard]] int Width() const { return static_cast<int>(across.first.size()); }
+  [[nodiscard]] int Height() const { return static_cast<int>(down.first.size()); }
 };
 
 // The most result rows whose windows reach over one and the same sample, so that their sums may

@@ -19,8 +19,8 @@ struct PictureMetadata {
   // taken for sRGB.
   std::shared_ptr<const std::string> profile;
   // The density, in pixels a metre; 0 if it isn't known.
-  int dotsPerMetreX = 0;
-  int dotsPerMetreY = 0;
+  int dots_per_metre_x = 0;
+  int dots_per_metre_y = 0;
 };
 
 // The pixels of a picture: `height` rows of `width` pixels of four bytes, blue, green, red, alpha

@@ -71,7 +71,9 @@ struct Plan {
   int pieces;
   std::size_t work_bytes;
 
-  std::size_t AllBytes() const { return work_bytes * static_cast<std::size_t>(threads); }
+  [[nodiscard]] std::size_t AllBytes() const {
+    return work_bytes * static_cast<std::size_t>(threads);
+  }
 };
 
 // About as many columns as can be made in `bytes`.

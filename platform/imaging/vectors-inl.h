@@ -35,13 +35,13 @@ using V16 = hn::VFromD<D16>;
 using V32 = hn::VFromD<D32>;
 using VF = hn::VFromD<DF>;
 
-constexpr D8 d8;
-constexpr D16 d16;
-constexpr D32 d32;
-constexpr D64 d64;
-constexpr DF df;
+constexpr D8 kD8;
+constexpr D16 kD16;
+constexpr D32 kD32;
+constexpr D64 kD64;
+constexpr DF kDf;
 
-constexpr std::ptrdiff_t kLanes = hn::MaxLanes(d32);
+constexpr std::ptrdiff_t kLanes = hn::MaxLanes(kD32);
 
 // A vector for each channel, as many of them as are kept.
 template <int kChannels>
@@ -60,24 +60,24 @@ HWY_INLINE Vectors<kChannels> AllOf(V32 value) {
 template <int kChannels>
 HWY_INLINE Vectors<kChannels> Load(const std::int32_t* from, std::ptrdiff_t plane) {
   Vectors<kChannels> vectors;
-  for (int c = 0; c < kChannels; ++c) vectors.of[c] = hn::Load(d32, from + plane * c);
+  for (int c = 0; c < kChannels; ++c) vectors.of[c] = hn::Load(kD32, from + plane * c);
   return vectors;
 }
 
 template <int kChannels>
 HWY_INLINE void Store(const Vectors<kChannels>& vectors, std::int32_t* to, std::ptrdiff_t plane) {
-  for (int c = 0; c < kChannels; ++c) hn::Store(vectors.of[c], d32, to + plane * c);
+  for (int c = 0; c < kChannels; ++c) hn::Store(vectors.of[c], kD32, to + plane * c);
 }
 
 // Adds the weighted sum of the neighbours in each pair, cut down by `excess` bits if there are
 // such.
 template <bool kExcess>
 HWY_INLINE V32 AddWeighted(V32 sum, V16 samples, V16 weights, int excess) {
-  V32 rest = hn::Zero(d32);
-  const V32 products = hn::ReorderWidenMulAccumulate(d32, samples, weights, hn::Zero(d32), rest);
+  V32 rest = hn::Zero(kD32);
+  const V32 products = hn::ReorderWidenMulAccumulate(kD32, samples, weights, hn::Zero(kD32), rest);
   V32 weighted = hn::RearrangeToOddPlusEven(products, rest);
   if constexpr (kExcess) {
-    const V32 half = hn::Set(d32, 1 << (excess - 1));
+    const V32 half = hn::Set(kD32, 1 << (excess - 1));
     weighted = hn::ShiftRightSame(hn::Add(weighted, half), excess);
   }
   return hn::Add(sum, weighted);
@@ -86,7 +86,7 @@ HWY_INLINE V32 AddWeighted(V32 sum, V16 samples, V16 weights, int excess) {
 HWY_INLINE V16 WeightsOfPair(const std::int16_t* weights) {
   std::int32_t both;
   std::memcpy(&both, weights, sizeof(both));
-  return hn::BitCast(d16, hn::Set(d32, both));
+  return hn::BitCast(kD16, hn::Set(kD32, both));
 }
 
 // Adds the pairs of samples, weighted, to the sums of their channels.
@@ -95,7 +95,7 @@ HWY_INLINE void Add(const Vectors<kChannels>& pairs, const std::int16_t* weights
                     Vectors<kChannels>& sums) {
   const V16 weight = WeightsOfPair(weights);
   for (int c = 0; c < kChannels; ++c) {
-    sums.of[c] = AddWeighted<kExcess>(sums.of[c], hn::BitCast(d16, pairs.of[c]), weight, excess);
+    sums.of[c] = AddWeighted<kExcess>(sums.of[c], hn::BitCast(kD16, pairs.of[c]), weight, excess);
   }
 }
 

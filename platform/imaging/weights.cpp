@@ -20,7 +20,7 @@ constexpr int kSumBits = 16;
 struct Range {
   int begin, end;
 
-  int Size() const { return end - begin; }
+  [[nodiscard]] int Size() const { return end - begin; }
 };
 
 // How the two axes lie to each other.
@@ -33,11 +33,11 @@ class Geometry {
         support_(kLobes * reduction_ * (1 - 1e-9)) {}
 
   // Source samples per result sample, but at least 1.
-  double Reduction() const { return reduction_; }
+  [[nodiscard]] double Reduction() const { return reduction_; }
   // Where a result sample lies among those of the source.
-  double Centre(int i) const { return (i + 0.5) * scale_ - 0.5; }
+  [[nodiscard]] double Centre(int i) const { return (i + 0.5) * scale_ - 0.5; }
   // The source samples less than the support of the filter away from there.
-  Range Window(int i) const {
+  [[nodiscard]] Range Window(int i) const {
     const double centre = Centre(i);
     const int begin = centre < support_ ? 0 : static_cast<int>(centre - support_) + 1;
     const int end = std::min(source_size_, static_cast<int>(centre + support_) + 1);

@@ -31,7 +31,7 @@ struct Filter {
   // exactly 1 << bits.
   std::vector<std::int16_t> weights;
 
-  const std::int16_t* WeightsOf(int i) const {
+  [[nodiscard]] const std::int16_t* WeightsOf(int i) const {
     return weights.data() + std::ptrdiff_t{2} * pairs * i;
   }
 };

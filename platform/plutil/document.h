@@ -47,17 +47,17 @@ class Object {
     return {kind, first, count};
   }
 
-  Kind Is() const { return static_cast<Kind>(kind_); }
-  std::uint64_t Bits() const { return payload_; }
-  double AsReal() const { return std::bit_cast<double>(payload_); }
-  std::string_view AsBytes() const {
+  [[nodiscard]] Kind Is() const { return static_cast<Kind>(kind_); }
+  [[nodiscard]] std::uint64_t Bits() const { return payload_; }
+  [[nodiscard]] double AsReal() const { return std::bit_cast<double>(payload_); }
+  [[nodiscard]] std::string_view AsBytes() const {
     return {std::bit_cast<const char*>(static_cast<std::uintptr_t>(payload_)), Size()};
   }
 
   // Of bytes and texts, their number; of containers, that of their references.
-  std::size_t Size() const { return size_; }
+  [[nodiscard]] std::size_t Size() const { return size_; }
   // Of containers, the place of the first reference.
-  std::size_t First() const { return payload_; }
+  [[nodiscard]] std::size_t First() const { return payload_; }
 
  private:
   Object(Kind kind, std::uint64_t payload, std::uint64_t size)
@@ -82,7 +82,7 @@ struct Document {
   std::vector<Object> objects;
   std::vector<ObjectIndex> references;
 
-  std::span<const ObjectIndex> ReferencesOf(const Object& container) const {
+  [[nodiscard]] std::span<const ObjectIndex> ReferencesOf(const Object& container) const {
     return {references.data() + container.First(), container.Size()};
   }
 

@@ -48,7 +48,7 @@ class Output {
   void Flush() { sink_({buffer_.data(), std::exchange(used_, 0)}); }
 
   // The number of bytes appended so far.
-  std::uint64_t Size() const { return size_; }
+  [[nodiscard]] std::uint64_t Size() const { return size_; }
 
  private:
   static constexpr std::size_t kBufferSize = std::size_t{64} * 1024;

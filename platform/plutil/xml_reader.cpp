@@ -76,9 +76,9 @@ class TextInPlace {
   // Adds a piece that holds none.
   void AddVerbatim(std::span<char> piece);
 
-  char* Begin() const { return begin_; }
-  std::size_t Size() const { return size_; }
-  std::string_view View() const { return {begin_, size_}; }
+  [[nodiscard]] char* Begin() const { return begin_; }
+  [[nodiscard]] std::size_t Size() const { return size_; }
+  [[nodiscard]] std::string_view View() const { return {begin_, size_}; }
 
  private:
   void Append(char* piece, std::size_t size);

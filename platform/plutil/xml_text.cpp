@@ -66,7 +66,7 @@ class EntityDecoder {
   void CopyToNextAmpersand();
   bool DecodeReference();
   bool DecodeCharacter(std::string_view reference);
-  bool IsDefined(std::string_view reference) const;
+  [[nodiscard]] bool IsDefined(std::string_view reference) const;
   bool Fail(std::string_view problem);
   void Put(std::string_view bytes, std::size_t length_of_reference);
 

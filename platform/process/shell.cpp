@@ -32,7 +32,7 @@ class RunningCommand {
   RunningCommand(const std::string& command, char* const* environment);
 
   // The status of the command once it has ended.
-  std::optional<int> Ended() const;
+  [[nodiscard]] std::optional<int> Ended() const;
   void WaitForNews() const;
   void ReadOutput(std::string& output);
   void Kill() const;

@@ -50,7 +50,7 @@ struct Address {
   sockaddr_un name{};
   socklen_t size = 0;
 
-  const sockaddr* get() const { return reinterpret_cast<const sockaddr*>(&name); }
+  [[nodiscard]] const sockaddr* get() const { return reinterpret_cast<const sockaddr*>(&name); }
 };
 
 // A name that begins with a NUL is in the abstract namespace.

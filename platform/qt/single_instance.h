@@ -30,7 +30,7 @@ class SingleInstance {
   SingleInstance& operator=(const SingleInstance&) = delete;
 
   // Whether another run has answered. This one has nothing to do then.
-  bool AnotherRunAnswered() const { return answered_; }
+  [[nodiscard]] bool AnotherRunAnswered() const { return answered_; }
 
   // From now on `notify` is called for each further start, on a thread of its own, and the start
   // waits for AnswerAll. Before, starts are answered at once.

@@ -37,7 +37,7 @@ class ShortAscii {
 
   // Looks for a folded part that isn't empty. Tries each place where it might begin: over a short
   // text that is fast enough.
-  bool Holds(std::string_view part) const {
+  [[nodiscard]] bool Holds(std::string_view part) const {
     if (part.size() > size_) return false;
     const char* at = bytes_.data();
     const char* const last = at + (size_ - part.size());

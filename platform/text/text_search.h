@@ -24,9 +24,9 @@ class Occurrences {
   void SkipCharacters(std::int64_t count);
 
   // Where the current occurrence begins and ends, in bytes, and its position in characters.
-  std::size_t Begin() const { return begin_.text; }
-  std::size_t End() const { return end_.text; }
-  std::int64_t Position() const { return begin_.characters + 1; }
+  [[nodiscard]] std::size_t Begin() const { return begin_.text; }
+  [[nodiscard]] std::size_t End() const { return end_.text; }
+  [[nodiscard]] std::int64_t Position() const { return begin_.characters + 1; }
 
  private:
   // The same place in the text and in its folding, which map one character to one.
@@ -53,7 +53,7 @@ class TextPattern {
 
   // Whether the part occurs in the text, as Occurrences finds it; an empty one occurs in every
   // text. Takes time linear in the text.
-  bool OccursIn(std::string_view text) const;
+  [[nodiscard]] bool OccursIn(std::string_view text) const;
 
  private:
   std::string part_;

@@ -15,16 +15,16 @@ namespace morvantile {
 class MORVANTILE_API Clipboard {
  public:
   // Whether Picture() would give one: something is there that can really be read as a picture.
-  bool PictureAvailable() const;
+  [[nodiscard]] bool PictureAvailable() const;
   // The picture on the clipboard; nil if there is none, or one that is broken or larger than a
   // Picture can be.
-  Ref<morvantile::Picture> Picture() const;
+  [[nodiscard]] Ref<morvantile::Picture> Picture() const;
   // Replaces the clipboard's content. Every other representation that was there goes. Throws
   // NilObjectException for nil.
   void SetPicture(const Ref<morvantile::Picture>& picture);
 
   // The text on the clipboard, UTF-8; empty if there is none.
-  std::string Text() const;
+  [[nodiscard]] std::string Text() const;
   // Replaces the clipboard's content.
   void SetText(const std::string& text);
 

@@ -7,17 +7,17 @@
 namespace morvantile {
 
 void HeadlessHost::SetClipboardPicture(const Ref<Picture>& picture) {
-  clipboardPicture = picture;
-  clipboardText.clear();
+  clipboard_picture = picture;
+  clipboard_text.clear();
 }
 
 void HeadlessHost::SetClipboardText(const std::string& text) {
-  clipboardPicture = nullptr;
-  clipboardText = text;
+  clipboard_picture = nullptr;
+  clipboard_text = text;
 }
 
 void HeadlessHost::ShowModal(const Ref<Window>& window) {
-  ++windowsShown;
+  ++windows_shown;
   window->UserActivated();
   if (!scripts.empty()) {
     const std::function<void(Window&)> script = std::move(scripts.front());

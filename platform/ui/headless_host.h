@@ -19,8 +19,8 @@ namespace morvantile {
 class MORVANTILE_API HeadlessHost : public Host {
  public:
   // What is on the clipboard: a picture, or a text.
-  Ref<Picture> clipboardPicture;
-  std::string clipboardText;
+  Ref<Picture> clipboard_picture;
+  std::string clipboard_text;
 
   // The screens that there are.
   std::vector<ScreenGeometry> screens = {{1440, 900, 0, 23, 1440, 877}};
@@ -32,11 +32,11 @@ class MORVANTILE_API HeadlessHost : public Host {
   // What happened, in order.
   std::vector<std::string> messages;
   std::vector<std::string> addresses;
-  int windowsShown = 0;
+  int windows_shown = 0;
 
-  Ref<Picture> ClipboardPicture() override { return clipboardPicture; }
+  Ref<Picture> ClipboardPicture() override { return clipboard_picture; }
   void SetClipboardPicture(const Ref<Picture>& picture) override;
-  std::string ClipboardText() override { return clipboardText; }
+  std::string ClipboardText() override { return clipboard_text; }
   void SetClipboardText(const std::string& text) override;
   std::vector<ScreenGeometry> Screens() override { return screens; }
   void ShowMessage(const std::string& text) override { messages.push_back(text); }

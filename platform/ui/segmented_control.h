@@ -20,7 +20,7 @@ class SegmentedControlItem {
   std::string HelpTag;
   std::string AccessibleName;
 
-  bool Selected() const { return selected_; }
+  [[nodiscard]] bool Selected() const { return selected_; }
   // Selecting a segment takes the selection from the others; no event is raised.
   void SetSelected(bool selected);
 

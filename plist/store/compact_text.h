@@ -44,7 +44,7 @@ class CompactText {
   }
 
   // The text; the bytes belong to the object and go, or move, with it.
-  std::string_view View() const {
+  [[nodiscard]] std::string_view View() const {
     if (IsOutside()) return ViewOutside();
     return {bytes_.data(), static_cast<std::size_t>(bytes_[kInside])};
   }
@@ -53,10 +53,10 @@ class CompactText {
   static constexpr std::size_t kInside = kSize - 1;
   static constexpr char kOutsideMark = kInside + 1;
 
-  bool IsOutside() const { return bytes_[kInside] == kOutsideMark; }
+  [[nodiscard]] bool IsOutside() const { return bytes_[kInside] == kOutsideMark; }
   void StoreOutside(std::string_view text);
   void ReleaseOutside();
-  std::string_view ViewOutside() const;
+  [[nodiscard]] std::string_view ViewOutside() const;
 
   // The text and in the last byte its length; or a pointer to a block that holds the length and the
   // text, and in the last byte the mark.

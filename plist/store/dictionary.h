@@ -30,9 +30,9 @@ namespace morvantile {
 template <typename T>
 class Dictionary {
  public:
-  std::size_t Count() const { return live_; }
+  [[nodiscard]] std::size_t Count() const { return live_; }
 
-  bool HasKey(std::string_view key) const { return Find(key) != nullptr; }
+  [[nodiscard]] bool HasKey(std::string_view key) const { return Find(key) != nullptr; }
 
   // The value under `key`; throws KeyNotFoundException if there is none.
   T& Value(std::string_view key) {
@@ -46,7 +46,7 @@ class Dictionary {
     const std::size_t at = PositionOf(key);
     return at == kNone ? nullptr : &slots_[at].value;
   }
-  const T* Find(std::string_view key) const {
+  [[nodiscard]] const T* Find(std::string_view key) const {
     const std::size_t at = PositionOf(key);
     return at == kNone ? nullptr : &slots_[at].value;
   }
@@ -84,7 +84,7 @@ class Dictionary {
 
   // Whether the keys are just "0", "1" and so on, each at the position of its number. May be false
   // for keys that became so by removal or renaming.
-  bool IsNumbered() const { return numbered_; }
+  [[nodiscard]] bool IsNumbered() const { return numbered_; }
 
   void Clear() { *this = Dictionary(); }
 
@@ -110,8 +110,8 @@ class Dictionary {
   // The number that the key is the text of, as Str prints it; or kNone.
   static std::size_t NumberIn(std::string_view key);
 
-  std::size_t PositionOf(std::string_view key) const;
-  std::size_t PositionOf(std::string_view key, std::uint32_t hash) const;
+  [[nodiscard]] std::size_t PositionOf(std::string_view key) const;
+  [[nodiscard]] std::size_t PositionOf(std::string_view key, std::uint32_t hash) const;
   T& Append(std::string_view key, std::uint32_t hash);
   void LeaveNumbering();
   void RebuildIndex();

@@ -60,7 +60,7 @@ struct Entry {
 class Entries {
  public:
   Dictionary<Entry>& Listed() { return listed_; }
-  std::size_t Count() const { return listed_.Count(); }
+  [[nodiscard]] std::size_t Count() const { return listed_.Count(); }
 
   // The entry of a key that has a type, or null.
   Entry* FindListed(std::string_view key) { return listed_.Find(key); }

@@ -54,15 +54,15 @@ class TypeWord {
   }
 
   // Whether the word is `known`, without regard to letter case.
-  bool Is(Known known) const {
+  [[nodiscard]] bool Is(Known known) const {
     return IsKnown() ? word_ == &kKnown[known] : SameText(View(), kKnown[known].view);
   }
 
   // Whether the word is that of a dict or an array.
-  bool IsContainer() const { return Is(kDict) || Is(kArray); }
+  [[nodiscard]] bool IsContainer() const { return Is(kDict) || Is(kArray); }
 
   // The word; the bytes belong to the object and go with it.
-  std::string_view View() const { return word_->view; }
+  [[nodiscard]] std::string_view View() const { return word_->view; }
 
  private:
   struct Word {
@@ -84,7 +84,7 @@ class TypeWord {
                                                   {"dict"},
                                                   {"array"}}};
 
-  bool IsKnown() const {
+  [[nodiscard]] bool IsKnown() const {
     return !std::less<>()(word_, kKnown.data()) &&
            std::less<>()(word_, kKnown.data() + kKnown.size());
   }

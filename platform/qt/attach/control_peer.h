@@ -22,8 +22,8 @@ class PeerOf : public ControlPeer {
   }
 
  protected:
-  C& control() const { return *control_; }
-  W& widget() const { return *widget_; }
+  [[nodiscard]] C& control() const { return *control_; }
+  [[nodiscard]] W& widget() const { return *widget_; }
 
  private:
   Ref<C> control_;

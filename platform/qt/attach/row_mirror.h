@@ -40,7 +40,7 @@ class RowMirror : public QObject, public ListPeer {
 
  private:
   void Follow();
-  std::vector<std::string> WidgetRow(int row) const;
+  [[nodiscard]] std::vector<std::string> WidgetRow(int row) const;
   void WriteRow(int row);
   void ApplyQuietly(const std::function<void()>& change);
 

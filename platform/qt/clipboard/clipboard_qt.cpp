@@ -21,11 +21,13 @@ class OfferedPicture : public QMimeData {
  public:
   explicit OfferedPicture(std::shared_ptr<PictureOffer> offer) : offer_(std::move(offer)) {}
 
-  QStringList formats() const override { return PictureOffer::Formats(); }
-  bool hasFormat(const QString& format) const override { return formats().contains(format); }
+  [[nodiscard]] QStringList formats() const override { return PictureOffer::Formats(); }
+  [[nodiscard]] bool hasFormat(const QString& format) const override {
+    return formats().contains(format);
+  }
 
  protected:
-  QVariant retrieveData(const QString& format, QMetaType /*type*/) const override {
+  [[nodiscard]] QVariant retrieveData(const QString& format, QMetaType /*type*/) const override {
     return offer_->In(format);
   }
 

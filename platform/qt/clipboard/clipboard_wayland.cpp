@@ -51,7 +51,7 @@ class DataControlClipboard : public SystemClipboard {
   DataControlClipboard(const DataControlClipboard&) = delete;
   DataControlClipboard& operator=(const DataControlClipboard&) = delete;
 
-  bool Ready() const { return device_ != nullptr; }
+  [[nodiscard]] bool Ready() const { return device_ != nullptr; }
 
   Ref<Picture> ReadPicture() override {
     wl_display_roundtrip(display_);

@@ -99,8 +99,8 @@ QImage ImageOver(const Ref<Picture>& picture) {
   if (metadata.profile != nullptr) {
     image.setColorSpace(QColorSpace::fromIccProfile(QByteArray::fromStdString(*metadata.profile)));
   }
-  image.setDotsPerMeterX(metadata.dotsPerMetreX);
-  image.setDotsPerMeterY(metadata.dotsPerMetreY);
+  image.setDotsPerMeterX(metadata.dots_per_metre_x);
+  image.setDotsPerMeterY(metadata.dots_per_metre_y);
   return image;
 }
 
@@ -154,8 +154,8 @@ Ref<Picture> DecodePicture(QByteArray encoded) {
   if (!reader.read(&image) || IsTooLarge(image.size())) return nullptr;
   Ref<Picture> picture = PictureOver(image);
   if (picture == nullptr || !fits || image.dotsPerMeterX() == kUnknown) return picture;
-  picture->metadata.dotsPerMetreX = image.dotsPerMeterX();
-  picture->metadata.dotsPerMetreY = image.dotsPerMeterY();
+  picture->metadata.dots_per_metre_x = image.dotsPerMeterX();
+  picture->metadata.dots_per_metre_y = image.dotsPerMeterY();
   return picture;
 }
 

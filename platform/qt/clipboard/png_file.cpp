@@ -101,11 +101,11 @@ void WriteMetadata(PngWriter& file, const PictureMetadata& metadata) {
       file.Data(Compressed(metadata.profile->data(), metadata.profile->size(), kLevel));
     });
   }
-  if (metadata.dotsPerMetreX > 0 && metadata.dotsPerMetreY > 0) {
+  if (metadata.dots_per_metre_x > 0 && metadata.dots_per_metre_y > 0) {
     constexpr std::uint32_t kUnitIsMetre = 1;
     file.Chunk("pHYs", [&] {
-      file.Number(static_cast<std::uint32_t>(metadata.dotsPerMetreX));
-      file.Number(static_cast<std::uint32_t>(metadata.dotsPerMetreY));
+      file.Number(static_cast<std::uint32_t>(metadata.dots_per_metre_x));
+      file.Number(static_cast<std::uint32_t>(metadata.dots_per_metre_y));
       file.Byte(kUnitIsMetre);
     });
   }

@@ -66,13 +66,13 @@ struct RowPair {
 };
 
 // Writes the differences, and returns the sum of their amounts.
-template <int (*Expected)(int, int, int)>
+template <int (*kExpected)(int, int, int)>
 unsigned Filter(const RowPair& pair, std::uint8_t* out) {
   unsigned sum = 0;
   for (std::size_t i = 0; i < pair.bytes; ++i) {
     const std::uint8_t* byte = pair.row + i;
     const std::uint8_t* above = pair.above + i;
-    const int expected = Expected(byte[-pair.pixel_bytes], *above, above[-pair.pixel_bytes]);
+    const int expected = kExpected(byte[-pair.pixel_bytes], *above, above[-pair.pixel_bytes]);
     out[i] = static_cast<std::uint8_t>(*byte - expected);
     sum += std::min<unsigned>(out[i], 256U - out[i]);
   }

@@ -26,14 +26,14 @@ class Palette {
   // False for a colour too many.
   bool Add(Colour colour);
   // The place of a colour that has been added.
-  int IndexOf(Colour colour) const { return slots_[SlotOf(colour)]; }
-  const std::vector<Colour>& Colours() const { return colours_; }
+  [[nodiscard]] int IndexOf(Colour colour) const { return slots_[SlotOf(colour)]; }
+  [[nodiscard]] const std::vector<Colour>& Colours() const { return colours_; }
 
  private:
   static constexpr std::int16_t kFree = -1;
   static constexpr int kSlotBits = 10;
 
-  std::size_t SlotOf(Colour colour) const;
+  [[nodiscard]] std::size_t SlotOf(Colour colour) const;
 
   std::vector<Colour> colours_;
   std::array<std::int16_t, std::size_t{1} << kSlotBits> slots_{};
@@ -49,7 +49,7 @@ struct Layout {
   int channels;  // samples of a pixel
   Palette palette;
 
-  std::size_t RowBytes(int width) const {
+  [[nodiscard]] std::size_t RowBytes(int width) const {
     return (static_cast<std::size_t>(width) * static_cast<std::size_t>(bits * channels) + 7) / 8;
   }
 };

@@ -15,13 +15,13 @@ class Interface : public QAccessibleWidget {
   Interface(QWidget* widget, AccessibleWidget* about)
       : QAccessibleWidget(widget, about->Role()), about_(about) {}
 
-  QString text(QAccessible::Text kind) const override {
+  [[nodiscard]] QString text(QAccessible::Text kind) const override {
     const auto* label = qobject_cast<QLabel*>(widget());
     return label != nullptr && kind == QAccessible::Name ? label->text()
                                                          : QAccessibleWidget::text(kind);
   }
 
-  QAccessible::State state() const override {
+  [[nodiscard]] QAccessible::State state() const override {
     QAccessible::State state = QAccessibleWidget::state();
     if (const QAbstractButton* button = Button()) {
       state.checkable = true;
@@ -30,7 +30,7 @@ class Interface : public QAccessibleWidget {
     return state;
   }
 
-  QStringList actionNames() const override {
+  [[nodiscard]] QStringList actionNames() const override {
     QStringList names = QAccessibleWidget::actionNames();
     if (about_->IsPressable()) names.prepend(ActionName());
     return names;
@@ -46,8 +46,10 @@ class Interface : public QAccessibleWidget {
   }
 
  private:
-  QAbstractButton* Button() const { return qobject_cast<QAbstractButton*>(widget()); }
-  const QString& ActionName() const { return Button() != nullptr ? toggleAction() : pressAction(); }
+  [[nodiscard]] QAbstractButton* Button() const { return qobject_cast<QAbstractButton*>(widget()); }
+  [[nodiscard]] const QString& ActionName() const {
+    return Button() != nullptr ? toggleAction() : pressAction();
+  }
 
   AccessibleWidget* about_;
 };
@@ -63,15 +65,15 @@ class SliderInterface : public QAccessibleWidget, public QAccessibleValueInterfa
                                                : QAccessibleWidget::interface_cast(type);
   }
 
-  QVariant currentValue() const override { return Meaning(slider_->value()); }
-  QVariant minimumValue() const override { return Meaning(slider_->minimum()); }
-  QVariant maximumValue() const override { return Meaning(slider_->maximum()); }
-  QVariant minimumStepSize() const override { return Meaning(slider_->singleStep()); }
+  [[nodiscard]] QVariant currentValue() const override { return Meaning(slider_->value()); }
+  [[nodiscard]] QVariant minimumValue() const override { return Meaning(slider_->minimum()); }
+  [[nodiscard]] QVariant maximumValue() const override { return Meaning(slider_->maximum()); }
+  [[nodiscard]] QVariant minimumStepSize() const override { return Meaning(slider_->singleStep()); }
   void setCurrentValue(const QVariant& value) override {
     slider_->setValue(qRound(value.toDouble() / slider_->AccessibleUnit()));
   }
 
-  QStringList actionNames() const override {
+  [[nodiscard]] QStringList actionNames() const override {
     return QAccessibleWidget::actionNames() << increaseAction() << decreaseAction();
   }
   void doAction(const QString& name) override {
@@ -85,7 +87,7 @@ class SliderInterface : public QAccessibleWidget, public QAccessibleValueInterfa
   }
 
  private:
-  int Meaning(int value) const { return value * slider_->AccessibleUnit(); }
+  [[nodiscard]] int Meaning(int value) const { return value * slider_->AccessibleUnit(); }
 
   SliderWidget* slider_;
 };

@@ -15,9 +15,9 @@ class AccessibleWidget {
   AccessibleWidget& operator=(const AccessibleWidget&) = delete;
   virtual ~AccessibleWidget() = default;
 
-  virtual QAccessible::Role Role() const = 0;
+  [[nodiscard]] virtual QAccessible::Role Role() const = 0;
   // Whether there is something to press, and what does the same as a click on it.
-  virtual bool IsPressable() const { return false; }
+  [[nodiscard]] virtual bool IsPressable() const { return false; }
   virtual void Press() {}
 };
 

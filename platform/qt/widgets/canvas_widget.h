@@ -13,8 +13,8 @@ class CanvasWidget : public QWidget, public AccessibleWidget {
  public:
   CanvasWidget(Canvas& canvas, QWidget& parent);
 
-  QAccessible::Role Role() const override;
-  bool IsPressable() const override { return canvas_->MouseDown != nullptr; }
+  [[nodiscard]] QAccessible::Role Role() const override;
+  [[nodiscard]] bool IsPressable() const override { return canvas_->MouseDown != nullptr; }
   void Press() override { canvas_->UserMouseDown(0, 0); }
 
  protected:
@@ -23,7 +23,7 @@ class CanvasWidget : public QWidget, public AccessibleWidget {
 
  private:
   // How large it is drawn.
-  double Scale() const;
+  [[nodiscard]] double Scale() const;
 
   Ref<Canvas> canvas_;
 };

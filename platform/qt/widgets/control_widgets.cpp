@@ -79,10 +79,10 @@ class LabelWidget : public QLabel, public AccessibleWidget {
     setTextFormat(Qt::PlainText);
   }
 
-  QAccessible::Role Role() const override {
+  [[nodiscard]] QAccessible::Role Role() const override {
     return IsPressable() ? QAccessible::Link : QAccessible::StaticText;
   }
-  bool IsPressable() const override { return label_->MouseDown != nullptr; }
+  [[nodiscard]] bool IsPressable() const override { return label_->MouseDown != nullptr; }
   void Press() override { label_->UserMouseDown(0, 0); }
 
  protected:
@@ -112,7 +112,7 @@ class LabelPeer : public PeerOf<Label, LabelWidget> {
   }
 
  private:
-  Qt::Alignment Alignment() const {
+  [[nodiscard]] Qt::Alignment Alignment() const {
     switch (control().TextAlign) {
       case Label::kAlignCenter:
         return Qt::AlignCenter;

@@ -22,8 +22,8 @@ class SegmentButton : public QAbstractButton, public AccessibleWidget {
     setAttribute(Qt::WA_Hover);
   }
 
-  QAccessible::Role Role() const override { return QAccessible::RadioButton; }
-  bool IsPressable() const override { return true; }
+  [[nodiscard]] QAccessible::Role Role() const override { return QAccessible::RadioButton; }
+  [[nodiscard]] bool IsPressable() const override { return true; }
   void Press() override { click(); }
 
  protected:
@@ -44,7 +44,7 @@ class SegmentButton : public QAbstractButton, public AccessibleWidget {
  private:
   // The button's edge. It is rounded only at the ends of the bar, and a button draws over the edge
   // of its neighbour, so that there is one line between two of them.
-  QPainterPath Outline() const {
+  [[nodiscard]] QPainterPath Outline() const {
     QRectF box = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
     if ((ends_ & kLast) == 0) box.setRight(box.right() + 1);
     QPainterPath path;
@@ -57,11 +57,11 @@ class SegmentButton : public QAbstractButton, public AccessibleWidget {
     return path.simplified();
   }
 
-  QColor TextColor() const {
+  [[nodiscard]] QColor TextColor() const {
     return palette().color(isChecked() ? QPalette::HighlightedText : QPalette::ButtonText);
   }
 
-  QColor FillColor() const {
+  [[nodiscard]] QColor FillColor() const {
     if (isChecked()) {
       return WithContrast(palette().color(QPalette::Highlight), TextColor(), kContrastOfText);
     }
@@ -69,7 +69,7 @@ class SegmentButton : public QAbstractButton, public AccessibleWidget {
     return underMouse() ? base.lighter(108) : base;
   }
 
-  QColor BorderColor() const {
+  [[nodiscard]] QColor BorderColor() const {
     const QColor button = palette().color(QPalette::Button);
     return button.lightness() > 127 ? button.darker(140) : button.lighter(180);
   }

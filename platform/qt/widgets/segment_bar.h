@@ -16,7 +16,7 @@ class SegmentBar : public QWidget, public AccessibleWidget {
   // For a window drawn at `scale`.
   SegmentBar(SegmentedControl& control, QWidget& parent, double scale);
 
-  QAccessible::Role Role() const override { return QAccessible::Grouping; }
+  [[nodiscard]] QAccessible::Role Role() const override { return QAccessible::Grouping; }
 
   // Takes over selection and help tags of the control.
   void ShowState(SegmentedControl& control);

@@ -15,14 +15,14 @@ class SliderWidget : public QSlider {
       : QSlider(Qt::Horizontal, &parent), slider_(&slider) {}
 
   // What a step means to who has the value read out.
-  int AccessibleUnit() const { return slider_->AccessibleUnit; }
+  [[nodiscard]] int AccessibleUnit() const { return slider_->AccessibleUnit; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
 
  private:
-  QRectF HandleRectangle() const;
+  [[nodiscard]] QRectF HandleRectangle() const;
   void DrawTicks(QPainter& painter) const;
 
   const Slider* slider_;
