@@ -14,7 +14,7 @@
 namespace morvantile {
 namespace {
 
-// Larger ones are decoded all the same, but not within the time that a fuzzer gives to one input.
+// Larger ones are decoded all the same, but not within the time that a fuzzer allows for one input.
 constexpr std::int64_t kMostPixels = std::int64_t{1} << 20;
 
 bool IsSmall(QByteArray& file) {

@@ -96,7 +96,7 @@ class Trees {
         break;
       default: {
         const Ref<plistDict> child = node.child(key);
-        Require(child || had_key, "a free key gives a child");
+        Require(child || had_key, "a free key makes a child");
       }
     }
   }
@@ -215,7 +215,7 @@ class Trees {
         std::int64_t seen = 0;
         for (node.MoveFirst(); !node.eof && seen <= node.count(); node.MoveNext()) {
           const std::string key = node.CurrentKey();
-          Require(node.Exists(key) || node.count() == 0, "the cursor stands on a key");
+          Require(node.Exists(key) || node.count() == 0, "the cursor is on a key");
           ++seen;
         }
         Require(seen == std::max<std::int64_t>(node.count(), 1), "the cursor sees every key once");

@@ -57,9 +57,9 @@ bool plistDict::HasRepeatedNames() const {
   return childrenNames.size() > different_names + 1;
 }
 
-// Takes the nodes of the element `number` out where a file has repeated keys, if it is a container,
-// and gives those of the elements behind it, up to `last`, the number before theirs. The entries
-// forget the places of all nodes, which are to be found anew.
+// For a tree whose file repeats keys: removes all nodes of the element `number`, if it is a
+// container, and renames those of the following elements, up to `last`, to the number before theirs.
+// The entries forget the places of all nodes; IndexChildren finds them again.
 void plistDict::RemoveAmongRepeated(std::int64_t number, std::int64_t last, bool is_container) {
   std::size_t kept = 1;
   for (std::size_t place = 1; place < childrenNames.size(); ++place) {

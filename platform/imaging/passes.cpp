@@ -75,7 +75,7 @@ HWY_INLINE void FetchAhead(const std::uint8_t* const* rows, int x, int width) {
 }
 
 // Fills the tile from the group whose first pair of rows is `row_pair`. Rows outside of the source
-// have weight 0; the nearest one stands in for them.
+// have weight 0; the nearest one is used for them.
 template <int kChannels>
 void Convert(const Task& task, int row_pair) {
   const Picture& source = *task.resampling->source;
@@ -140,7 +140,7 @@ HWY_INLINE Vectors<kChannels> ColumnSums(const Task& task, int x, std::ptrdiff_t
 }
 
 // Resamples the rows of the tile into the pairs of rows from `band` on, cutting `cut` bits off. The
-// last column stands in for those that only fill up a block.
+// last column is used for those that only fill up a block.
 template <int kChannels, bool kExcess>
 void Across(const Task& task, int cut, std::int32_t* band) {
   const std::ptrdiff_t pitch = kChannels * task.plane;

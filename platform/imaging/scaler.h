@@ -15,9 +15,9 @@ namespace morvantile {
 //
 // The method is Lanczos with three lobes, widened by the reduction factor, its weights normalised
 // over the samples that exist; pixel centres are aligned, colours are weighted by alpha, and no
-// gamma is applied. Each channel of a pixel whose alpha is 255 is within one level of what exact
-// arithmetic gives, and so are alpha and the colours times alpha elsewhere. The original size gives
-// the same pixels, bit for bit.
+// gamma is applied. Each channel of a pixel whose alpha is 255 is within one level of the exact
+// result, and so are alpha and the colours times alpha elsewhere. The original size
+// returns the same pixels, bit for bit.
 //
 // The result has alpha if the source has. At any other size than the original, the alpha bytes of
 // an opaque result are 255, and a pixel whose alpha comes to 0 is 0 in all channels. The bytes are

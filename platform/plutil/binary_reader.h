@@ -23,7 +23,7 @@
 //   An, Bn, Cn    array, ordered set, set of n references to objects
 //   Dn            dict of n references to keys and then n references to values
 //
-// An n of 15 stands for a size that follows as an integer object of its own. A reference is the
+// An n of 15 means that the size follows, as an integer object. A reference is the
 // number of an object, which is its place in the offset table.
 
 #ifndef MORVANTILE_PLATFORM_PLUTIL_BINARY_READER_H

@@ -19,7 +19,7 @@ enum class Form { kXml, kBinary };
 // Time is linear in the larger of the two sizes, and nesting is bounded by memory alone. Memory,
 // the content included, stays below 8 times the larger size where the elements of an XML file take
 // 16 characters or more on average, and below 16 times in any case. A binary file may refer to one
-// object many times, so that a small file stands for a huge XML text; one of more than 64 MiB and
+// object many times, so that a small file may hold a huge XML text; one of more than 64 MiB and
 // 100 times the file's size is refused.
 //
 // What has no counterpart in the other form is refused and not lost: a null, a UID or an integer

@@ -27,7 +27,7 @@ std::optional<double> RealFromText(std::string_view text);
 std::optional<double> DateFromText(std::string_view text);
 
 // Decodes the base64 text of `size` bytes in place, white space in it or not, and returns the
-// number of bytes that it stands for.
+// number of bytes that it encodes.
 std::optional<std::size_t> DecodeBase64(char* text, std::size_t size);
 
 std::string TextOfInteger(const Object& integer);

@@ -295,7 +295,7 @@ bool XmlReader::CloseContainer() {
   return true;
 }
 
-// Makes a dict with the one key "CF$UID" the UID that it stands for. Key and value are the last two
+// Makes a dict with the one key "CF$UID" the UID that it encodes. Key and value are the last two
 // objects of the document then.
 bool XmlReader::MakeUid(const Level& level) {
   if (!level.is_dict || children_.size() - level.first_child != 2) return false;

@@ -19,7 +19,7 @@ constexpr std::array kEntities = {std::pair{"amp;"sv, '&'}, std::pair{"lt;"sv, '
                                   std::pair{"gt;"sv, '>'}, std::pair{"quot;"sv, '"'},
                                   std::pair{"apos;"sv, '\''}};
 
-// What stands for a character in an XML text; empty if the character may stand there itself.
+// The escape of a character in an XML text; empty if the character needs none.
 using Escapes = std::array<std::string_view, 256>;
 
 constexpr Escapes MakeKeyEscapes() {

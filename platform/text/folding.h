@@ -22,8 +22,8 @@ inline constexpr std::uint32_t kStrayByte = 0x110000;
 // The character that begins at byte `at` of `text`, which must lie inside it.
 Character CharacterAt(std::string_view text, std::size_t at);
 
-// `text` with every letter in the one form that stands for all its cases: the simple case folding
-// of Unicode (CaseFolding.txt, the mappings C and S). It maps one character to one, so that "ß"
+// `text` in lower case, roughly: the simple case folding of Unicode (CaseFolding.txt, the mappings
+// C and S), which is the same for all cases of a letter. It maps one character to one, so that "ß"
 // stays "ß" and differs from "ss". Stray bytes stay as they are.
 std::string Folded(std::string_view text);
 

@@ -84,7 +84,7 @@ MORVANTILE_API bool ReadsAsNumber(std::string_view text);
 // The number in hexadecimal digits, capital letters; a negative one as its two's complement.
 MORVANTILE_API std::string Hex(std::int64_t value);
 
-// The number without its fraction, laid out by `mask`: "#" stands for its digits, "-" for a minus
+// The number without its fraction, laid out by `mask`: "#" is its digits, "-" for a minus
 // if it is below 0; other characters stand for themselves. A number beyond the range of doubles
 // becomes the nearest 64-bit integer, and one that is not a number becomes 0.
 MORVANTILE_API std::string Format(double value, std::string_view mask);

@@ -54,7 +54,7 @@ class MORVANTILE_API Host {
 // The host in use; a headless one until InstallHost has been called.
 MORVANTILE_API Host& CurrentHost();
 
-// Makes `host` the one in use until the next call; a null pointer stands for the headless one that
+// Makes `host` the one in use until the next call; a null pointer means the headless one that
 // is there from the start. The caller keeps the ownership.
 MORVANTILE_API void InstallHost(Host* host);
 

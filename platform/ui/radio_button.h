@@ -16,7 +16,7 @@ class RadioButton;
 class MORVANTILE_API RadioGroup : public Object {
  public:
   // Adds a button. If it is on, the one that was on goes off. A button is in one group at most, the
-  // last one that it was added to.
+  // last one that it was added to. Throws NilObjectException for nil.
   void Add(const Ref<RadioButton>& button);
 
  private:

@@ -45,7 +45,7 @@ class TreeText {
   void WriteScalar(const Entry& entry);
   void WriteChild(Level& level);
   void Enter(const plistDict& node, std::string_view name);
-  // For each place in childrenNames, the next place of the same name, or 0. Empty if no name stands
+  // For each place in childrenNames, the next place of the same name, or 0. Empty if no name is
   // there twice, as in all trees but those of files that repeat a key.
   static std::vector<std::uint32_t> Repeats(const plistDict& node);
   void Leave();

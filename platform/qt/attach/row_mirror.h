@@ -9,7 +9,7 @@
 
 namespace morvantile {
 
-// How the selected row of a widget is read and set; -1 stands for none.
+// How the selected row of a widget is read and set; -1 is none.
 struct RowSelector {
   std::function<int()> get;
   std::function<void(int)> set;

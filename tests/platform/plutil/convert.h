@@ -11,7 +11,7 @@
 
 namespace morvantile::plutil {
 
-// What a conversion gives: the result, or "failed: " and what is wrong.
+// The outcome of a conversion: the result, or "failed: " and what is wrong.
 inline std::string Converted(std::string content, Form form) {
   std::string result;
   const auto problem = Convert(content, form, [&](std::string_view bytes) { result += bytes; });
