@@ -12,8 +12,8 @@
 namespace morvantile::plutil {
 
 // Writes `document`. Equal scalars are written once, integers, offsets and references in the fewest
-// bytes that hold them, and reals in 4 bytes if those hold their value. The same document always makes
-// the same bytes. Returns nothing on success, else what is wrong: a text is not UTF-8.
+// bytes that hold them, and reals in 4 bytes if those hold their value. The same document always
+// makes the same bytes. Returns nothing on success, else what is wrong: a text is not UTF-8.
 std::optional<std::string> WriteBinary(const Document& document, Output& output);
 
 }  // namespace morvantile::plutil
