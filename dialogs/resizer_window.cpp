@@ -81,7 +81,7 @@ void ResizerWindow::Event_Deactivate() {
 
 void ResizerWindow::Center() { CenterOnFirstScreen(); }
 
-// A mode that there isn't leaves "%" lit and the slider meaning a width.
+// An unknown mode is ignored: "%" stays lit, and the slider means a width.
 void ResizerWindow::RestoreMode(std::int64_t mode) {
   if (mode < 0 || mode >= ModeSelector()->ItemCount()) return;
   ModeSelector()->Items(static_cast<int>(mode)).SetSelected(true);

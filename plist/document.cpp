@@ -216,7 +216,7 @@ std::string plist::Encrypt(std::string_view key) {
   return std::move(*encrypted);
 }
 
-// Gives up `delay_ms` milliseconds at most every `interval_ms`.
+// Sleeps `delay_ms` milliseconds, at most once every `interval_ms`.
 void plist::YieldProcessorTIme(std::int64_t interval_ms, std::int64_t delay_ms,
                                std::int64_t& last_tick) {
   if (Microseconds() <= static_cast<double>(last_tick + interval_ms * 1000)) return;

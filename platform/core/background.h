@@ -12,8 +12,8 @@ namespace morvantile {
 using BackgroundTask = void (*)();
 MORVANTILE_API extern BackgroundTask background_task;
 
-// Gives other work a turn. Called in each pass of the loops that read, write and dump a tree, and
-// costs next to nothing where no host has work.
+// Lets other work run. Called in each pass of the loops that read, write and dump a tree; costs a
+// load and a branch where no host has work.
 inline void RuntimeBackgroundTask() {
   if (background_task != nullptr) [[unlikely]] {
     background_task();

@@ -15,18 +15,18 @@ namespace {
 
 constexpr std::size_t kGrain = sizeof(void*);
 constexpr std::size_t kFirstSlab = 4096;
-constexpr std::size_t kLargestSlab = std::size_t{2} << 20;  // a large page of the usual systems
+constexpr std::size_t kLargestSlab = std::size_t{2} << 20;  // a huge page of the usual systems
 constexpr std::size_t kLargestPiece = 1024;
 constexpr std::size_t kSlabsUser = std::size_t{1} << 62;
 
-// In front of each piece: how far behind the beginning of its slab it is, 0 for a block of its
-// own.
+// In front of each piece: its offset in its slab, or 0 for a block of its own.
 using Distance = std::uint64_t;
 
 // The beginning of a slab.
 struct Slab {
   std::size_t size;
-  std::atomic<std::size_t> users{kSlabsUser};  // pieces; many more while the slab is being filled
+  std::atomic<std::size_t> users{
+      kSlabsUser};  // the live pieces, biased while the slab is being filled
 
   void Leave(std::size_t count) noexcept {
     if (users.fetch_sub(count, std::memory_order_acq_rel) != count) return;

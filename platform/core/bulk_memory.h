@@ -1,4 +1,4 @@
-// Memory for the many small pieces of a tree.
+// An arena for the many small pieces of a tree.
 
 #ifndef MORVANTILE_PLATFORM_CORE_BULK_MEMORY_H
 #define MORVANTILE_PLATFORM_CORE_BULK_MEMORY_H
@@ -8,11 +8,11 @@
 
 namespace morvantile {
 
-// As long as one exists on a thread, the pieces that AllocateBulk returns to this thread are side
-// by side in slabs: making and releasing a million of them takes a few hundred calls of the heap,
-// and large slabs ask the system for large pages. A slab goes back when the last of its pieces has
-// been released, by whichever thread; until then one piece keeps all of it. So this is for what is
-// made at once and mostly lives as long, such as a tree that is read from a file.
+// While one exists on a thread, AllocateBulk carves the pieces of this thread out of slabs: a
+// million of them take a few hundred calls of the heap, and large slabs ask the system for huge
+// pages. A slab is freed when its last piece is released, on any thread; until then one piece keeps
+// all of it. So this is for what is made at once and is mostly released at once, such as a tree
+// that is read from a file.
 class BulkScope {
  public:
   BulkScope();

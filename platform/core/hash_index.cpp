@@ -23,8 +23,8 @@ void HashIndex::Add(std::uint32_t hash, std::uint32_t number) {
   ++used_;
 }
 
-// Moves the cells behind the hole into it as far as they may be there, so that no search ends
-// early at a hole and no mark is left behind.
+// Backward-shift deletion: closes the hole with later cells of the same run, so that no search ends
+// early and no tombstone is needed.
 void HashIndex::Remove(std::uint32_t hash, std::uint32_t number) {
   std::size_t hole = hash & mask_;
   while (cells_[hole].number != number) hole = (hole + 1) & mask_;

@@ -9,9 +9,8 @@
 
 namespace morvantile {
 
-// Finds numbers by the hashes of their keys: open addressing, with the hash
-// beside the number, so that a search looks at a key only if its whole hash agrees. Whoever holds
-// the keys says which number is meant.
+// Finds numbers by the hashes of their keys. Open addressing, with the hash beside the number, so
+// that a search compares keys only where the whole hash is equal. The caller holds the keys.
 class HashIndex {
  public:
   static constexpr std::uint32_t kNone = UINT32_MAX;
@@ -28,7 +27,7 @@ class HashIndex {
     return kNone;
   }
 
-  // A hint that a search for `hash` comes soon, which then need not wait for the memory.
+  // Prefetches the cell where a search for `hash` will begin.
   void Expect(std::uint32_t hash) const { __builtin_prefetch(cells_.data() + (hash & mask_)); }
 
   // Whether searches are likely to miss the processor's caches.

@@ -7,7 +7,7 @@
 
 namespace morvantile {
 
-// Gives the open file `file` the owner and group of `old`, as far as the system allows. Returns
+// Sets the owner and group of the open file `file` to those of `old`, as far as allowed. Returns
 // whether its group is now that of `old`.
 bool KeepOwner(int file, const struct stat& old);
 

@@ -41,7 +41,7 @@ class MORVANTILE_API TextInputStream : public Object {
   // Whether the file could not be read to its end; the lines until then have been returned.
   [[nodiscard]] bool ReadError() const { return failed_; }
 
-  // Gives up the file; the stream is at its end then. A further call does nothing.
+  // Closes the file; the stream is then at its end. A further call does nothing.
   void Close();
 
  private:

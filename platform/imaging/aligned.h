@@ -10,7 +10,7 @@
 
 namespace morvantile {
 
-// What such memory is aligned to at least: the widest vector, and a line of the cache.
+// What such memory is aligned to at least: the widest vector, and a cache line.
 inline constexpr std::size_t kAlignment = 64;
 
 struct AlignedFree {
@@ -20,8 +20,8 @@ struct AlignedFree {
 using AlignedBytes = std::unique_ptr<std::uint8_t[], AlignedFree>;
 
 // `size` bytes whose content is not set; null if there isn't so much memory. Where the system can,
-// large memory comes in large pages: fetching the small ones of a picture, on its first use, takes
-// as long as resampling it.
+// large memory comes in huge pages: the first-touch page faults of small ones take as long as
+// resampling the picture.
 AlignedBytes MakeAlignedBytes(std::size_t size);
 
 }  // namespace morvantile

@@ -50,7 +50,7 @@ namespace {
 
 // ---- The first pass
 
-// Pixels in a line of the cache, and how far ahead of their conversion they are fetched.
+// Pixels in a cache line, and how far ahead of their conversion they are prefetched.
 constexpr int kLinePixels = 16;
 constexpr int kPixelsAhead = 12 * kLinePixels;
 
@@ -68,7 +68,7 @@ void ConvertEdge(const std::uint8_t* const* rows, int x, int width, std::int32_t
   ConvertChunk<kChannels>(copies, 0, tile);
 }
 
-// Fetches what comes soon of each row: these are more rows than the processor foresees by itself.
+// Prefetches each row: these are more streams than the processor's own prefetcher follows.
 HWY_INLINE void FetchAhead(const std::uint8_t* const* rows, int x, int width) {
   const std::ptrdiff_t ahead = kPixelBytes * HWY_MIN(x + kPixelsAhead, width - 1);
   for (int row = 0; row < kGroupRows; ++row) hwy::Prefetch(rows[row] + ahead);
@@ -200,7 +200,7 @@ HWY_INLINE Vectors<kChannels> SumsSoFar(const Task& task, const Share& share, in
 }
 
 // Stores the columns from `x` on, as pixels if the window has ended, else their sums. Pixels go
-// past the caches, which hold what is worked on.
+// around the caches, which hold what is worked on.
 template <int kChannels>
 HWY_INLINE void StoreColumns(const Task& task, const Share& share, int x,
                              const Vectors<kChannels>& sums) {

@@ -34,8 +34,8 @@ class MORVANTILE_API Picture : public Object {
 
   // A picture of `width` x `height` pixels, each at least 1, with storage of its own whose content
   // is not set. Rows begin at multiples of 64 bytes. Nil if it would need more than
-  // kMaxBytes or memory that there isn't. If nobody else holds the picture in `spare` and its
-  // storage is large enough, the new one takes that over.
+  // kMaxBytes, or if there is not enough memory. If nobody else holds the picture in `spare` and
+  // its storage is large enough, the new one takes that over.
   static Ref<Picture> Create(std::int64_t width, std::int64_t height, bool has_alpha,
                              Ref<Picture> spare = nullptr);
 

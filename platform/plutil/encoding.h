@@ -12,7 +12,7 @@ namespace morvantile::plutil {
 // declares, else UTF-8, or the ISO-8859-1 or windows-1252 that it declares. NULs at its end are
 // dropped. Returns nothing on success, else what is wrong: it is in UTF-32, declares another
 // encoding and holds more than ASCII, is not sound UTF-16, or holds a NUL. Bytes that are not UTF-8
-// are let pass.
+// stay.
 std::optional<std::string> MakeUtf8(std::string& content);
 
 }  // namespace morvantile::plutil

@@ -17,8 +17,8 @@ bool AreEqual(const Object& a, const Object& b);
 
 }  // namespace
 
-// The table is larger than the processor's cache where it matters, so places are announced a few
-// objects ahead.
+// In large documents the table is larger than the caches, so its cells are prefetched a few objects
+// ahead.
 std::vector<ObjectIndex> FirstEquals(const Document& document) {
   constexpr std::size_t kAhead = 16;
   const std::size_t count = document.objects.size();

@@ -15,7 +15,7 @@ bool IsAscii(std::string_view text);
 // Whether `text` is sound UTF-8: overlong forms, surrogates and numbers above 10FFFF are not.
 bool IsUtf8(std::string_view text);
 
-// Whether `text` is `lower`, a text in small letters of ASCII, without regard to letter case.
+// Whether `text` is `lower`, which is lower-case ASCII, without regard to letter case.
 bool EqualWithoutCase(std::string_view text, std::string_view lower);
 
 // The UTF-16 text `units`, two bytes each in the order `order`, as UTF-8; or nothing if it ends

@@ -8,8 +8,9 @@
 namespace morvantile {
 
 // Decides how to reach the desktop: through which windowing system the toolkit shows windows, and
-// through what the clipboard is read and kept. Gives the clipboard, or null if it is the toolkit's.
-// Must be called before the toolkit starts. Throws RuntimeException if there is no desktop.
+// through what the clipboard is read and kept. Returns the clipboard, or null if it is the
+// toolkit's. Must be called before the toolkit starts. Throws RuntimeException if there is no
+// desktop.
 //
 // On Wayland, where a program without the focus sees no clipboard: a data-control protocol where
 // the compositor offers one, with windows of its own kind; else X11, if the compositor runs X

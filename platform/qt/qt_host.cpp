@@ -30,14 +30,15 @@
 namespace morvantile {
 namespace {
 
-// Now, and from now on as soon as a large block is free.
+// Returns free memory to the system: now, and from now on whenever a large block is freed.
 void GiveMemoryBack() {
   constexpr int kLargeBlock = 1 << 18;
   mallopt(M_MMAP_THRESHOLD, kLargeBlock);
   malloc_trim(0);
 }
 
-// The toolkit's talk is nothing for the user; only what ends the program is said, in one line.
+// The toolkit's messages mean nothing to the user; only what ends the program is printed, in one
+// line.
 void SayOnlyWhatIsFatal(QtMsgType type, const QMessageLogContext& /*context*/,
                         const QString& message) {
   if (type != QtFatalMsg) return;

@@ -40,7 +40,7 @@ class SingleInstance {
   // activation token or start-up ID that the desktop gave to the launch, or empty.
   void AnswerAll(const std::function<void(const std::string& token)>& show);
 
-  // Gives the place free. Starts that wait still, or come later, begin a run of their own.
+  // Closes the socket. Starts that still wait, or come later, begin a run of their own.
   void End();
 
  private:

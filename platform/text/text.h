@@ -81,7 +81,7 @@ MORVANTILE_API std::int64_t CInt64(std::string_view text);
 // Whether the whole text, blanks around it apart, is a number in digits as CDbl reads it.
 MORVANTILE_API bool ReadsAsNumber(std::string_view text);
 
-// The number in hexadecimal digits, capital letters; a negative one as its two's complement.
+// The number in upper-case hexadecimal; a negative one as its two's complement.
 MORVANTILE_API std::string Hex(std::int64_t value);
 
 // The number without its fraction, laid out by `mask`: "#" is its digits, "-" for a minus

@@ -21,7 +21,7 @@ class MORVANTILE_API ListPeer : public ControlPeer {
 };
 
 // What a list box and a popup menu have in common: rows of texts, of which one or none is selected.
-// Rows and columns are counted from 0. A row or column that there isn't throws
+// Rows and columns are counted from 0. A row or column that doesn't exist throws
 // OutOfBoundsException, unless it is said otherwise.
 class MORVANTILE_API ListControl : public Control {
  public:
@@ -31,7 +31,7 @@ class MORVANTILE_API ListControl : public Control {
 
   // The selected row, or -1 if none is.
   int ListIndex() const { return selected_; }
-  // Selects a row; one that there isn't selects none. Raises Change if that makes a difference.
+  // Selects a row; a number without a row selects none. Raises Change if the selection changes.
   void SetListIndex(int row);
   // The text of the selected row's first cell, or "" if no row is selected.
   std::string Text() const;

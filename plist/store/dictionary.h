@@ -24,8 +24,8 @@ namespace morvantile {
 // the spelling in which it came first, also when it is assigned again in another; the order is that
 // of insertion.
 //
-// Operations take constant time, on average over many. A few keys are searched one by one, more
-// through a hash table, and the keys "0", "1", "2" and so on, inserted in this order, cost neither.
+// Operations take amortised constant time. A few keys are searched one by one, more through a hash
+// table, and the keys "0", "1", "2" and so on, inserted in this order, need neither.
 // References to values and views of keys hold until the next operation that is not const.
 template <typename T>
 class Dictionary {
@@ -64,7 +64,7 @@ class Dictionary {
     return at == kNone ? Append(key, hash) : slots_[at].value;
   }
 
-  // A hint that the key will be asked for soon.
+  // Prefetches what a look-up of the key will need.
   void Expect(std::string_view key) const {
     if (index_.IsLarge()) index_.Expect(HashOfText(key));
   }
@@ -72,7 +72,7 @@ class Dictionary {
   // Takes the key out and returns true, or returns false if it isn't there.
   bool Remove(std::string_view key);
 
-  // Gives a key another spelling or another text, at its place. Returns false, and changes nothing,
+  // Changes a key's spelling or text, at its place. Returns false, and changes nothing,
   // if `from` isn't there or `to` is another key that is.
   bool Rename(std::string_view from, std::string_view to);
 

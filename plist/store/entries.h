@@ -94,11 +94,12 @@ class Entries {
     for (std::size_t i = 0; i < aside_->Count(); ++i) work(aside_->ValueAt(i));
   }
 
-  // Gives the element of one number the number before it, which must be free: its type, its text
-  // and its child go there, at its place in the order; the mark stays under the number.
+  // Renames the element `from` to the free number `to`, at its place in the order, with its type,
+  // text and child; the mark stays under `from`.
   void Renumber(std::string_view from, std::string_view to);
 
-  // As many of the node's childrenNames are known to the entries, the placeholder included.
+  // The entries know the first `indexed_children` of the node's childrenNames, the placeholder
+  // included.
   std::size_t indexed_children = 1;
 
  private:

@@ -8,9 +8,8 @@
 
 namespace morvantile {
 
-// A hint that the child at a place, if there is one, is going to be visited soon. In a tree from a
-// file what a node holds is behind it in memory; having that fetched while the child before it
-// is worked on makes a walk several times as fast.
+// Prefetches the child at a place, if there is one, with what it holds: in a tree from a file that
+// is behind it in memory. A walk that does so for the next child is several times as fast.
 inline void ExpectChild(const plistDict& node, std::size_t place) {
   constexpr std::size_t kLine = 64;
   constexpr std::size_t kUsualNode = 2048;

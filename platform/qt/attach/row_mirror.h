@@ -25,12 +25,12 @@ class RowMirror : public QObject, public ListPeer {
   RowMirror(const RowMirror&) = delete;
   RowMirror& operator=(const RowMirror&) = delete;
 
-  // Gives the control the rows and the selection of the widget.
+  // Copies rows and selection from the widget to the control.
   void TakeFromWidget();
   // The widget has another row selected.
   void WidgetSelected();
 
-  // Gives the widget the rows and the selection of the control.
+  // Copies rows and selection from the control to the widget.
   void ControlChanged() override;
   void RowAdded(int row) override;
   void RowRemoved(int row) override;

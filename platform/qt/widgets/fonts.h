@@ -23,7 +23,7 @@ QFont FontFor(const Control& control, double scale);
 // The font, made smaller as far as `text` needs it to fit into `room`, in logical pixels.
 QFont ShrunkToFit(QFont font, const QString& text, const QSize& room);
 
-// Gives all buttons of a window the largest font in which the text of each fits.
+// Sets all buttons of a window to the largest font in which every text fits.
 void FitButtons(const QWidget& window);
 
 }  // namespace morvantile
