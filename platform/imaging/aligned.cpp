@@ -14,7 +14,7 @@ AlignedBytes MakeAlignedBytes(std::size_t size) {
   const std::size_t alignment = large ? kLargePage : kAlignment;
   const std::size_t whole = (size + alignment - 1) / alignment * alignment;
   AlignedBytes bytes(static_cast<std::uint8_t*>(std::aligned_alloc(alignment, whole)));
-  // It is a wish; nothing is lost if it isn't granted.
+  // A hint: if it is refused, the pages are small ones.
   if (large && bytes != nullptr) madvise(bytes.get(), whole, MADV_HUGEPAGE);
   return bytes;
 }

@@ -23,7 +23,7 @@ struct Range {
   [[nodiscard]] int Size() const { return end - begin; }
 };
 
-// How the two axes lie to each other.
+// How the samples of the result map to those of the source.
 class Geometry {
  public:
   Geometry(int source_size, int result_size)
@@ -57,8 +57,7 @@ double Sinc(double x) {
   return std::sin(angle) / angle;
 }
 
-// One side of the filter, worked out once at so many points that the straight line between two of
-// them is off by less than 1e-6.
+// One side of the filter, tabulated so finely that linear interpolation is off by less than 1e-6.
 class Lanczos {
  public:
   Lanczos() {
@@ -116,8 +115,8 @@ double SetWeights(const Lanczos& lanczos, double distance, double per_sample, in
   return sum;
 }
 
-// Stores weights that sum up to `sum` as fixed-point numbers that sum up to exactly 1 << bits: it
-// is their running sum that is rounded.
+// Stores weights that sum up to `sum` as fixed-point numbers that sum up to exactly 1 << bits: the
+// running sum is rounded, not each weight.
 void StoreWeights(const double* weights, int count, double sum, int bits, std::int16_t* to) {
   const double one = std::ldexp(1.0, bits);
   const double factor = one / sum;

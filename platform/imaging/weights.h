@@ -14,7 +14,7 @@ namespace morvantile {
 // The vector code multiplies and adds two samples at a time, so the samples of the source are taken
 // in pairs: pair p holds the samples 2 p - offset and 2 p - offset + 1, of which one may lie
 // outside the source at either end. The offset is the one that makes the windows shorter. Every
-// result sample has a window of the same number of pairs; what it doesn't need of it has weight 0.
+// result sample has a window of the same number of pairs; a pair that it doesn't need has weight 0.
 struct Filter {
   int offset = 0;
   int source_pairs = 0;
@@ -25,7 +25,7 @@ struct Filter {
   // bits as it grows.
   int bits = 0;
   int excess = 0;
-  // For each result sample, the first pair of its window; never falls.
+  // For each result sample, the first pair of its window; never decreases.
   std::vector<int> first;
   // For each pair of each window, the weights of its two samples. Those of a window sum up to
   // exactly 1 << bits.

@@ -23,7 +23,7 @@ class Workers {
   Workers& operator=(const Workers&) = delete;
 
   // Calls `work` with 0 on the calling thread and, at the same time, with 1, 2 and so on up to
-  // `helpers` on as many workers as are awake in time: the work must get done by whoever comes.
+  // `helpers` on as many workers as are awake in time: the work must be done whichever take part.
   // Returns when all these calls have returned. `work` must not throw.
   void Run(int helpers, const std::function<void(int)>& work);
 

@@ -1,4 +1,4 @@
-// What a command of Shell finds around it.
+// The environment variables of a command.
 
 #ifndef MORVANTILE_PLATFORM_PROCESS_COMMAND_ENVIRONMENT_H
 #define MORVANTILE_PLATFORM_PROCESS_COMMAND_ENVIRONMENT_H

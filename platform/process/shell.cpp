@@ -117,8 +117,8 @@ std::optional<int> RunningCommand::Ended() const {
   return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
 
-// Output is news, and so is its end, which comes a moment before the command's own. What a command
-// leaves running may hold the pipe open, so no wait is long.
+// Waits for output or for its end, which comes just before the command's. A process that the
+// command leaves behind may hold the pipe open, so each wait is short.
 void RunningCommand::WaitForNews() const {
   constexpr int kWhileOutputIsOpen = 20;
   constexpr int kAfterItsEnd = 1;
@@ -130,7 +130,7 @@ void RunningCommand::WaitForNews() const {
   }
 }
 
-// Reads what is there, yet not for ever: a command may write faster than this reads.
+// Reads what is available, but only so much at a time: a command may write faster than this reads.
 void RunningCommand::ReadOutput(std::string& output) {
   std::array<char, 65536> piece{};
   for (int i = 0; i < 16 && output_.get() >= 0; ++i) {

@@ -15,9 +15,9 @@ namespace morvantile {
 // title bar that is dragged, a global key that is held, a screen locker.
 //
 // On X11 the window manager decides by _NET_ACTIVE_WINDOW (Extended Window Manager Hints), or, if
-// it doesn't keep that property, the input focus does, which a grab leaves alone. No active window
-// at all is none other, but for a Wayland desktop that runs X programs: it is a window that they
-// can't see. On other desktops the toolkit is right: true.
+// it doesn't keep that property, the input focus does, which a grab leaves alone. If no window is
+// active, none other is; except under XWayland, where the active one is then a Wayland window,
+// which X programs can't see. On other desktops the toolkit is right: true.
 bool AnotherWindowIsActive(const QWidget& window);
 
 // Whether the user still holds a key such as Alt or Super, with which one switches between windows:

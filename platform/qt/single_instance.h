@@ -12,8 +12,8 @@
 
 namespace morvantile {
 
-// Sees to it that a user has one run at a time on a display: a further start asks the first run to
-// show its dialog, and ends.
+// Limits a user to one run at a time on a display: a further start asks the first run to show its
+// dialog, and ends.
 //
 // The runs meet at a socket in Linux's abstract namespace, which leaves no file behind and is gone
 // with the process. Its name is made of user and display; both sides refuse a peer of another user.

@@ -10,8 +10,8 @@
 
 namespace morvantile {
 
-// Those of the offered formats in which there can be a picture: pixels, in the formats that lose
-// nothing first, and then the names of copied files.
+// The offered formats that may hold a picture, best first: lossless pixels, other pixels, names of
+// copied files.
 QStringList PictureFormats(const QStringList& offered);
 
 // The picture in data of one of those formats; nil if there is none.

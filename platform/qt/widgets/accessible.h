@@ -7,7 +7,7 @@
 
 namespace morvantile {
 
-// To be derived from by a QWidget beside its class of the toolkit.
+// A second base class for a QWidget.
 class AccessibleWidget {
  public:
   AccessibleWidget() = default;
