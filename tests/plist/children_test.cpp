@@ -1,166 +1,94 @@
-#include <gtest/gtest.h>
-
-#include "platform/text/text.h"
 #include "platform/ui/headless_host.h"
-#include "tests/plist/sketch.h"
+#include "tests/plist/rows.h"
 
 namespace morvantile {
 namespace {
 
-TEST(Node, IsEmptyWhenNew) {
-  const Ref<plistDict> node = New<plistDict>();
-  EXPECT_EQ(node->count(), 0);
-  EXPECT_FALSE(node->Exists(""));
-  EXPECT_TRUE(node->index(0) == nullptr);
-  EXPECT_EQ(node->children.size(), 1U);
-  EXPECT_EQ(node->childrenNames, std::vector<std::string>{""});
-  EXPECT_EQ(node->indexOf, -1);
-  EXPECT_TRUE(node->parent == nullptr);
-  EXPECT_TRUE(node->rootClass == nullptr);
-}
-
-TEST(Child, IsCreatedOnceWhateverTheCase) {
-  const Ref<plist> document = NewDocument();
-  const Ref<plistDict> a = document->root->child("Größe");
-  EXPECT_TRUE(document->root->child("GRÖßE") == a);
-  a->child("b");
-  EXPECT_EQ(Sketch(*document->root), "{Größe: {b: {}}}");
-  EXPECT_TRUE(a->child("b")->rootClass == document);
-  EXPECT_FALSE(document->root->searched.Value("größe"));
-}
-
-TEST(Child, OfAScalarIsNilWithAReport) {
-  const Ref<plist> document = NewDocument();
-  document->root->SetString("k", "v");
-  EXPECT_TRUE(document->root->child("k") == nullptr);
-  EXPECT_EQ(Report(document), "Child exists: k already exists");
-  EXPECT_EQ(Sketch(*document->root), R"({k: string "v"})");
-}
-
-TEST(AddChild, RefusesAKeyInUse) {
-  const Ref<plist> document = NewDocument();
-  document->root->AddChild("a");
-  document->root->child("a")->SetString("x", "1");
-  document->root->AddChild("A");
-  EXPECT_EQ(Report(document), "Child exists: A already exists");
-  EXPECT_FALSE(document->root->AddArray("a"));
-  EXPECT_EQ(Report(document), "Array exists: a already exists");
-  EXPECT_EQ(Sketch(*document->root), R"({a: {x: string "1"}})");
-  EXPECT_TRUE(document->root->AddArray("b"));
-  EXPECT_EQ(Report(document), "");
+TEST(Child, IsCreatedOnceWhereNoKeyIsWhateverTheCase) {
+  Check({
+      {"{}", [](N n) { return n.child("Größe")->child("b"); }, "node {Größe: {b: {}}}"},
+      {"{Größe: {}}", [](N n) { return n.child("GRÖßE") == n.children[1]; }, "true ="},
+      {"{k: 'v'}", [](N n) { return n.child("k"); }, "nil = Child exists: k already exists"},
+      {"{a: {x: '1'}}", [](N n) { n.AddChild("A"); }, "= Child exists: A already exists"},
+      {"{a: {}}", [](N n) { return n.AddArray("a"); }, "false = Array exists: a already exists"},
+      {"{} earlier", [](N n) { return n.AddArray("b"); }, "true {b: []}"},
+      {"{} earlier", [](N n) { n.AddChild("b"); }, "{b: {}}"},
+      {"{}", [](N n) { return n.child("a") && n.searched.Value("a"); }, "false {a: {}}"},
+      {"['x', {}]", [](N n) { return n.index(0); }, "nil ="},
+      {"['x', {}]", [](N n) { return n.index(1) == n.children[1]; }, "true ="},
+      {"{c: {}}", [](N n) { return n.child("c")->CheckArray(); }, "false = c is not an array"},
+      {"{}", [](N n) { return n.Exists(""); }, "false ="},
+  });
 }
 
 TEST(Child, FindsWhatWasAddedToTheArraysDirectlyAndTheFirstOfRepeatedNames) {
-  const Ref<plistDict> node = New<plistDict>();
-  node->AddChild("a");
-  const Ref<plistDict> stray = New<plistDict>();
+  const Ref<plist> document = Tree("{a: {}}");
+  plistDict& node = *document->root;
   for (const char* name : {"stray", "Stray", "a"}) {
-    node->childrenNames.push_back(name);
-    node->children.push_back(name == std::string("stray") ? stray : New<plistDict>());
+    node.childrenNames.push_back(name);
+    node.children.push_back(New<plistDict>());
   }
-  EXPECT_TRUE(node->child("STRAY") == stray);
-  EXPECT_TRUE(node->child("a") == node->children[1]);
-  node->Remove("a", true);
-  EXPECT_TRUE(node->child("a") == node->children[3]) << "the repeated one comes up";
-  EXPECT_TRUE(node->child("stray") == stray);
-  EXPECT_EQ(node->count(), 0);
+  EXPECT_TRUE(node.child("STRAY") == node.children[2]);
+  EXPECT_TRUE(node.child("a") == node.children[1]);
+  const Ref<plistDict> repeated = node.children[4];
+  node.Remove("a", true);
+  EXPECT_TRUE(node.child("a") == repeated);
+  EXPECT_EQ(Sketch(node), "{}");
 }
 
-TEST(Index, SelectsByNumberAndNotByPosition) {
-  const Ref<plistDict> node = New<plistDict>();
-  node->isArray = true;
-  node->AppendString("x");
-  node->AppendDict();
-  EXPECT_TRUE(node->index(0) == nullptr);
-  EXPECT_TRUE(node->index(1) == node->children[1]);
-}
-
-TEST(Children, AreFoundAmongManyThroughRemovals) {
-  const Ref<plistDict> node = New<plistDict>();
-  for (int i = 0; i < 300; ++i) node->child("k" + Str(i))->SetInteger("n", i);
-  for (int i = 0; i < 300; i += 7) node->Remove("k" + Str(i), false);
-  for (int i = 0; i < 300; ++i) {
-    if (i % 7 != 0) {
-      ASSERT_EQ(node->child("K" + Str(i))->GetInteger("n", -5), i);
-    }
-  }
-  EXPECT_EQ(node->count(), 257);
-  EXPECT_EQ(node->children.size(), 258U);
-}
-
-TEST(TypeOf, AMissingKeyThrows) {
-  const Ref<plistDict> node = New<plistDict>();
-  EXPECT_THROW(static_cast<void>(node->GetType("a")), KeyNotFoundException);
-  EXPECT_THROW(static_cast<void>(node->TypeOK("a")), KeyNotFoundException);
-}
-
-TEST(CheckType, TellsMissingFromSameFromOther) {
-  const Ref<plist> document = NewDocument();
-  document->root->SetString("s", "");
-  EXPECT_EQ(document->root->CheckType("x", "date"), 2);
-  EXPECT_EQ(document->root->CheckType("S", "STRING"), 1);
-  EXPECT_EQ(document->root->CheckType("s", "date"), 0);
-  EXPECT_EQ(Report(document), "Type Mismatch: s is a string");
-  EXPECT_FALSE(document->root->CheckArray());
-  EXPECT_EQ(Report(document), "root is not an array");
-  EXPECT_TRUE(document->root->TypeOK("s"));
-  EXPECT_EQ(Report(document), "root is not an array") << "TypeOK clears nothing";
+TEST(Types, AreCheckedAndReported) {
+  Check({
+      {"{}", [](N n) { return n.GetType("a"); }, "key not found: a: ="},
+      {"{}", [](N n) { return n.TypeOK("a"); }, "key not found: a: ="},
+      {"{s: ''} earlier", [](N n) { return n.TypeOK("s"); }, "true = earlier"},
+      {"{s: {}} earlier", [](N n) { return n.TypeOK("s"); }, "false = Illegal Type: s is a dict"},
+      {"{s: ''} earlier", [](N n) { return n.CheckType("x", "date"); }, "2 ="},
+      {"{s: ''} earlier", [](N n) { return n.CheckType("S", "STRING"); }, "1 ="},
+      {"{s: ''}", [](N n) { return n.CheckType("s", "date"); }, "0 = Type Mismatch: s is a string"},
+      {"{}", [](N n) { return n.CheckArray(); }, "false = root is not an array"},
+      {"[] earlier", [](N n) { return n.CheckArray(); }, "true ="},
+  });
 }
 
 TEST(Report, GoesNowhereWithoutADocument) {
   const Ref<plistDict> node = New<plistDict>();
-  node->AddChild("a");
-  EXPECT_FALSE(node->CheckArray());
-  EXPECT_FALSE(node->TypeOK("a"));
-  EXPECT_EQ(node->CheckType("a", "string"), 0);
   EXPECT_TRUE(node->child("a")->rootClass == nullptr);
+  EXPECT_FALSE(node->CheckArray() || node->TypeOK("a"));
 }
 
 TEST(Report, IsShownWhenDebugIsOn) {
   HeadlessHost host;
   InstallHost(&host);
-  const Ref<plist> document = NewDocument();
+  const Ref<plist> document = Tree("{a: 'x'}");
   document->debug = true;
   EXPECT_FALSE(document->root->CheckArray());
-  document->root->SetString("a", "x");
   document->root->SetInteger("a", 1);
-  EXPECT_EQ(host.messages,
-            (std::vector<std::string>{"root is not an array", "Type Mismatch: a is a string"}));
+  const std::vector<std::string> reports = {"root is not an array", "Type Mismatch: a is a string"};
+  EXPECT_EQ(host.messages, reports);
   InstallHost(nullptr);
 }
 
-TEST(Node, OutlivesItsParentAndItsDocument) {
-  Ref<plist> document = NewDocument();
-  const Ref<plistDict> b = document->root->child("a")->child("b");
-  document = nullptr;
-  EXPECT_TRUE(b->parent == nullptr);
-  EXPECT_TRUE(b->rootClass == nullptr);
-  EXPECT_EQ(b->GetInteger("n", 7), 7);
-  EXPECT_EQ(b->AbsolutePath(), ":b");
-}
-
-TEST(Tree, OfVeryDeepNodesIsBuiltWalkedAndReleased) {
-  constexpr int kDepth = 200'000;
-  Ref<plist> document = NewDocument();
-  Ref<plistDict> node = document->root;
-  for (int i = 0; i < kDepth; ++i) node = node->child("n");
-  const std::string path = node->AbsolutePath();
-  EXPECT_EQ(path.size(), 5U + 2U * kDepth);
-  EXPECT_EQ(path.substr(0, 9), ":root:n:n");
-  int depth = 0;
-  for (node = document->root; node->count() > 0; node = node->child("n")) ++depth;
-  EXPECT_EQ(depth, kDepth);
-  node = nullptr;
-  document = nullptr;
-}
-
 TEST(Tree, IsReleasedApartFromWhatOthersHold) {
-  Ref<plist> document = NewDocument();
+  Ref<plist> document = Tree("{a: {b: {c: {k: 'v'}}}, other: {x: {y: {}}}}");
   const Ref<plistDict> b = document->root->child("a")->child("b");
-  b->child("c")->SetString("k", "v");
-  document->root->child("other")->child("x")->child("y");
   document = nullptr;
-  EXPECT_EQ(Sketch(*b), R"({c: {k: string "v"}})");
+  EXPECT_TRUE(b->parent == nullptr && b->rootClass == nullptr);
+  EXPECT_EQ(b->AbsolutePath() + Sketch(*b), ":b{c: {k: 'v'}}");
+}
+
+// Whatever could recurse.
+TEST(Tree, OfVeryManyLevelsIsReadWrittenSearchedCopiedAndReleased) {
+  constexpr int kLevels = 200'000;
+  std::string text;
+  for (int i = 0; i < kLevels; ++i) text += "<key>k</key>|<dict>|";
+  text += "<key>deep</key>|<true/>|";
+  for (int i = 0; i < kLevels; ++i) text += "</dict>|";
+  const Ref<plist> document = Read(text + "<key>to</key>|<dict/>");
+  document->root->Copy("k", document->root->child("to"));
+  ASSERT_TRUE(document->Find("true"));
+  EXPECT_EQ(document->foundDict->AbsolutePath().size(), 5U + 2U * kLevels);
+  ASSERT_TRUE(document->FindNext("true"));
+  EXPECT_EQ(document->foundDict->AbsolutePath().size(), 8U + 2U * kLevels);
 }
 
 }  // namespace

@@ -1,75 +1,54 @@
-#include <gtest/gtest.h>
-
-#include "tests/plist/sketch.h"
+#include "tests/plist/rows.h"
 
 namespace morvantile {
 namespace {
 
-class Cursor : public ::testing::Test {
- protected:
-  void SetUp() override {
-    node->SetString("b", "");
-    node->AddChild("a");
-    node->SetString("c", "");
+// Moves the cursor by letters (First, Next, Previous, Last, or Behind all keys) and returns the key
+// at each place, with a "!" where eof was set before the key was asked for.
+std::string Places(plistDict& node, const std::string& moves) {
+  std::string places;
+  for (const char move : moves) {
+    switch (move) {
+      case 'F':
+        node.MoveFirst();
+        break;
+      case 'N':
+        node.MoveNext();
+        break;
+      case 'P':
+        node.MovePrevious();
+        break;
+      case 'L':
+        node.MoveLast();
+        break;
+      default:
+        node.currentIndex = node.count();
+    }
+    const std::string end = node.eof ? "!" : "";
+    places += node.CurrentKey() + end + " ";
   }
-
-  // The place of the cursor: the key there, and a "!" if eof was set before it was asked for.
-  std::string At() {
-    const std::string end = node->eof ? "!" : "";
-    return node->CurrentKey() + end;
-  }
-
-  Ref<plistDict> node = New<plistDict>();
-};
-
-TEST_F(Cursor, VisitsScalarsAndContainersInTheirOrder) {
-  std::string keys;
-  for (node->MoveFirst(); !node->eof; node->MoveNext()) keys += node->CurrentKey();
-  EXPECT_EQ(keys, "bac");
+  return places;
 }
 
-TEST_F(Cursor, WrapsAtBothEndsAndOnlyMoveFirstClearsEof) {
-  node->MoveLast();
-  EXPECT_EQ(At(), "c");
-  node->MoveNext();
-  EXPECT_EQ(At(), "b!");
-  node->MoveNext();
-  EXPECT_EQ(At(), "a!");
-  node->MoveLast();
-  EXPECT_EQ(At(), "c!");
-  node->MoveFirst();
-  EXPECT_EQ(At(), "b");
-  node->MovePrevious();
-  EXPECT_EQ(At(), "c!");
-}
-
-TEST_F(Cursor, GivesNoKeyOnAnEmptyNode) {
-  node = New<plistDict>();
-  node->MoveFirst();
-  EXPECT_FALSE(node->eof);
-  EXPECT_EQ(node->CurrentKey(), "");
-  EXPECT_TRUE(node->eof);
-  node->MoveFirst();
-  node->MoveLast();
-  EXPECT_EQ(node->CurrentKey(), "");
-  EXPECT_TRUE(node->eof);
-  EXPECT_EQ(node->currentIndex, 0);
-}
-
-TEST_F(Cursor, SurvivesAPlaceBehindTheLastKey) {
-  node->currentIndex = 7;
-  EXPECT_EQ(node->CurrentKey(), "");
-  EXPECT_EQ(At(), "b!");
+TEST(Cursor, WrapsAtBothEndsAndOnlyMoveFirstClearsEof) {
+  Check({
+      {"{b: '', a: {}, c: ''}", [](N n) { return Places(n, "FNNN"); }, "'b a c b! ' ="},
+      {"{b: '', a: {}, c: ''}", [](N n) { return Places(n, "LNNLFP"); }, "'c b! a! c! b c! ' ="},
+      {"{b: '', a: {}, c: ''}", [](N n) { return Places(n, "BNP"); }, "' a! b! ' ="},
+      {"{}", [](N n) { return Places(n, "FLFNP"); }, "' !  ! ! ' ="},
+  });
 }
 
 TEST(AbsolutePath, NamesTheNodesFromTheRoot) {
-  const Ref<plist> document = NewDocument();
-  const Ref<plistDict> c = document->root->child("b")->child("c");
-  EXPECT_EQ(c->AbsolutePath(), ":root:b:c");
-  EXPECT_EQ(c->AbsolutePath(), ":root:b:c");
-  EXPECT_EQ(c->path, ":root:b:c");
-  EXPECT_EQ(document->root->AbsolutePath(), ":root");
-  EXPECT_EQ(document->root->child("x")->child("Root")->child("y")->AbsolutePath(), ":root:y");
+  Check({
+      {"{}", [](N n) { return n.AbsolutePath(); }, "':root' ="},
+      {"{b: {c: {}}}", [](N n) { return n.child("b")->child("c")->AbsolutePath(); },
+       "':root:b:c' ="},
+      {"{x: {Root: {y: {}}}}",
+       [](N n) { return n.child("x")->child("Root")->child("y")->AbsolutePath(); }, "':root:y' ="},
+      {"{}", [](N n) { return n.AbsolutePath() + n.AbsolutePath() + n.path; },
+       "':root:root:root' ="},
+  });
 }
 
 }  // namespace
