@@ -21,8 +21,10 @@ using N = plistDict&;
 
 inline std::string Shown(const std::string& text) { return "'" + text + "'"; }
 inline std::string Shown(bool value) { return value ? "true" : "false"; }
-inline std::string Shown(std::int64_t number) { return Str(number); }
-inline std::string Shown(double number) { return Str(number); }
+template <typename Number>
+std::string Shown(Number number) {
+  return Str(number);
+}
 inline std::string Shown(Color color) {
   return Hex(((color.Alpha() * 256 + color.Red()) * 256 + color.Green()) * 256 + color.Blue());
 }
@@ -38,12 +40,11 @@ inline std::string Shown(const Ref<Date>& date) {
 struct Row {
   template <typename Work>
   Row(std::string from, Work work, std::string to) : before(std::move(from)), after(std::move(to)) {
-    run = [work](plistDict& root) -> std::string {
+    run = [work](plistDict& root) {
       if constexpr (!std::is_void_v<std::invoke_result_t<Work, plistDict&>>) {
         return Shown(work(root)) + " ";
       } else {
-        work(root);
-        return "";
+        return work(root), std::string();
       }
     };
   }
@@ -53,24 +54,20 @@ struct Row {
   std::string after;
 };
 
-inline std::string OutcomeOf(const Row& row) {
-  const Ref<plist> document = Tree(row.before);
-  const std::string sketch = Sketch(*document->root);
-  std::string outcome;
-  try {
-    outcome = row.run(*document->root);
-  } catch (const RuntimeException& thrown) {
-    outcome = thrown.what() + std::string(": ");
-  }
-  const std::string report = Report(document);
-  const std::string changed = Sketch(*document->root);
-  return outcome + (changed == sketch ? "=" : changed) + (report.empty() ? "" : " ") + report;
-}
-
 inline void Check(std::initializer_list<Row> rows) {
-  int number = 0;
   for (const Row& row : rows) {
-    EXPECT_EQ(OutcomeOf(row), row.after) << "row " << ++number << ", from " << row.before;
+    const Ref<plist> document = Tree(row.before);
+    const std::string sketch = Sketch(*document->root);
+    std::string outcome;
+    try {
+      outcome = row.run(*document->root);
+    } catch (const RuntimeException& thrown) {
+      outcome = thrown.what() + std::string(": ");
+    }
+    const std::string report = document->error ? " " + document->errorMessage : "";
+    const std::string changed = Sketch(*document->root);
+    outcome += (changed == sketch ? "=" : changed) + report;
+    EXPECT_EQ(outcome, row.after) << "row " << &row - rows.begin() << ", from " << row.before;
   }
 }
 

@@ -1,7 +1,5 @@
 #include "tests/plist/sketch.h"
 
-#include <algorithm>
-
 #include "platform/text/folding.h"
 #include "platform/text/text.h"
 #include "plist/store/entries.h"
@@ -21,47 +19,33 @@ std::string SketchOfEntry(plistDict& node, const std::string& key) {
   return is_sound ? Sketch(*child) : "!";
 }
 
-// Reads a sketch from its front on.
-class SketchReader {
- public:
-  explicit SketchReader(std::string_view sketch) : rest_(sketch) {}
+// Takes what is in front of `end` off a sketch, with the end.
+std::string Until(std::string_view end, std::string_view& sketch) {
+  std::string text(sketch.substr(0, sketch.find(end)));
+  sketch.remove_prefix(text.size() + end.size());
+  return text;
+}
 
-  void ReadInto(plistDict& node) {
-    node.isArray = rest_[0] == '[';
-    rest_.remove_prefix(1);
-    while (rest_[0] != '}' && rest_[0] != ']') {
-      const bool has_key = !node.isArray || (rest_[0] >= '0' && rest_[0] <= '9');
-      ReadEntry(node, has_key ? Until(": ") : Str(node.count()));
-      if (rest_.starts_with(", ")) rest_.remove_prefix(2);
-    }
-    rest_.remove_prefix(1);
-  }
-
-  // What is behind the tree.
-  std::string Rest() const { return std::string(rest_.substr(rest_.empty() ? 0 : 1)); }
-
- private:
-  void ReadEntry(plistDict& node, const std::string& key) {
-    if (rest_[0] == '{' || rest_[0] == '[') {
-      node.AddChild(key);
-      node.types.SetValue(key, rest_[0] == '{' ? "dict" : "array");
+// Takes a node off the front of a sketch.
+void ReadInto(plistDict& node, std::string_view& sketch) {
+  node.isArray = sketch[0] == '[';
+  for (sketch.remove_prefix(1); sketch[0] != '}' && sketch[0] != ']';) {
+    const bool has_key = !node.isArray || (sketch[0] >= '0' && sketch[0] <= '9');
+    const std::string key = has_key ? Until(": ", sketch) : Str(node.count());
+    const char first = sketch[0];
+    if (first == '{' || first == '[') {
+      first == '{' ? node.AddChild(key) : static_cast<void>(node.AddArray(key));
       node.searched.Remove(key);
-      return ReadInto(*node.children.back());
+      ReadInto(*node.children.back(), sketch);
+    } else {
+      node.types.SetValue(key, first == '\'' ? "string" : Until(" ", sketch));
+      sketch.remove_prefix(1);
+      node.values.SetValue(key, Until("'", sketch));
     }
-    const std::string type = rest_[0] == '\'' ? "string" : Until(" ");
-    rest_.remove_prefix(1);
-    node.types.SetValue(key, type);
-    node.values.SetValue(key, Until("'"));
+    if (sketch.starts_with(", ")) sketch.remove_prefix(2);
   }
-
-  std::string Until(std::string_view end) {
-    const std::string text(rest_.substr(0, rest_.find(end)));
-    rest_.remove_prefix(text.size() + end.size());
-    return text;
-  }
-
-  std::string_view rest_;
-};
+  sketch.remove_prefix(1);
+}
 
 }  // namespace
 
@@ -84,33 +68,24 @@ std::string Sketch(plistDict& node) {
 
 Ref<plist> Tree(std::string_view sketch) {
   Ref<plist> document = NewDocument();
-  SketchReader reader(sketch);
-  reader.ReadInto(*document->root);
-  document->errorMessage = reader.Rest();
-  document->error = !document->errorMessage.empty();
+  ReadInto(*document->root, sketch);
+  document->error = !sketch.empty();
+  if (document->error) document->errorMessage = sketch.substr(1);
   return document;
 }
 
-std::string OnOneLine(std::string text) {
-  std::replace(text.begin(), text.end(), '\n', '|');
-  return text;
-}
+std::string OnOneLine(const std::string& text) { return ReplaceAll(text, "\n", "|"); }
 
-std::string Lines(std::string text) {
-  std::replace(text.begin(), text.end(), '|', '\n');
-  return text;
-}
+std::string Lines(const std::string& text) { return ReplaceAll(text, "|", "\n"); }
 
 Ref<plist> Read(const std::string& body) {
   return New<plist>(Lines("<plist version=\"1.0\">|<dict>|" + body + "|</dict>|</plist>|"));
 }
 
 std::string Written(const Ref<plist>& document) {
-  const std::string begin = "<dict>|";
-  const std::string end = "</dict>|</plist>|";
-  const std::string text = OnOneLine(document->asString());
-  const std::size_t from = text.find(begin) + begin.size();
-  return text.ends_with(end) ? text.substr(from, text.size() - end.size() - from) : "no end";
+  std::string text = OnOneLine(document->asString());
+  text.erase(0, text.find("<dict>|") + 7);
+  return text.erase(text.rfind("</dict>|</plist>|"));
 }
 
 std::string Report(const Ref<plist>& document) {

@@ -27,8 +27,8 @@ std::string Sketch(plistDict& node);
 Ref<plist> Tree(std::string_view sketch);
 
 // The same text with a "|" for each line end, and the other way round.
-std::string OnOneLine(std::string text);
-std::string Lines(std::string text);
+std::string OnOneLine(const std::string& text);
+std::string Lines(const std::string& text);
 
 // A document from the lines of a root's body, on one line.
 Ref<plist> Read(const std::string& body);
