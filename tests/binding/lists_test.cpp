@@ -1,3 +1,5 @@
+#include <sstream>
+
 #include "platform/ui/listbox.h"
 #include "platform/ui/popup_menu.h"
 #include "tests/plist/rows.h"
@@ -5,27 +7,33 @@
 namespace morvantile {
 namespace {
 
-using Strings = std::vector<std::string>;
-
-Ref<Listbox> List(int columns, const std::vector<Strings>& rows, int selected = -1) {
+// Rows are texts between blanks, and cells texts between commas.
+Ref<Listbox> List(int columns, const std::string& rows, int selected = -1) {
   Ref<Listbox> list = New<Listbox>();
   list->Name = "1";
   list->Index = 3;
   list->SetColumnCount(columns);
-  for (const Strings& row : rows) list->AddRow(row);
+  std::istringstream words(rows);
+  for (std::string row; words >> row;) {
+    list->AddRow({""});
+    for (int column = 0; column < columns; ++column) {
+      list->SetCell(list->ListCount() - 1, column, NthField(row, ",", column + 1));
+    }
+  }
   list->SetListIndex(selected);
   return list;
 }
 
-Ref<PopupMenu> Menu(const Strings& rows, int selected) {
+Ref<PopupMenu> Menu(const std::string& rows, int selected = -1) {
   Ref<PopupMenu> menu = New<PopupMenu>();
   menu->Name = "M";
-  for (const std::string& row : rows) menu->AddRow(row);
+  std::istringstream words(rows);
+  for (std::string row; words >> row;) menu->AddRow(row);
   menu->SetListIndex(selected);
   return menu;
 }
 
-// All cells of a list that is read from the node, and the row that is selected then.
+// The rows of a control that is read from the node, and the number of the one that is selected.
 std::string Got(N n, const Ref<Listbox>& list, bool select) {
   n.GetListbox(list, select);
   std::string cells;
@@ -44,67 +52,52 @@ std::string Got(N n, const Ref<PopupMenu>& menu, bool select) {
   return rows + Str(menu->ListIndex());
 }
 
+TEST(Listbox, IsStoredInPlaceOfWhatHasItsKeyAndComesBackAsFarAsItHasColumns) {
+  const auto one = [](N n) { return Got(n, List(1, ""), true); };
+  const auto two = [](N n) { return Got(n, List(2, ""), true); };
+  const auto append = [](N n) { n.AppendListbox(List(1, "")); };
+  const auto unselected = [](N n) { return Got(n, List(1, "x"), false); };
+  Check({
+      {"{}", [](N n) { n.SetListbox(List(1, "a b", 1)); },
+       "{1.3: {default: 'b', elements: ['a', 'b']}}"},
+      {"{1.3: 'x'}", [](N n) { n.SetListbox(List(2, "a,b c,")); },
+       "{1.3: {default: '', elements: [['a', 'b'], ['c', '']]}}"},
+      {"{}", append, "= root is not an array"},
+      {"['x', 'y', 1.3: {}]", append, "['x', 'y', 1.3: {default: '', elements: []}]"},
+      {"{1.3: {default: 'B', elements: ['a', 'b', 'c']}}", one, "'a, b, c, 1' ="},
+      {"{1.3: {default: 'd', elements: [['a', 'b', 'c'], ['d', 'e']]}}", two, "'a,b, d,e, 1' ="},
+      {"{1.3: {default: '', elements: [['a', 'b'], []]}}", one, "'a, , 1' ="},
+      {"{1.3: {default: '', elements: ['a', []]}}", two, "'a,, ,, 1' ="},
+      {"{1.3: 'x'}", one, "'-1' = Child exists: 1.3 already exists"},
+      {"{1.3: {default: 'b', elements: ['a', 'b']}}", unselected, "'x, a, b, -1' ="},
+      {"{}", unselected, "'x, x, -1' {1.3: {default: '', elements: ['x']}}"},
+  });
+}
+
+TEST(PopupMenu, IsReplacedByItsRecord) {
+  const auto get = [](N n) { return Got(n, Menu("x", 0), true); };
+  const auto unselected = [](N n) { return Got(n, Menu("x", 0), false); };
+  const auto append = [](N n) { n.AppendPopup(Menu("")); };
+  Check({
+      {"{M.-2147483648: {}}", [](N n) { n.SetPopup(Menu("a b", 1)); },
+       "{M.-2147483648: {default: 'b', elements: ['a', 'b']}}"},
+      {"{}", get, "'x 0' {M.-2147483648: {default: 'x', elements: ['x']}}"},
+      {"{M.-2147483648: {default: 'B', elements: ['a', 'b', []]}}", get, "'a b  1' ="},
+      {"{M.-2147483648: {default: 'b', elements: ['a', 'b']}}", unselected, "'a b -1' ="},
+      {"{M.-2147483648: 'x'}", get, "'x 0' = Child exists: M.-2147483648 already exists"},
+      {"{}", append, "= root is not an array"},
+      {"[]", append, "[M.-2147483648: {default: '', elements: []}]"},
+  });
+}
+
+using Strings = std::vector<std::string>;
+
 std::string Got(N n, const char* key, std::int64_t base) {
   Strings list = {"old"};
   n.GetList(key, list, base);
   std::string all;
   for (const std::string& text : list) all += text + ",";
   return all;
-}
-
-TEST(Listbox, IsStoredInPlaceOfWhatHasItsKey) {
-  Check({
-      {"{}",
-       [](N n) {
-         n.SetListbox(List(1, {{"a"}, {"b"}}, 1));
-       },
-       "{1.3: {default: 'b', elements: ['a', 'b']}}"},
-      {"{1.3: 'x'}",
-       [](N n) {
-         n.SetListbox(List(2, {{"a", "b"}, {"c"}}));
-       },
-       "{1.3: {default: '', elements: [['a', 'b'], ['c', '']]}}"},
-      {"{}", [](N n) { n.AppendListbox(List(1, {})); }, "= root is not an array"},
-      {"['x', 'y', 1.3: {}]", [](N n) { n.AppendListbox(List(1, {})); },
-       "['x', 'y', 1.3: {default: '', elements: []}]"},
-  });
-}
-
-TEST(Listbox, GetsTheRowsOfItsRecordAsFarAsItHasColumns) {
-  const auto one = [](N n) { return Got(n, List(1, {}), true); };
-  const auto two = [](N n) { return Got(n, List(2, {}), true); };
-  Check({
-      {"{1.3: {default: 'B', elements: ['a', 'b', 'c']}}", one, "'a, b, c, 1' ="},
-      {"{1.3: {default: 'd', elements: [['a', 'b', 'c'], ['d', 'e']]}}", two, "'a,b, d,e, 1' ="},
-      {"{1.3: {default: '', elements: [['a', 'b'], []]}}", one, "'a, , 1' ="},
-      {"{1.3: {default: '', elements: ['a', []]}}", two, "'a,, ,, 1' ="},
-      {"{1.3: 'x'}", one, "'-1' = Child exists: 1.3 already exists"},
-      {"{1.3: {elements: 'x'}}", one,
-       "'-1' {1.3: {elements: 'x', default: ''}} Child exists: elements already exists"},
-      {"{1.3: {default: 'b', elements: ['a', 'b']}}",
-       [](N n) { return Got(n, List(1, {}), false); }, "'a, b, -1' ="},
-      {"{}", [](N n) { return Got(n, List(1, {{"a"}}), false); },
-       "'a, a, -1' {1.3: {default: '', elements: ['a']}}"},
-  });
-}
-
-TEST(PopupMenu, IsReplacedByItsRecord) {
-  const auto get = [](N n) { return Got(n, Menu({"x"}, 0), true); };
-  Check({
-      {"{M.-2147483648: {}}",
-       [](N n) {
-         n.SetPopup(Menu({"a", "b"}, 1));
-       },
-       "{M.-2147483648: {default: 'b', elements: ['a', 'b']}}"},
-      {"{}", get, "'x 0' {M.-2147483648: {default: 'x', elements: ['x']}}"},
-      {"{M.-2147483648: {default: 'B', elements: ['a', 'b', []]}}", get, "'a b  1' ="},
-      {"{M.-2147483648: {default: 'b', elements: ['a', 'b']}}",
-       [](N n) { return Got(n, Menu({"x"}, 0), false); }, "'a b -1' ="},
-      {"{M.-2147483648: 'x'}", get, "'x 0' = Child exists: M.-2147483648 already exists"},
-      {"{}", [](N n) { n.AppendPopup(Menu({}, -1)); }, "= root is not an array"},
-      {"[]", [](N n) { n.AppendPopup(Menu({}, -1)); },
-       "[M.-2147483648: {default: '', elements: []}]"},
-  });
 }
 
 TEST(StringList, IsCutToItsRange) {
