@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "platform/ui/window.h"
-#include "tests/platform/files/scratch_folder.h"
 #include "tests/plist/sketch.h"
 
 namespace morvantile {
@@ -75,17 +74,6 @@ TEST(Arguments, MayBeTextsOfTheDocument) {
       }
     }
   }
-}
-
-TEST(Arguments, OfLoadMayBeTheFilesOfTheDocument) {
-  const ScratchFolder folder;
-  const Ref<plist> document = New<plist>(folder.Item("a"), false);
-  document->root->SetString("k", "v");
-  document->Save(false, true);
-  document->Load(document->savePath, nullptr);
-  document->Load(document->org, nullptr);
-  document->Load(folder.Item("missing"), document->org);
-  EXPECT_EQ(document->org->Name() + Sketch(*document->root), "missing{k: 'v'}");
 }
 
 }  // namespace

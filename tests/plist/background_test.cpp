@@ -25,10 +25,9 @@ int TurnsOf(
 TEST(BackgroundTurns, MayChangeTheTreeThatIsReadAndWritten) {
   const ScratchFolder folder;
   const Ref<TextInputStream> in = TextInputStream::Open(folder.Put(
-      "a", Lines("<key>a</key>|<string>one</string>|<key>b</key>|"
-                 "<string>a text that is longer than what an entry holds in itself</string>|"
-                 "<key>c</key>|<array>|<dict>|<key>x</key>|<string>y|z</string>|</dict>|</array>|"
-                 "<key>d</key><dict>|<key>e</key>|<true/>|</dict>|<key>f</key>|<true/>|</dict>|")));
+      "a", Lines("<key>a</key>|<string>1</string>|<key>b</key>|<string>a text of more than 23 bytes"
+                 "</string>|<key>c</key>|<array>|<dict>|<string>y|z</string>|</dict>|</array>|"
+                 "<key>d</key><dict>|<true/>|</dict>|<key>f</key>|<true/>|</dict>|")));
   const Ref<TextOutputStream> out = folder.Item("b")->CreateTextFile();
   turned = New<plistDict>();
   const auto work = [&] {
@@ -40,7 +39,7 @@ TEST(BackgroundTurns, MayChangeTheTreeThatIsReadAndWritten) {
     if (++turn_count < 100) turned->child("turn " + Str(turn_count))->AddChild("x");
   });
   const Ref<plistDict> root = std::exchange(turned, nullptr);
-  EXPECT_EQ(root->GetString("b"), "a text that is longer than what an entry holds in itself");
+  EXPECT_EQ(root->GetString("b"), "a text of more than 23 bytes");
   EXPECT_TRUE(root->GetBoolean("f", false));
   EXPECT_EQ(root->count(), 2 + std::min(turns, 99));
   EXPECT_TRUE(out->Close());

@@ -35,7 +35,6 @@ TEST(Values, KeepTheFirstSpellingAndTheFirstTypeOfTheirKey) {
       {"{k: integer '1'} earlier", [](N n) { n.SetData("k", "x"); }, "{k: data 'x'} earlier"},
       {"{}", [](N n) { n.SetColor("k", RGB(1, 16, 255, 9)); }, "{k: '0110FF'}"},
       {"{k: 'a'}", [](N n) { n.SetInteger("k", 5); }, "= Type Mismatch: k is a string"},
-      {"{k: {}}", [](N n) { n.SetString("k", "x"); }, "= Type Mismatch: k is a dict"},
       {"{k: 'x'}", [](N n) { n.SetDate("k", nullptr); }, "= Type Mismatch: k is a string"},
       {"{}", [](N n) { n.SetDate("k", nullptr); }, "use of a nil object: ="},
   });
@@ -69,7 +68,6 @@ TEST(Values, AreReadAsAnotherTypeOrReportWhyNot) {
       {"{k: {}}", date, "nil = Illegal Type: k is a dict"},
       {"{k: '0110FF'} earlier", color, "110FF ="},
       {"{k: 'ff80'}", color, "FF8080 ="},
-      {"{k: ''}", color, "0 ="},
       {"{k: 'no colour'}", color, "0 ="},
       {"{k: '7'}", color, "70007 ="},
       {"{k: integer '5'}", color, "0 = Type Mismatch: k is a integer"},

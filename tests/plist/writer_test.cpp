@@ -69,7 +69,8 @@ TEST(Writer, PythonReadsWhatItWrites) {
   const std::string python = MORVANTILE_PYTHON;
   if (python.empty()) GTEST_SKIP() << "there is no Python to ask";
   const std::string sketch =
-      "{Größe '\"/€: '< a >\"€/', e: '', g: '>', i: integer '-7', r: real '0.5', b: boolean 'false', "
+      "{Größe '\"/€: '< a >\"€/', e: '', g: '>', i: integer '-7', r: real '0.5', b: boolean "
+      "'false', "
       "d: date '2009-03-07T08:05:09Z', x: data 'QUJD', n: data '', "
       "a: [[], {}, ['x', {k: [boolean 'true', {l: real '-1.5'}]}], date '1987-11-30T23:59:59Z']}";
   const ScratchFolder folder;

@@ -1,7 +1,4 @@
-"""Every text of the program, its launcher and its description in the shops is there in every language.
-
-Run as: catalogues_test.py PROJECT
-"""
+"""Every text of the program, its launcher and its description in the shops is there in every language."""
 
 import pathlib
 import re
