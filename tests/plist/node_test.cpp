@@ -84,11 +84,11 @@ TEST(Cursor, WrapsAtBothEndsAndOnlyMoveFirstClearsEof) {
 }
 
 TEST(AbsolutePath, NamesTheNodesFromTheRoot) {
+  const auto path_of_c = [](N n) {
+    return n.child("Root")->child("b")->child("c")->AbsolutePath();
+  };
   Check({
-      {"{b: {c: {}}}", [](N n) { return n.child("b")->child("c")->AbsolutePath(); },
-       "':root:b:c' ="},
-      {"{Root: {y: {}}}", [](N n) { return n.child("Root")->child("y")->AbsolutePath(); },
-       "':root:y' ="},
+      {"{Root: {b: {c: {}}}}", path_of_c, "':root:b:c' ="},
       {"{}", [](N n) { return n.AbsolutePath() + n.AbsolutePath() + n.path; },
        "':root:root:root' ="},
   });

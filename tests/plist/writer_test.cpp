@@ -58,13 +58,6 @@ TEST(Writer, IndentsByAsManyTabsAsItIsTold) {
   }
 }
 
-TEST(Writer, AValueWithLinesGainsALineEndOnceAndIsStableThen) {
-  const Ref<plist> first = Read("<key>k</key>|<string>a\rb||c</string>");
-  const Ref<plist> second = first->FromString(first->asString());
-  EXPECT_EQ(second->root->GetString("k"), "a\rb\r\rc\r");
-  EXPECT_EQ(second->asString(), first->asString());
-}
-
 TEST(Writer, PythonReadsWhatItWrites) {
   const std::string python = MORVANTILE_PYTHON;
   if (python.empty()) GTEST_SKIP() << "there is no Python to ask";
