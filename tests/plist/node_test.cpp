@@ -12,6 +12,7 @@ TEST(Child, IsCreatedOnceWhereNoKeyIsWhateverTheCase) {
       {"{a: {x: '1'}}", [](N n) { n.AddChild("A"); }, "= Child exists: A already exists"},
       {"{a: {}}", [](N n) { return n.AddArray("a"); }, "false = Array exists: a already exists"},
       {"{} earlier", [](N n) { return n.AddArray("b"); }, "true {b: []}"},
+      {"{}", [](N n) { return n.child("b") && n.searched.Value("b"); }, "false {b: {}}"},
       {"{c: {}}", [](N n) { return n.child("c")->CheckArray(); }, "false = c is not an array"},
       {"['x', {}]", [](N n) { return n.index(0); }, "nil ="},
       {"['x', {}]", [](N n) { return n.index(1) == n.children[1]; }, "true ="},

@@ -85,13 +85,13 @@ TEST(Dump, MarksTheKeysThatTheSearchKnows) {
   HeadlessHost host;
   InstallHost(&host);
   const Ref<plist> document = Read("<key>a</key>|<array>|<string>a<</string>|</array>");
-  document->root->SetString("b", "x");
+  document->root->SetData("b", "x");
   host.clipboardText = "earlier";
   document->Dump();
   EXPECT_EQ(host.clipboardText,
             "<plist version=\"1.0\">\r<dict>\r"
             "\t<key>a</key>\r\t<nosearch/>\r\t<array>\r\t\t<string>a&lt;</string>\r\t</array>\r"
-            "\t<key>b</key>\r\t<search/>\r\t<string>x</string>\r</dict>\r</plist>\r");
+            "\t<key>b</key>\r\t<search/>\r\t<data>\r\tx\r\t</data>\r</dict>\r</plist>\r");
   InstallHost(nullptr);
 }
 
