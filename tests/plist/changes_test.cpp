@@ -9,6 +9,10 @@ TEST(Removal, OfAnElementMovesThoseBehindItAndOfAKeyNone) {
   const auto first = [](N n) { n.Remove(0, false); };
   const auto second = [](N n) { n.Remove(1, false); };
   const auto third = [](N n) { n.Remove(2, false); };
+  const auto type_of_next = [](N n) {
+    n.Remove(0, false);
+    return n.TypeOK("0");
+  };
   Check({
       {"['x', 'y', 'z']", second, "['x', 'z']"},
       {"['x', 'y', 'z']", [](N n) { n.Remove("0", false); }, "['y', 'z']"},
@@ -16,6 +20,8 @@ TEST(Removal, OfAnElementMovesThoseBehindItAndOfAKeyNone) {
       {"['x'] earlier", first, "[]"},
       {"['x', {a: '1'}, 'y', [], {b: '2'}, 'z']", first, "[{a: '1'}, 'y', [], {b: '2'}, 'z']"},
       {"[{a: '1'}, 'y', [], {b: '2'}, 'z']", first, "['y', [], {b: '2'}, 'z']"},
+      {"['x', []]", type_of_next, "false [[]] Illegal Type: 0 is a array"},
+      {"[{}, 'x']", type_of_next, "true ['x']"},
       {"['x', 'y']", [](N n) { n.Remove(-1, false); }, "= Subscript out of range"},
       {"['x', 'y']", third, "= Subscript out of range"},
       {"['w', 'x', 3: '3', 4: {}]", first, "['x', 2: '3', 4: {}]"},
@@ -62,7 +68,10 @@ const auto move_f = [](N n) { n.Move("f", n.child("to")); };
 const auto move_up = [](N n) { n.child("f")->Move("f", Ref<plistDict>(&n)); };
 
 TEST(Move, CarriesAnEntryByItsTypeUnderTheOldOrANewKey) {
-  const auto append = [](N n) { n.child("to")->AppendDict(n.child("f")); };
+  const auto append = [](N n) {
+    n.child("f")->MoveLast();
+    n.child("to")->AppendDict(n.child("f"));
+  };
   const std::string entries =
       "a: 'x', b: real '1.5', c: integer '7', d: boolean 'true', e: data 'QUJD', g: double '2.5', "
       "h: date '2009-03-07T08:05:09Z', i: date 'none', j: integer 'many', k: real 'few'";
