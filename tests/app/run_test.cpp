@@ -18,56 +18,36 @@ namespace {
 constexpr const char* kSettings = "config/Morvantile/Morvantile Preferences";
 
 template <typename C>
-Ref<C> Find(Window& window) {
+C* Find(Window& window) {
   for (const Ref<Control>& control : window.Controls()) {
-    if (auto* found = dynamic_cast<C*>(control.get())) return Ref<C>(found);
+    if (auto* found = dynamic_cast<C*>(control.get())) return found;
   }
   return nullptr;
 }
+
+void PressOk(Window& shown) { shown.FindDefaultButton()->UserPress(); }
 
 class RunTest : public testing::Test {
  protected:
   RunTest() {
     InstallHost(&host);
     setenv("XDG_CONFIG_HOME", folder.Path("config").c_str(), 1);
-    PutPicture();
   }
   ~RunTest() override { InstallHost(nullptr); }
 
-  void PutPicture() {
+  // A run with a picture of 640 by 480 on the clipboard, and a user who does that to the window;
+  // returns the size of the picture then.
+  std::string Run(const std::function<void(Window&)>& user) {
     original = Picture::Create(640, 480, false);
     for (int y = 0; y < 480; ++y) std::fill_n(original->MutableRow(y), 4 * 640, 7);
     host.clipboardPicture = original;
-  }
-
-  int Run() {
+    host.scripts = {user};
     const Ref<App> app = New<App>();
-    return host.Run(*app);
-  }
-
-  // A run whose user sets mode and slider and presses OK.
-  void RunWith(int mode, int slider) {
-    host.scripts.emplace_back([mode, slider](Window& shown) {
-      Find<SegmentedControl>(shown)->UserPress(mode);
-      Find<Slider>(shown)->SetValue(slider);
-      shown.FindDefaultButton()->UserPress();
-    });
-    EXPECT_EQ(Run(), 0);
-  }
-
-  // A run whose user presses OK at once.
-  void RunWithOk() {
-    host.scripts.emplace_back([](Window& shown) { shown.FindDefaultButton()->UserPress(); });
-    EXPECT_EQ(Run(), 0);
+    EXPECT_EQ(host.Run(*app), 0);
     EXPECT_TRUE(host.messages.empty());
-  }
-
-  std::string Size() const {
     return std::to_string(host.clipboardPicture->Width()) + " x " +
            std::to_string(host.clipboardPicture->Height());
   }
-
-  bool Exists(const char* name) const { return std::filesystem::exists(folder.Path(name)); }
 
   ScratchFolder folder;
   HeadlessHost host;
@@ -76,90 +56,56 @@ class RunTest : public testing::Test {
 
 TEST_F(RunTest, WithoutAPictureItQuitsSilentlyAndTouchesNothing) {
   host.SetClipboardText("text");
-  EXPECT_EQ(Run(), 0);
-  EXPECT_EQ(host.windowsShown, 0);
+  const Ref<App> app = New<App>();
+  EXPECT_EQ(host.Run(*app) + host.windowsShown, 0);
   EXPECT_TRUE(host.messages.empty());
   EXPECT_EQ(host.clipboardText, "text");
-  EXPECT_FALSE(Exists("config"));
+  EXPECT_EQ(folder.Names(), std::vector<std::string>());
 }
 
-TEST_F(RunTest, AFirstOkScalesByHalfAndWritesTheSettings) {
-  RunWithOk();
-  EXPECT_EQ(Size(), "320 x 240");
-  EXPECT_EQ(folder.Content(kSettings),
-            "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-            "<!DOCTYPE plist PUBLIC \"-//Apple Computer//DTD PLIST 1.0//EN\" "
-            "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
-            "<plist version=\"1.0\">\n"
-            "<dict>\n"
-            "\t<key>Scale Mode</key>\n"
-            "\t<integer>2</integer>\n"
-            "\t<key>Slider Value</key>\n"
-            "\t<real>50</real>\n"
-            "</dict>\n"
-            "</plist>\n");
+TEST_F(RunTest, OkScalesByWhatIsSetAndTheNextRunRemembersIt) {
+  EXPECT_EQ(Run(PressOk), "320 x 240");
+  EXPECT_NE(folder.Content(kSettings).find("<key>Scale Mode</key>\n\t<integer>2</integer>\n\t"
+                                           "<key>Slider Value</key>\n\t<real>50</real>\n</dict>"),
+            std::string::npos);
   EXPECT_EQ(folder.Permissions(kSettings),
             std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
+  const auto set = [](Window& shown) {
+    Find<SegmentedControl>(shown)->UserPress(1);
+    Find<Slider>(shown)->SetValue(20);
+    PressOk(shown);
+  };
+  EXPECT_EQ(Run(set), "160 x 120");
+  EXPECT_EQ(Run(PressOk), "160 x 120");
+  New<plist>(folder.Item(kSettings), false)->Save(false, true);
+  EXPECT_EQ(Run(PressOk), "160 x 120");
+  EXPECT_EQ(folder.Content(kSettings).substr(0, 6), "bplist") << "binary settings stay so";
 }
 
-TEST_F(RunTest, TheNextRunOpensOnWhatWasRemembered) {
-  RunWith(1, 20);
-  EXPECT_EQ(Size(), "160 x 120");
-  PutPicture();
-  RunWithOk();
-  EXPECT_EQ(Size(), "160 x 120");
-}
-
-TEST_F(RunTest, DontScaleLeavesPictureAndSettings) {
-  host.scripts.emplace_back([](Window& shown) {
+TEST_F(RunTest, DontScaleOrClosingTheWindowLeavesPictureAndSettings) {
+  Run([](Window& shown) {
     Find<Slider>(shown)->SetValue(7);
     shown.FindCancelButton()->UserPress();
   });
-  EXPECT_EQ(Run(), 0);
   EXPECT_EQ(host.clipboardPicture, original);
-  EXPECT_TRUE(Exists("config/Morvantile"));
-  EXPECT_FALSE(Exists(kSettings));
-}
-
-TEST_F(RunTest, ClosingAWindowWithoutACloseButtonMeansDontScale) {
-  host.scripts.emplace_back([](Window& shown) { shown.UserClose(); });
-  EXPECT_EQ(Run(), 0);
+  Run([](Window& shown) { shown.UserClose(); });
   EXPECT_EQ(host.clipboardPicture, original);
+  EXPECT_EQ(folder.Item("config/Morvantile")->Exists(), true);
+  EXPECT_FALSE(folder.Item(kSettings)->Exists());
 }
 
-TEST_F(RunTest, AFolderInPlaceOfTheSettingsFileStopsNothing) {
-  std::filesystem::create_directories(folder.Path(kSettings));
-  RunWithOk();
-  EXPECT_EQ(Size(), "320 x 240");
-  EXPECT_TRUE(std::filesystem::is_directory(folder.Path(kSettings)));
-}
-
-TEST_F(RunTest, SettingsThatAreNoPropertyListStopNothing) {
-  std::filesystem::create_directories(folder.Path("config/Morvantile"));
-  folder.Put(kSettings, "not a property list\n");
-  RunWithOk();
-  EXPECT_EQ(Size(), "320 x 240");
-  PutPicture();
-  RunWithOk();
-  EXPECT_EQ(folder.Content(kSettings).substr(0, 20), "not a property list\n");
-}
-
-TEST_F(RunTest, AnUnusableConfigurationFolderStopsNothing) {
+TEST_F(RunTest, SettingsThatCantBeReadOrWrittenStopNothing) {
   folder.Put("config", "a file where the folder should be");
-  RunWithOk();
-  EXPECT_EQ(Size(), "320 x 240");
+  EXPECT_EQ(Run(PressOk), "320 x 240");
   EXPECT_EQ(folder.Content("config"), "a file where the folder should be");
-}
-
-TEST_F(RunTest, SettingsInBinaryFormStayBinary) {
-  RunWith(0, 10);
-  const Ref<plist> document = New<plist>(folder.Item(kSettings), false);
-  document->Save(false, true);
-  ASSERT_EQ(folder.Content(kSettings).substr(0, 6), "bplist");
-  PutPicture();
-  RunWithOk();
-  EXPECT_EQ(Size(), "60 x 45");
-  EXPECT_EQ(folder.Content(kSettings).substr(0, 6), "bplist");
+  std::filesystem::remove(folder.Path("config"));
+  std::filesystem::create_directories(folder.Path(kSettings));
+  EXPECT_EQ(Run(PressOk), "320 x 240");
+  EXPECT_TRUE(std::filesystem::is_directory(folder.Path(kSettings)));
+  std::filesystem::remove(folder.Path(kSettings));
+  folder.Put(kSettings, "not a property list\n");
+  for (int run = 0; run < 2; ++run) EXPECT_EQ(Run(PressOk), "320 x 240");
+  EXPECT_EQ(folder.Content(kSettings).substr(0, 20), "not a property list\n");
 }
 
 }  // namespace

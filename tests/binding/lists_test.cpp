@@ -1,219 +1,121 @@
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
+#include <sstream>
 
 #include "platform/ui/listbox.h"
 #include "platform/ui/popup_menu.h"
-#include "plist/plist.h"
-#include "plist/plistDict.h"
+#include "tests/plist/rows.h"
 
 namespace morvantile {
 namespace {
 
-using Strings = std::vector<std::string>;
-
-Ref<Listbox> Names(int columns) {
+// Rows are texts between blanks, and cells texts between commas.
+Ref<Listbox> List(int columns, const std::string& rows, int selected = -1) {
   Ref<Listbox> list = New<Listbox>();
-  list->Name = "Names";
+  list->Name = "1";
   list->Index = 3;
   list->SetColumnCount(columns);
+  std::istringstream words(rows);
+  for (std::string row; words >> row;) {
+    list->AddRow({""});
+    for (int column = 0; column < columns; ++column) {
+      list->SetCell(list->ListCount() - 1, column, NthField(row, ",", column + 1));
+    }
+  }
+  list->SetListIndex(selected);
   return list;
 }
 
-// All cells of a list, rows ended by ";".
-std::string CellsOf(const Listbox& list) {
+Ref<PopupMenu> Menu(const std::string& rows, int selected = -1) {
+  Ref<PopupMenu> menu = New<PopupMenu>();
+  menu->Name = "M";
+  std::istringstream words(rows);
+  for (std::string row; words >> row;) menu->AddRow(row);
+  menu->SetListIndex(selected);
+  return menu;
+}
+
+// The rows of a control that is read from the node, and the number of the one that is selected.
+std::string Got(N n, const Ref<Listbox>& list, bool select) {
+  n.GetListbox(list, select);
   std::string cells;
-  for (int row = 0; row < list.ListCount(); ++row) {
-    for (int column = 0; column < list.ColumnCount(); ++column) {
-      cells += list.Cell(row, column) + (column + 1 < list.ColumnCount() ? "," : ";");
-    }
+  for (int row = 0; row < list->ListCount(); ++row) {
+    for (int column = 0; column < list->ColumnCount(); ++column)
+      cells += list->Cell(row, column) + ",";
+    cells += " ";
   }
-  return cells;
+  return cells + Str(list->ListIndex());
 }
 
-class ListBinding : public testing::Test {
- protected:
-  ListBinding() { node->rootClass = document; }
-
-  Ref<plist> document = New<plist>(nullptr, false);
-  Ref<plistDict> node = document->root;
-};
-
-TEST_F(ListBinding, AListOfOneColumnComesBackWithItsSelection) {
-  const Ref<Listbox> list = Names(1);
-  for (const char* row : {"a", "b", "c"}) list->AddRow({row});
-  list->SetListIndex(1);
-  node->SetListbox(list);
-  EXPECT_EQ(node->child("names.3")->GetString("default"), "b");
-  EXPECT_EQ(node->child("Names.3")->child("elements")->GetType("2"), "string");
-
-  for (const bool select : {false, true}) {
-    const Ref<Listbox> back = Names(1);
-    node->GetListbox(back, select);
-    EXPECT_EQ(CellsOf(*back), "a;b;c;");
-    EXPECT_EQ(back->ListIndex(), select ? 1 : -1);
-  }
+std::string Got(N n, const Ref<PopupMenu>& menu, bool select) {
+  n.GetPopup(menu, select);
+  std::string rows;
+  for (int row = 0; row < menu->ListCount(); ++row) rows += menu->List(row) + " ";
+  return rows + Str(menu->ListIndex());
 }
 
-TEST_F(ListBinding, AListOfColumnsComesBackAsFarAsItHasThem) {
-  const Ref<Listbox> list = Names(3);
-  list->AddRow({"a", "b", "c"});
-  list->AddRow({"d", "e", "f"});
-  list->SetListIndex(1);
-  node->SetListbox(list);
-
-  const Ref<Listbox> back = Names(2);
-  node->GetListbox(back, true);
-  EXPECT_EQ(CellsOf(*back), "a,b;d,e;");
-  EXPECT_EQ(back->Text(), "d");
+TEST(Listbox, IsStoredInPlaceOfWhatHasItsKeyAndComesBackAsFarAsItHasColumns) {
+  const auto one = [](N n) { return Got(n, List(1, ""), true); };
+  const auto two = [](N n) { return Got(n, List(2, ""), true); };
+  const auto append = [](N n) { n.AppendListbox(List(1, "")); };
+  const auto unselected = [](N n) { return Got(n, List(1, "x"), false); };
+  Check({
+      {"{}", [](N n) { n.SetListbox(List(1, "a b", 1)); },
+       "{1.3: {default: 'b', elements: ['a', 'b']}}"},
+      {"{1.3: 'x'}", [](N n) { n.SetListbox(List(2, "a,b c,")); },
+       "{1.3: {default: '', elements: [['a', 'b'], ['c', '']]}}"},
+      {"{}", append, "= root is not an array"},
+      {"['x', 'y', 1.3: {}]", append, "['x', 'y', 1.3: {default: '', elements: []}]"},
+      {"{1.3: {default: 'B', elements: ['a', 'b', 'c']}}", one, "'a, b, c, 1' ="},
+      {"{1.3: {default: 'd', elements: [['a', 'b', 'c'], ['d', 'e']]}}", two, "'a,b, d,e, 1' ="},
+      {"{1.3: {default: '', elements: [['a', 'b'], []]}}", one, "'a, , 1' ="},
+      {"{1.3: {default: '', elements: ['a', []]}}", two, "'a,, ,, 1' ="},
+      {"{1.3: 'x'}", one, "'-1' = Child exists: 1.3 already exists"},
+      {"{1.3: {default: 'b', elements: ['a', 'b']}}", unselected, "'x, a, b, -1' ="},
+      {"{}", unselected, "'x, x, -1' {1.3: {default: '', elements: ['x']}}"},
+  });
 }
 
-TEST_F(ListBinding, ARecordOfTheOtherFormIsReadAsFarAsItFits) {
-  const Ref<Listbox> wide = Names(2);
-  wide->AddRow({"a", "b"});
-  node->SetListbox(wide);
-  const Ref<Listbox> narrow = Names(1);
-  node->GetListbox(narrow, false);
-  EXPECT_EQ(CellsOf(*narrow), "a;");
-
-  node->SetListbox(narrow);
-  const Ref<Listbox> again = Names(2);
-  node->GetListbox(again, false);
-  EXPECT_EQ(CellsOf(*again), "a,;");
-  EXPECT_FALSE(document->error);
+TEST(PopupMenu, IsReplacedByItsRecord) {
+  const auto get = [](N n) { return Got(n, Menu("x", 0), true); };
+  const auto unselected = [](N n) { return Got(n, Menu("x", 0), false); };
+  const auto append = [](N n) { n.AppendPopup(Menu("")); };
+  Check({
+      {"{M.-2147483648: {}}", [](N n) { n.SetPopup(Menu("a b", 1)); },
+       "{M.-2147483648: {default: 'b', elements: ['a', 'b']}}"},
+      {"{}", get, "'x 0' {M.-2147483648: {default: 'x', elements: ['x']}}"},
+      {"{M.-2147483648: {default: 'B', elements: ['a', 'b', []]}}", get, "'a b  1' ="},
+      {"{M.-2147483648: {default: 'b', elements: ['a', 'b']}}", unselected, "'a b -1' ="},
+      {"{M.-2147483648: 'x'}", get, "'x 0' = Child exists: M.-2147483648 already exists"},
+      {"{}", append, "= root is not an array"},
+      {"[]", append, "[M.-2147483648: {default: '', elements: []}]"},
+  });
 }
 
-TEST_F(ListBinding, AMissingRecordIsMadeFromTheListAndThenReadIntoIt) {
-  const Ref<Listbox> empty = Names(1);
-  node->GetListbox(empty, true);
-  EXPECT_EQ(empty->ListCount(), 0);
-  EXPECT_TRUE(node->child("Names.3")->child("elements")->isArray);
+using Strings = std::vector<std::string>;
 
-  const Ref<Listbox> full = Names(1);
-  full->Index = Control::kNoIndex;
-  full->AddRow({"a"});
-  node->GetListbox(full, false);
-  EXPECT_EQ(CellsOf(*full), "a;a;");
-  EXPECT_TRUE(node->Exists("Names.-2147483648"));
+std::string Got(N n, const char* key, std::int64_t base) {
+  Strings list = {"old"};
+  n.GetList(key, list, base);
+  std::string all;
+  for (const std::string& text : list) all += text + ",";
+  return all;
 }
 
-TEST_F(ListBinding, AStoredRecordReplacesTheOneBeforeAndAnyScalar) {
-  const Ref<Listbox> list = Names(1);
-  list->AddRow({"a"});
-  list->AddRow({"b"});
-  node->SetString("Names.3", "in the way");
-  node->SetListbox(list);
-  list->DeleteAllRows();
-  list->AddRow({"c"});
-  node->SetListbox(list);
-  const Ref<Listbox> back = Names(1);
-  node->GetListbox(back, false);
-  EXPECT_EQ(CellsOf(*back), "c;");
-}
-
-TEST_F(ListBinding, AKeyThatReadsAsANumberIsReplacedAsAKey) {
-  const Ref<Listbox> list = Names(1);
-  list->Name = "1";
-  for (const char* row : {"a", "b"}) {
-    list->DeleteAllRows();
-    list->AddRow({row});
-    node->SetListbox(list);
-    node->SetList("12", {row}, 0, 0);
-  }
-  EXPECT_EQ(node->child("1.3")->child("elements")->GetString("0"), "b");
-  EXPECT_EQ(node->child("12")->GetString("0"), "b");
-  EXPECT_EQ(node->child("12")->count(), 1);
-
-  node->AddArray("all");
-  const Ref<plistDict> all = node->child("all");
-  for (const char* text : {"x", "y"}) all->AppendString(text);
-  for (int i = 0; i < 2; ++i) all->AppendListbox(list);
-  EXPECT_EQ(all->GetString("1"), "y");
-}
-
-TEST_F(ListBinding, AppendingNeedsAnArrayAndStoresUnderTheControlsKey) {
-  const Ref<Listbox> list = Names(1);
-  node->AppendListbox(list);
-  EXPECT_TRUE(document->error);
-  EXPECT_EQ(node->count(), 0);
-  node->AddArray("all");
-  node->child("all")->AppendListbox(list);
-  EXPECT_EQ(node->child("all")->GetType("Names.3"), "dict");
-}
-
-TEST_F(ListBinding, AMenuIsReplacedByItsRecord) {
-  const Ref<PopupMenu> menu = New<PopupMenu>();
-  menu->Name = "Menu";
-  for (const char* row : {"a", "B"}) menu->AddRow(row);
-  menu->SetListIndex(1);
-  node->SetPopup(menu);
-  node->child("Menu.-2147483648")->SetString("default", "b");
-  menu->AddRow("c");
-  for (const bool select : {false, true}) {
-    node->GetPopup(menu, select);
-    EXPECT_EQ(menu->ListCount(), 2);
-    EXPECT_EQ(menu->ListIndex(), select ? 1 : -1);
-  }
-}
-
-TEST_F(ListBinding, AMenuWithoutARecordKeepsItsRows) {
-  const Ref<PopupMenu> menu = New<PopupMenu>();
-  menu->AddRow("a");
-  menu->SetListIndex(0);
-  node->GetPopup(menu, true);
-  EXPECT_EQ(menu->Text(), "a");
-  EXPECT_EQ(node->count(), 1);
-}
-
-TEST_F(ListBinding, AStringListIsCutToItsRange) {
-  const Strings five = {"a", "b", "c", "d", "e"};
-  struct Case {
-    Strings list;
-    std::int64_t first, last;
-    Strings stored;
-  };
-  for (const Case& test :
-       {Case{five, 2, 99, {"c", "d", "e"}}, Case{five, 7, 1, {"a", "b"}}, Case{five, 3, 1, {}},
-        Case{five, -4, 0, {"a"}}, Case{{}, 0, 5, {}}, Case{five, 0, 4, five}}) {
-    node->SetList("l", test.list, test.first, test.last);
-    Strings read = {"old"};
-    node->GetList("l", read, 0);
-    EXPECT_EQ(read, test.stored) << test.first << " to " << test.last;
-    EXPECT_EQ(node->GetType("l"), "array");
-  }
-}
-
-TEST_F(ListBinding, TheBaseOfAStringListLeavesRoomAtItsFront) {
-  node->SetList("l", {"a", "b"}, 0, 1);
-  Strings read;
-  node->GetList("l", read, 1);
-  EXPECT_EQ(read, (Strings{"", "a", "b"}));
-  node->GetList("missing", read, 0);
-  EXPECT_EQ(read, Strings{});
-  EXPECT_EQ(node->GetType("missing"), "dict");
-  node->SetString("scalar", "x");
-  read = {"kept"};
-  node->GetList("scalar", read, 0);
-  EXPECT_EQ(read, Strings{"kept"});
-}
-
-TEST_F(ListBinding, AnArrayTakesOneElementAStringList) {
-  node->AppendList({"a"}, 0, 0);
-  EXPECT_TRUE(document->error);
-  node->AddArray("all");
-  node->child("all")->AppendString("first");
-  node->child("all")->AppendList({"a", "b"}, 1, 9);
-  Strings read;
-  node->child("all")->GetList("1", read, 0);
-  EXPECT_EQ(read, Strings{"b"});
-
-  plistDict& gapped = *node->child("all");
-  gapped.AppendString("last");
-  gapped.Remove("0", true);
-  gapped.AppendList({"c"}, 0, 0);
-  EXPECT_EQ(gapped.indexOf, 2);
-  EXPECT_EQ(gapped.index(2)->GetString("0"), "c");
+TEST(StringList, IsCutToItsRange) {
+  static const Strings kFive = {"a", "b", "c", "d", "e"};
+  Check({
+      {"{L: 'x'}", [](N n) { n.SetList("l", kFive, 2, 99); }, "{l: ['c', 'd', 'e']}"},
+      {"{12: ['x']}", [](N n) { n.SetList("12", kFive, 5, 1); }, "{12: ['a', 'b']}"},
+      {"{}", [](N n) { n.SetList("l", kFive, 3, 1); }, "{l: []}"},
+      {"{}", [](N n) { n.SetList("l", kFive, 4, 4); }, "{l: ['e']}"},
+      {"{}", [](N n) { n.SetList("l", kFive, -4, 0); }, "{l: ['a']}"},
+      {"{}", [](N n) { n.SetList("l", {}, 0, 5); }, "{l: []}"},
+      {"['x']", [](N n) { n.AppendList(kFive, 3, 9); }, "['x', ['d', 'e']]"},
+      {"{}", [](N n) { n.AppendList(kFive, 0, 0); }, "= root is not an array"},
+      {"{l: ['a', 'b']}", [](N n) { return Got(n, "l", 0); }, "'a,b,' ="},
+      {"{l: ['a', 'b']}", [](N n) { return Got(n, "l", 1); }, "',a,b,' ="},
+      {"{}", [](N n) { return Got(n, "l", 0); }, "'' {l: {}}"},
+      {"{l: 'x'}", [](N n) { return Got(n, "l", 0); }, "'old,' = Child exists: l already exists"},
+  });
 }
 
 }  // namespace

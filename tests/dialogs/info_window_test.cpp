@@ -16,43 +16,42 @@ class InfoWindowTest : public testing::Test {
   HeadlessHost host;
 };
 
-TEST_F(InfoWindowTest, ShowsTheProgramsOwnVersion) {
+TEST_F(InfoWindowTest, ShowsTheProgramsOwnVersionInTheMiddleOfTheFirstScreen) {
   const Ref<InfoWindow> window = InfoWindow::Instance();
   EXPECT_EQ(window->Label1()->Text(), "Morvantile");
   EXPECT_EQ(window->Label3()->Text(), "Version " + Application::Version());
-  window->Close();
-}
-
-TEST_F(InfoWindowTest, StandsInTheMiddleOfTheFirstScreen) {
-  const Ref<InfoWindow> window = InfoWindow::Instance();
   EXPECT_EQ(window->Left(), 561);
   EXPECT_EQ(window->Top(), 326);
   window->Close();
 }
 
-TEST_F(InfoWindowTest, AClickOnTheAddressOpensItAndTheWindowStays) {
+TEST_F(InfoWindowTest, IsOneThatAClickOnTheAddressLeavesOpenAndAnyKeyCloses) {
   const Ref<InfoWindow> window = InfoWindow::Instance();
+  EXPECT_EQ(InfoWindow::Instance(), window);
   host.scripts.emplace_back([&](Window& shown) {
     window->URLLabel()->UserMouseDown(3, 3);
     shown.UserDeactivated();
     EXPECT_FALSE(shown.Closed());
-  });
-  window->ShowModal();
-  EXPECT_EQ(host.addresses, std::vector<std::string>{window->URLLabel()->Text()});
-}
-
-TEST_F(InfoWindowTest, AnyKeyClosesItAndTheNextPressMakesANewOne) {
-  const Ref<InfoWindow> first = InfoWindow::Instance();
-  EXPECT_EQ(InfoWindow::Instance(), first);
-  host.scripts.emplace_back([](Window& shown) {
     shown.UserKeyDown("");
     EXPECT_TRUE(shown.Closed());
   });
-  first->ShowModal();
-  const Ref<InfoWindow> second = InfoWindow::Instance();
-  EXPECT_FALSE(second == first);
-  EXPECT_FALSE(second->Closed());
-  second->Close();
+  window->ShowModal();
+  EXPECT_EQ(host.addresses, std::vector<std::string>{window->URLLabel()->Text()});
+  const Ref<InfoWindow> next = InfoWindow::Instance();
+  EXPECT_FALSE(next == window || next->Closed());
+  next->Close();
+}
+
+TEST(PrefixedLabel, ASuffixReplacesTheOneBeforeItByLengthAlone) {
+  const Ref<PrefixedLabel> label = New<PrefixedLabel>();
+  label->SetText("Größe: ");
+  label->Open = [](PrefixedLabel& opened) { opened.SetSuffix("640 x 480"); };
+  label->Event_Open();
+  EXPECT_EQ(label->Text() + label->Suffix(), "Größe: 640 x 480640 x 480");
+  label->SetSuffix("6 x 0");
+  EXPECT_EQ(label->Text() + label->Suffix(), "Größe: 6 x 06 x 0");
+  label->SetText("seven..more");
+  EXPECT_EQ(label->Suffix(), "more");
 }
 
 }  // namespace

@@ -4,34 +4,27 @@
 
 #include <algorithm>
 #include <string>
-#include <tuple>
-#include <vector>
 
+#include "platform/text/text.h"
 #include "platform/ui/headless_host.h"
 
 namespace morvantile {
 namespace {
 
-using ScaleMode = ResizerWindow::ScaleMode;
-
-Ref<Picture> Plain(int width, int height) {
-  Ref<Picture> picture = Picture::Create(width, height, false);
-  for (int y = 0; y < height; ++y) {
-    std::fill_n(picture->MutableRow(y), 4 * width, std::uint8_t{0x80});
-  }
-  return picture;
+std::string Size(std::int64_t width, std::int64_t height) {
+  return Str(width) + " x " + Str(height);
 }
 
 // Records where a canvas draws its picture.
 class Recorder : public Graphics {
  public:
-  std::vector<std::tuple<int, int>> origins;
+  std::string places;
 
   void DrawPicture(const Ref<Picture>& /*picture*/, int x, int y, int destWidth, int destHeight,
                    int sourceX, int sourceY, int sourceWidth, int sourceHeight) override {
-    EXPECT_EQ(std::make_tuple(destWidth, destHeight, sourceX, sourceY, sourceWidth, sourceHeight),
-              std::make_tuple(kWhole, kWhole, 0, 0, kWhole, kWhole));
-    origins.emplace_back(x, y);
+    for (const int side : {destWidth, destHeight, sourceWidth, sourceHeight})
+      EXPECT_EQ(side, kWhole);
+    places += "at " + Str(x + sourceX) + " " + Str(y + sourceY);
   }
 };
 
@@ -45,26 +38,25 @@ class ResizerWindowTest : public testing::Test {
 
   void OpenOn(int width, int height) {
     if (window != nullptr) window->Close();
-    host.clipboardPicture = Plain(width, height);
+    host.clipboardPicture = Picture::Create(width, height, false);
+    for (int y = 0; y < height; ++y)
+      std::fill_n(host.clipboardPicture->MutableRow(y), 4 * width, 0x80);
     window = ResizerWindow::Instance(settings);
   }
 
-  void Set(ScaleMode mode, int slider) {
-    window->ModeSelector()->UserPress(static_cast<int>(mode));
-    window->ScaleSlider()->SetValue(slider);
-  }
-
-  // Mode, slider, the two labels and the size of the picture as one line.
+  // Which segment is lit, the two labels, and the size of the new picture.
   std::string Outcome() const {
-    return window->ScaleFactorLabel()->Text() + ", " + window->NewSizeLabel()->Text() + ", " +
-           std::to_string(window->NewClip->Width()) + " x " +
-           std::to_string(window->NewClip->Height());
+    std::string lit;
+    for (int i = 0; i < 3; ++i) lit += window->ModeSelector()->Items(i).Selected() ? "WH%"[i] : '.';
+    const Ref<Picture> clip = window->NewClip;
+    return lit + " " + window->ScaleFactorLabel()->Text() + ", " + window->NewSizeLabel()->Text() +
+           ", " + (clip ? Size(clip->Width(), clip->Height()) : "none");
   }
 
-  std::vector<std::tuple<int, int>> PaintedAt() const {
+  std::string Painted() const {
     Recorder recorder;
     window->Preview()->HostPaint(recorder);
-    return recorder.origins;
+    return recorder.places;
   }
 
   HeadlessHost host;
@@ -72,149 +64,92 @@ class ResizerWindowTest : public testing::Test {
   Ref<ResizerWindow> window;
 };
 
-TEST_F(ResizerWindowTest, OpensOnHalfTheSizeOfTheClipboardsPicture) {
-  OpenOn(640, 480);
-  EXPECT_EQ(window->OriginalSize()->Text(), "Original Size: 640 x 480");
-  EXPECT_EQ(window->Mode, ScaleMode::Percent);
-  EXPECT_TRUE(window->ModeSelector()->Items(2).Selected());
-  EXPECT_EQ(window->ScaleSlider()->Value(), 50);
-  EXPECT_EQ(Outcome(), "50%, New Size: 320 x 240, 320 x 240");
-}
-
 TEST_F(ResizerWindowTest, OpensOnTheRememberedModeAndSliderAndHandsThemBack) {
-  settings->root->SetInteger("Scale Mode", 1);
-  settings->root->SetReal("Slider Value", 33.9);
-  OpenOn(640, 480);
-  EXPECT_TRUE(window->ModeSelector()->Items(1).Selected());
-  EXPECT_EQ(Outcome(), "198, New Size: 264 x 198, 264 x 198");
-  Set(ScaleMode::Width, 20);
-  window->CancelButton()->UserPress();
-  EXPECT_EQ(settings->root->GetString("Scale Mode"), "0");
-  EXPECT_EQ(settings->root->GetReal("Slider Value"), 20.0);
+  const struct {
+    double mode, slider;
+    const char *outcome, *mode_after, *slider_after;
+  } rows[] = {
+      {2, 50, "..% 50%, New Size: 320 x 240, 320 x 240", "2", "50"},
+      {1, 33.9, ".H. 198, New Size: 264 x 198, 264 x 198", "1", "33"},
+      {0, 1, "W.. 6, New Size: 6 x 4, 6 x 4", "0", "1"},
+      {3, 1e300, "..% 600, New Size: 600 x 450, 600 x 450", "0", "100"},
+      {-1, -1e300, "..% 6, New Size: 6 x 4, 6 x 4", "0", "1"},
+  };
+  for (const auto& row : rows) {
+    if (&row != rows) {  // else by default
+      settings->root->SetInteger("Scale Mode", row.mode);
+      settings->root->SetReal("Slider Value", row.slider);
+    }
+    OpenOn(640, 480);
+    EXPECT_EQ(window->OriginalSize()->Text(), "Original Size: 640 x 480");
+    EXPECT_EQ(Outcome(), row.outcome);
+    window->Close();
+    EXPECT_EQ(settings->root->GetString("Scale Mode"), row.mode_after);
+    EXPECT_EQ(settings->root->GetString("Slider Value"), row.slider_after);
+  }
 }
 
-TEST_F(ResizerWindowTest, AModeThatThereIsNotLightsPercentButMeansAWidth) {
-  settings->root->SetInteger("Scale Mode", 5);
-  settings->root->SetReal("Slider Value", 1e300);
-  OpenOn(1200, 600);
-  EXPECT_TRUE(window->ModeSelector()->Items(2).Selected());
-  EXPECT_EQ(Outcome(), "600, New Size: 600 x 300, 600 x 300");
-  window->Close();
-  EXPECT_EQ(settings->root->GetInteger("Scale Mode"), 0);
-}
-
-TEST_F(ResizerWindowTest, TheSliderMeansWidthHeightOrPercent) {
-  OpenOn(640, 480);
-  Set(ScaleMode::Width, 50);
-  EXPECT_EQ(Outcome(), "300, New Size: 300 x 225, 300 x 225");
-  EXPECT_EQ(window->ScaleFactor, 0.46875);
-  Set(ScaleMode::Height, 50);
-  EXPECT_EQ(Outcome(), "300, New Size: 400 x 300, 400 x 300");
-  EXPECT_EQ(window->ScaleFactor, 0.625);
-  Set(ScaleMode::Percent, 50);
-  EXPECT_EQ(Outcome(), "50%, New Size: 320 x 240, 320 x 240");
-  Set(ScaleMode::Percent, 100);
-  EXPECT_EQ(Outcome(), "100%, New Size: 640 x 480, 640 x 480");
-}
-
-TEST_F(ResizerWindowTest, SidesThatFallJustShortAreCutAndNotRounded) {
-  OpenOn(11, 11);
-  Set(ScaleMode::Width, 5);
-  EXPECT_EQ(11 * window->ScaleFactor, 29.999999999999996);
-  EXPECT_EQ(Outcome(), "30, New Size: 29 x 29, 29 x 29");
-  OpenOn(7, 7);
-  Set(ScaleMode::Width, 79);
-  EXPECT_EQ(Outcome(), "474, New Size: 473 x 473, 473 x 473");
-  OpenOn(100, 100);
-  Set(ScaleMode::Percent, 29);
-  EXPECT_EQ(100 * window->ScaleFactor, 28.999999999999996);
-  EXPECT_EQ(Outcome(), "29%, New Size: 28 x 28, 28 x 28");
-  Set(ScaleMode::Percent, 57);
-  EXPECT_EQ(Outcome(), "57%, New Size: 56 x 56, 56 x 56");
-  Set(ScaleMode::Percent, 58);
-  EXPECT_EQ(Outcome(), "58%, New Size: 57 x 57, 57 x 57");
-}
-
-TEST_F(ResizerWindowTest, SmallPicturesGrowAndThinOnesKeepAPixel) {
-  OpenOn(100, 50);
-  Set(ScaleMode::Width, 100);
-  EXPECT_EQ(Outcome(), "600, New Size: 600 x 300, 600 x 300");
-  OpenOn(1000, 5);
-  Set(ScaleMode::Width, 1);
-  EXPECT_EQ(Outcome(), "6, New Size: 6 x 0, 6 x 1");
-}
-
-TEST_F(ResizerWindowTest, APictureTooLargeToMakeLeavesNothingForTheClipboard) {
-  OpenOn(1, 30000);
-  Set(ScaleMode::Width, 100);
-  EXPECT_EQ(window->NewClip, nullptr);
-  EXPECT_EQ(window->NewSizeLabel()->Text(), "New Size: 600 x 18000000");
-  EXPECT_TRUE(PaintedAt().empty());
+TEST_F(ResizerWindowTest, TheSliderMeansWidthHeightOrPercentAndSidesAreCutAndNotRounded) {
+  const struct {
+    int width, height, mode, slider;
+    const char *outcome, *painted;
+  } rows[] = {
+      {640, 480, 0, 50, "W.. 300, New Size: 300 x 225, 300 x 225", "at 50 17"},
+      {640, 480, 1, 50, ".H. 300, New Size: 400 x 300, 400 x 300", "at 0 0"},
+      {640, 480, 2, 50, "..% 50%, New Size: 320 x 240, 320 x 240", "at 40 10"},
+      {1000, 100, 2, 100, "..% 100%, New Size: 1000 x 100, 1000 x 100", "at 0 80"},
+      {101, 51, 2, 100, "..% 100%, New Size: 101 x 51, 101 x 51", "at 149 104"},
+      {11, 11, 0, 5, "W.. 30, New Size: 29 x 29, 29 x 29", "at 185 115"},
+      {7, 7, 0, 79, "W.. 474, New Size: 473 x 473, 473 x 473", "at 0 0"},
+      {100, 100, 2, 29, "..% 29%, New Size: 28 x 28, 28 x 28", "at 186 116"},
+      {100, 50, 0, 100, "W.. 600, New Size: 600 x 300, 600 x 300", "at 0 0"},
+      {1000, 5, 0, 1, "W.. 6, New Size: 6 x 0, 6 x 1", "at 197 129"},
+      {1, 30000, 0, 100, "W.. 600, New Size: 600 x 18000000, none", ""},
+  };
+  for (const auto& row : rows) {
+    OpenOn(row.width, row.height);
+    window->ModeSelector()->UserPress(row.mode);
+    window->ScaleSlider()->SetValue(row.slider);
+    EXPECT_EQ(Outcome() + " " + Painted(), std::string(row.outcome) + " " + row.painted)
+        << Size(row.width, row.height);
+  }
   host.scripts.emplace_back([&](Window&) { window->ScaleButton()->UserPress(); });
-  EXPECT_EQ(window->GetClip(), nullptr);
-}
-
-TEST_F(ResizerWindowTest, ThePreviewCentresWhatFitsAndCutsWhatDoesNot) {
-  OpenOn(101, 51);
-  Set(ScaleMode::Percent, 100);
-  EXPECT_EQ(PaintedAt(), (std::vector<std::tuple<int, int>>{{149, 104}}));
-  OpenOn(1000, 100);
-  Set(ScaleMode::Percent, 100);
-  EXPECT_EQ(PaintedAt(), (std::vector<std::tuple<int, int>>{{0, 80}}));
+  EXPECT_EQ(window->GetClip(), nullptr) << "what can't be made";
 }
 
 TEST_F(ResizerWindowTest, StandsInTheMiddleAsFarAsTheScreenLeavesRoom) {
   OpenOn(10, 10);
-  EXPECT_EQ(window->Left(), 500);
-  EXPECT_EQ(window->Top(), 184);
-  window->Close();
+  EXPECT_EQ(Size(window->Left(), window->Top()), "500 x 184");
   host.screens = {{1440, 600, 0, 32, 1440, 568}};
   OpenOn(10, 10);
-  EXPECT_EQ(window->Top(), 62);
+  EXPECT_EQ(Size(window->Left(), window->Top()), "500 x 62");
 }
 
 TEST_F(ResizerWindowTest, DontScaleLetsGoOfThePicture) {
   OpenOn(10, 10);
+  window->UserDeactivated();
+  EXPECT_FALSE(window->Closed()) << "it was not active yet";
   host.scripts.emplace_back([&](Window&) { window->CancelButton()->UserPress(); });
   EXPECT_EQ(window->GetClip(), nullptr);
   EXPECT_TRUE(window->Closed());
 }
 
-TEST_F(ResizerWindowTest, AnotherActiveWindowClosesItWithThePicture) {
-  OpenOn(10, 10);
-  host.scripts.emplace_back([&](Window& shown) {
-    const Ref<Picture> last = window->NewClip;
-    shown.UserDeactivated();
-    EXPECT_TRUE(shown.Closed());
-    EXPECT_EQ(window->NewClip, last);
-    shown.Close();
-    shown.UserDeactivated();
-  });
-  EXPECT_NE(window->GetClip(), nullptr);
-}
-
-TEST_F(ResizerWindowTest, ADeactivationBeforeTheFirstActivationIsNone) {
-  OpenOn(10, 10);
-  window->UserDeactivated();
-  EXPECT_FALSE(window->Closed());
-}
-
-TEST_F(ResizerWindowTest, TheInfoWindowMayTakeTheActivation) {
+TEST_F(ResizerWindowTest, AnotherActiveWindowClosesItWithThePictureButNotTheInfoWindow) {
   OpenOn(10, 10);
   host.scripts.emplace_back([&](Window& shown) {
     window->InfoButton()->UserMouseDown(1, 1);
-    EXPECT_FALSE(window->ShowingInfo);
-    EXPECT_FALSE(shown.Closed());
+    EXPECT_FALSE(window->ShowingInfo || shown.Closed());
     shown.UserActivated();
     shown.UserDeactivated();
     EXPECT_TRUE(shown.Closed());
+    shown.UserDeactivated();
   });
   host.scripts.emplace_back([&](Window& info) {
     EXPECT_TRUE(window->ShowingInfo);
     window->UserDeactivated();
     info.UserKeyDown("x");
   });
-  window->GetClip();
+  EXPECT_NE(window->GetClip(), nullptr);
   EXPECT_EQ(host.windowsShown, 2);
 }
 

@@ -10,29 +10,23 @@
 
 namespace {
 
-class WindowState : public testing::Test {
- protected:
-  std::unique_ptr<ContactsWindow> Start() {
+TEST(WindowState, ComesBackAsItWasLeft) {
+  std::string name = "test";
+  std::array<char*, 2> arguments = {name.data(), nullptr};
+  int count = 1;
+  const QApplication application(count, arguments.data());
+  const morvantile::ScratchFolder folder;
+  const auto start = [&] {
     auto window =
-        std::make_unique<ContactsWindow>(QString::fromStdString(folder_.Path("state.plist")));
+        std::make_unique<ContactsWindow>(QString::fromStdString(folder.Path("state.plist")));
     window->show();
     return window;
-  }
-
- private:
-  std::string name_ = "test";
-  std::array<char*, 2> arguments_ = {name_.data(), nullptr};
-  int count_ = 1;
-  QApplication application_{count_, arguments_.data()};
-  morvantile::ScratchFolder folder_;
-};
-
-TEST_F(WindowState, AWindowComesBackAsItWasLeft) {
-  auto window = Start();
+  };
+  auto window = start();
   window->setGeometry(120, 80, 500, 400);
-  window->contacts->addTopLevelItem(new QTreeWidgetItem({"Ada", "London"}));
-  window->contacts->addTopLevelItem(new QTreeWidgetItem({"Émilie", "Paris"}));
-  window->contacts->addTopLevelItem(new QTreeWidgetItem({"Grace", "New York"}));
+  for (const char* contact : {"Ada", "Émilie", "Grace"}) {
+    window->contacts->addTopLevelItem(new QTreeWidgetItem({contact, "London"}));
+  }
   window->contacts->setCurrentItem(window->contacts->topLevelItem(1));
   window->contacts->topLevelItem(0)->setText(1, "Marylebone");
   delete window->contacts->takeTopLevelItem(2);
@@ -45,7 +39,7 @@ TEST_F(WindowState, AWindowComesBackAsItWasLeft) {
   window->close();
 
   for (int round = 0; round < 2; ++round) {
-    window = Start();
+    window = start();
     EXPECT_EQ(window->geometry(), QRect(120, 80, 500, 400));
     ASSERT_EQ(window->contacts->topLevelItemCount(), 2);
     EXPECT_EQ(window->contacts->topLevelItem(0)->text(1), "Marylebone");
@@ -53,8 +47,7 @@ TEST_F(WindowState, AWindowComesBackAsItWasLeft) {
     EXPECT_EQ(window->group->currentText(), "Work");
     EXPECT_EQ(window->group->count(), 2);
     EXPECT_EQ(window->search->text(), "ada");
-    EXPECT_TRUE(window->onlyFriends->isChecked());
-    EXPECT_TRUE(window->byCity->isChecked());
+    EXPECT_TRUE(window->onlyFriends->isChecked() && window->byCity->isChecked());
     EXPECT_FALSE(window->byName->isChecked());
     window->close();
   }

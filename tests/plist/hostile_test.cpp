@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <string>
 
 #include "platform/text/text.h"
 #include "tests/platform/files/scratch_folder.h"
@@ -13,100 +12,52 @@
 namespace morvantile {
 namespace {
 
-std::size_t Sized(std::size_t full) {
-  return std::getenv("MORVANTILE_ATTACKS") != nullptr ? full : full / 100;
-}
-
-class HostileDocuments : public testing::Test {
- protected:
-  Ref<plist> Load(const std::string& body) {
-    const std::string text = "<plist version=\"1.0\">\n<dict>\n" + body + "</dict>\n</plist>\n";
-    return New<plist>(folder.Put("a", text), false);
-  }
-
-  // What the document is when it has been saved and loaded again.
-  Ref<plist> Again(const Ref<plist>& document) {
-    document->Save();
-    EXPECT_FALSE(document->error) << document->errorMessage;
-    return New<plist>(folder.Item("a"), false);
-  }
-
-  ScratchFolder folder;
+// A file of which `repeated`, with the number in place of "#", and `closing` are there many times;
+// and then how many keys and children the root has, and how many levels are below it: -1 stands for
+// that many.
+struct Attack {
+  const char *name, *before, *repeated, *after, *closing;
+  std::int64_t times, keys, children, levels;
 };
 
-std::string Repeated(std::string_view text, std::size_t times) {
-  std::string all;
-  all.reserve(text.size() * times);
-  for (std::size_t i = 0; i < times; ++i) all += text;
-  return all;
-}
+class HostileDocuments : public testing::TestWithParam<Attack> {};
 
-std::size_t Levels(Ref<plistDict> node) {
-  std::size_t levels = 0;
-  for (; node->children.size() > 1; ++levels) node = Ref<plistDict>(node->children[1]);
-  return levels;
-}
+constexpr Attack kAttacks[] = {
+    {"Levels", "|<dict>|", "<key>a</key>|<dict>|", "<true/>|", "</dict>|", 1'000'000, 1, 1, -1},
+    {"OpenLevels", "|<dict>|", "<array>|", "", "", 1'000'000, 1, 1, -1},
+    {"Key", "|<dict>|<key>", "k", "</key>|<true/>|</dict>|", "", 100'000'000, 1, 0, 0},
+    {"OneKeyWithoutValues", "|<dict>|", "<key>a</key>|", "", "", 10'000'000, 0, 0, 0},
+    {"KeysWithoutValues", "|<dict>|", "<key>#</key>|", "", "", 10'000'000, 0, 0, 0},
+    {"Scalar", "|<dict>|", "<key>a</key>|<string>#</string>|", "", "", 1'000'000, 1, 0, 0},
+    {"Container", "|<dict>|", "<key>a</key>|<dict/>|", "", "", 1'000'000, 1, -1, 1},
+    {"Headers", "", "<plist>|", "", "", 10'000'000, 0, 0, 0},
+    {"OpenValue", "|<dict>|<key>a</key>|<string>|", "x|", "", "", 10'000'000, 1, 0, 0},
+};
 
-TEST_F(HostileDocuments, AMillionLevelsAreRead) {
-  const std::size_t levels = Sized(1'000'000);
-  const Ref<plist> document = Load(Repeated("<key>a</key>\n<dict>\n", levels) + "<key>b</key>\n" +
-                                   "<true/>\n" + Repeated("</dict>\n", levels));
-  EXPECT_EQ(Levels(document->root), levels);
-}
+INSTANTIATE_TEST_SUITE_P(, HostileDocuments, testing::ValuesIn(kAttacks),
+                         [](const auto& attack) { return attack.param.name; });
 
-TEST_F(HostileDocuments, LevelsThatAreNeverClosedAreRead) {
-  const std::size_t levels = Sized(1'000'000);
-  EXPECT_EQ(Levels(Load(Repeated("<array>\n", levels))->root), levels);
-}
-
-TEST_F(HostileDocuments, AHugeKeyComesBack) {
-  const std::string key(Sized(100'000'000), 'k');
-  const Ref<plist> again = Again(Load("<key>" + key + "</key>\n<string>v</string>\n"));
-  EXPECT_EQ(again->root->count(), 1);
-  EXPECT_EQ(again->root->GetString(key), "v");
-}
-
-TEST_F(HostileDocuments, KeysWithoutValuesLeaveNothing) {
-  const Ref<plist> document = Load(Repeated("<key>a</key>\n", Sized(10'000'000)));
-  EXPECT_EQ(Sketch(*document->root), "{}");
-}
-
-TEST_F(HostileDocuments, DifferentKeysWithoutValuesLeaveNothing) {
-  std::string body;
-  for (std::size_t i = 0; i < Sized(10'000'000); ++i) {
-    body += "<key>" + Str(static_cast<std::int64_t>(i)) + "</key>\n";
+TEST_P(HostileDocuments, AreReadAsFarAsTheyCanBe) {
+  const Attack& attack = GetParam();
+  const bool is_full = std::getenv("MORVANTILE_ATTACKS") != nullptr;
+  const std::int64_t times = attack.times / (is_full ? 1 : 100);
+  std::string text = attack.before;
+  for (std::int64_t i = 0; i < times; ++i) text += ReplaceAll(attack.repeated, "#", Str(i));
+  text += attack.after;
+  for (std::int64_t i = 0; i < times; ++i) text += attack.closing;
+  const ScratchFolder folder;
+  Ref<plist> document = New<plist>(folder.Put("a", Lines(text)), false);
+  for (const bool is_last : {false, true}) {
+    plistDict* node = document->root.get();
+    EXPECT_EQ(node->count(), attack.keys);
+    EXPECT_EQ(node->children.size() - 1, attack.children < 0 ? times : attack.children);
+    std::int64_t levels = 0;
+    for (; node->children.size() > 1; ++levels) node = node->children[1].get();
+    EXPECT_EQ(levels, attack.levels < 0 ? times : attack.levels);
+    if (is_last || attack.levels < 0) break;  // each line would be indented by its levels
+    document->Save();
+    document = New<plist>(folder.Item("a"), false);
   }
-  EXPECT_EQ(Sketch(*Load(body)->root), "{}");
-}
-
-TEST_F(HostileDocuments, AScalarsKeyThatIsRepeatedHoldsTheLastValue) {
-  const Ref<plist> document =
-      Load(Repeated("<key>a</key>\n<string>x</string>\n", Sized(1'000'000)) +
-           "<key>A</key>\n<string>last</string>\n");
-  EXPECT_EQ(Sketch(*document->root), R"({a: string "last"})");
-}
-
-TEST_F(HostileDocuments, AContainersKeyThatIsRepeatedKeepsEveryChild) {
-  const std::size_t times = Sized(1'000'000);
-  const Ref<plist> document = Load(Repeated("<key>a</key>\n<dict/>\n", times));
-  EXPECT_EQ(document->root->count(), 1);
-  EXPECT_EQ(document->root->children.size(), times + 1);
-  const Ref<plist> again = Again(document);
-  EXPECT_EQ(again->root->children.size(), times + 1);
-}
-
-TEST_F(HostileDocuments, HeadersWithoutEndAreNoPropertyList) {
-  const std::size_t lines = Sized(10'000'000);
-  const Ref<plist> document = New<plist>(folder.Put("a", Repeated("<plist>\n", lines)), false);
-  EXPECT_EQ(Report(document), "Not a plist file");
-  EXPECT_EQ(document->headers.size(), lines + 1);
-}
-
-TEST_F(HostileDocuments, AValueThatIsNeverClosedTakesTheRest) {
-  const std::size_t lines = Sized(10'000'000);
-  const Ref<plist> document = Load("<key>a</key>\n<string>\n" + Repeated("x\n", lines));
-  EXPECT_EQ(document->root->count(), 1);
-  EXPECT_EQ(document->root->GetString("a"), "");
 }
 
 }  // namespace

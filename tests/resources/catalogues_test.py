@@ -1,7 +1,4 @@
-"""Every text of the program, its launcher and its description in the shops is there in every language.
-
-Run as: catalogues_test.py PROJECT
-"""
+"""Every text of the program, its launcher and its description in the shops is there in every language."""
 
 import pathlib
 import re
@@ -14,25 +11,20 @@ LANG = '{http://www.w3.org/XML/1998/namespace}lang'
 CATALOGUES = sorted((PROJECT / 'resources/translations').glob('morvantile_*.ts'))
 LANGUAGES = {file.stem.partition('_')[2] for file in CATALOGUES}
 AUTHOR = re.search(r'MORVANTILE_AUTHOR "(.*?)"', (PROJECT / 'CMakeLists.txt').read_text())[1]
-
-
-def texts_of_the_program():
-    """What Localized(...) is called with: a literal, or the author's name."""
-    for room in ('app', 'dialogs', 'platform', 'plist', 'binding'):
-        for file in sorted((PROJECT / room).rglob('*.cpp')):
-            for call in re.findall(r'\bLocalized\(\s*(?!const)("(?:[^"\\]|\\.)*"|\w+)', file.read_text()):
-                yield AUTHOR if call == 'MORVANTILE_AUTHOR' else call.strip('"')
+ROOMS = ('app', 'dialogs', 'platform', 'plist', 'binding')
+SOURCES = ''.join(file.read_text() for room in ROOMS for file in (PROJECT / room).rglob('*.cpp'))
+CALLS = re.findall(r'\bLocalized\(\s*(?!const)("(?:[^"\\]|\\.)*"|\w+)', SOURCES)
+TEXTS = {AUTHOR if call == 'MORVANTILE_AUTHOR' else call.strip('"') for call in CALLS}
 
 
 class Catalogues(unittest.TestCase):
     def test_every_text_has_a_finished_translation(self):
-        texts = set(texts_of_the_program())
-        self.assertIn("Don't Scale", texts)
+        self.assertIn("Don't Scale", TEXTS)
         for file in CATALOGUES:
             with self.subTest(catalogue=file.name):
                 messages = {message.findtext('source'): message.find('translation')
                             for message in xml.parse(file).iter('message')}
-                self.assertEqual(messages.keys(), texts)
+                self.assertEqual(messages.keys(), TEXTS)
                 for source, translation in messages.items():
                     self.assertNotIn('type', translation.attrib, source)
                     self.assertTrue(translation.text, source)

@@ -1,0 +1,104 @@
+#include "platform/ui/check_box.h"
+#include "platform/ui/edit_field.h"
+#include "platform/ui/label.h"
+#include "platform/ui/radio_button.h"
+#include "platform/ui/window.h"
+#include "tests/plist/rows.h"
+
+namespace morvantile {
+namespace {
+
+// A control that shows one value is read from an empty node, and shows another when it is read
+// again; then that one is stored.
+template <typename C, typename Value, typename Shown>
+void ExpectKept(void (plistDict::*store)(const Ref<C>&), void (plistDict::*get)(const Ref<C>&),
+                void (C::*change)(Value), Shown (C::*shown)() const, Value one, Value other,
+                const char* sketch) {
+  const Ref<plist> document = NewDocument();
+  plistDict& node = *document->root;
+  const Ref<C> control = New<C>();
+  control->Name = "c";
+  (*control.*change)(one);
+  (node.*get)(control);
+  EXPECT_EQ(Sketch(node), sketch);
+  (*control.*change)(other);
+  (node.*get)(control);
+  EXPECT_EQ((*control.*shown)(), one) << sketch;
+  (*control.*change)(other);
+  (node.*store)(control);
+  (*control.*change)(one);
+  (node.*get)(control);
+  EXPECT_EQ((*control.*shown)(), other) << sketch;
+}
+
+TEST(SimpleControls, ComeBackAsTheyWereStoredOrElseAreStored) {
+  using P = plistDict;
+  const std::string x = "x";
+  ExpectKept<EditField, const std::string&>(&P::SetEditField, &P::GetEditField, &EditField::SetText,
+                                            &EditField::Text, x, "", "{c: 'x'}");
+  ExpectKept<StaticText, const std::string&>(&P::SetStaticText, &P::GetStaticText,
+                                             &StaticText::SetCaption, &StaticText::Caption, x, "",
+                                             "{c: 'x'}");
+  ExpectKept(&P::SetCheckbox, &P::GetCheckbox, &CheckBox::SetValue, &CheckBox::Value, true, false,
+             "{c: boolean 'true'}");
+  ExpectKept(&P::SetRadio, &P::GetRadio, &RadioButton::SetValue, &RadioButton::Value, true, false,
+             "{c: boolean 'true'}");
+}
+
+TEST(SimpleControls, TheRadioButtonsOfOneNameShareAKey) {
+  const Ref<plistDict> node = New<plistDict>();
+  const Ref<RadioGroup> group = New<RadioGroup>();
+  const Ref<RadioButton> first = New<RadioButton>();
+  const Ref<RadioButton> second = New<RadioButton>();
+  first->SetValue(true);
+  group->Add(first);
+  group->Add(second);
+  second->SetValue(true);
+  EXPECT_FALSE(first->Value());
+  node->SetRadio(second);
+  node->GetRadio(first);
+  EXPECT_TRUE(first->Value() && !second->Value());
+}
+
+Ref<Window> At(const char* title, int left, int top, int width, int height) {
+  Ref<Window> window = New<Window>();
+  window->SetTitle(title);
+  window->SetLeft(left);
+  window->SetTop(top);
+  window->SetWidth(width);
+  window->SetHeight(height);
+  return window;
+}
+
+// Title and place of a window that is read from the node.
+std::string Got(N n, const char* key) {
+  const Ref<Window> window = At("A", 1, 2, 3, 4);
+  n.GetWindow(key, window);
+  return window->Title() + " " + Str(window->Left()) + " " + Str(window->Top()) + " " +
+         Str(window->Width()) + " " + Str(window->Height());
+}
+
+TEST(Windows, ComeBackWhereTheyWereStoredOrElseAreStored) {
+  const auto get = [](N n) { return Got(n, "w"); };
+  const auto set = [](N n) { n.SetWindow("w", At("A", 1, 2, 3, 4)); };
+  const auto append = [](N n) { n.AppendWindow(At("A", 1, 2, 3, 4)); };
+  const std::string place =
+      "WindowPos: {left: integer '1', top: integer '2', width: integer '3', height: integer '";
+  const std::string own = "{windowName: 'A', " + place + "4'}}";
+  Check({
+      {"{}", get, "'A 1 2 3 4' {w: " + own + "}"},
+      {"{w: {windowName: 'B', " + place + "99999999999'}}}", get, "'B 1 2 3 2147483647' ="},
+      {"{w: {windowName: 'B', " + place + "-20'}}}", get, "'B 1 2 3 -20' ="},
+      {"{w: {windowName: 'A', " + place + "77'}}}", set, "{w: " + own + "}"},
+      {"{w: {WindowPos: 'x'}}", get,
+       "' 1 2 3 4' {w: {WindowPos: 'x', windowName: ''}} Child exists: WindowPos already exists"},
+      {"{w: 'x'}", get, "'A 1 2 3 4' = Child exists: w already exists"},
+      {"{w: 'x'}", set, "= Child exists: w already exists"},
+      {"{}", [](N n) { n.SetWindow("w", nullptr); }, "use of a nil object: ="},
+      {"['x']", append, "['x', " + own + "]"},
+      {"{}", append, "= root is not an array"},
+  });
+}
+
+}  // namespace
+}  // namespace morvantile
