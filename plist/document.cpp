@@ -80,6 +80,7 @@ void plist::LoadFrom(const Ref<FolderItem>& file, const Ref<FolderItem>& templat
     return;
   }
   std::string line = stream->ReadLine();
+  const bool first_line_failed = stream->ReadError();
   stream->Close();
   const bool is_binary = SameText(Left(line, 6), "bplist");
   stream = is_binary ? OpenConverted(file, source) : TextInputStream::Open(source);
@@ -89,8 +90,9 @@ void plist::LoadFrom(const Ref<FolderItem>& file, const Ref<FolderItem>& templat
     return;
   }
   ReadHeaders(*stream, std::move(line));
-  may_lose_ = stream->ReadError() || (is_binary && !root->rootClass);
-  if (stream->ReadError()) Report(source->AbsolutePath() + " could not be read to its end");
+  const bool has_failed = first_line_failed || stream->ReadError();
+  may_lose_ = has_failed || (is_binary && !root->rootClass);
+  if (has_failed) Report(source->AbsolutePath() + " could not be read to its end");
   stream->Close();
 }
 

@@ -40,13 +40,13 @@ class RunTest : public testing::Test {
   std::string Run(const std::function<void(Window&)>& user) {
     original = Picture::Create(640, 480, false);
     for (int y = 0; y < 480; ++y) std::fill_n(original->MutableRow(y), 4 * 640, 7);
-    host.clipboardPicture = original;
+    host.clipboard_picture = original;
     host.scripts = {user};
     const Ref<App> app = New<App>();
     EXPECT_EQ(host.Run(*app), 0);
     EXPECT_TRUE(host.messages.empty());
-    return std::to_string(host.clipboardPicture->Width()) + " x " +
-           std::to_string(host.clipboardPicture->Height());
+    return std::to_string(host.clipboard_picture->Width()) + " x " +
+           std::to_string(host.clipboard_picture->Height());
   }
 
   ScratchFolder folder;
@@ -57,9 +57,9 @@ class RunTest : public testing::Test {
 TEST_F(RunTest, WithoutAPictureItQuitsSilentlyAndTouchesNothing) {
   host.SetClipboardText("text");
   const Ref<App> app = New<App>();
-  EXPECT_EQ(host.Run(*app) + host.windowsShown, 0);
+  EXPECT_EQ(host.Run(*app) + host.windows_shown, 0);
   EXPECT_TRUE(host.messages.empty());
-  EXPECT_EQ(host.clipboardText, "text");
+  EXPECT_EQ(host.clipboard_text, "text");
   EXPECT_EQ(folder.Names(), std::vector<std::string>());
 }
 
@@ -87,9 +87,9 @@ TEST_F(RunTest, DontScaleOrClosingTheWindowLeavesPictureAndSettings) {
     Find<Slider>(shown)->SetValue(7);
     shown.FindCancelButton()->UserPress();
   });
-  EXPECT_EQ(host.clipboardPicture, original);
+  EXPECT_EQ(host.clipboard_picture, original);
   Run([](Window& shown) { shown.UserClose(); });
-  EXPECT_EQ(host.clipboardPicture, original);
+  EXPECT_EQ(host.clipboard_picture, original);
   EXPECT_EQ(folder.Item("config/Morvantile")->Exists(), true);
   EXPECT_FALSE(folder.Item(kSettings)->Exists());
 }

@@ -38,9 +38,9 @@ class ResizerWindowTest : public testing::Test {
 
   void OpenOn(int width, int height) {
     if (window != nullptr) window->Close();
-    host.clipboardPicture = Picture::Create(width, height, false);
+    host.clipboard_picture = Picture::Create(width, height, false);
     for (int y = 0; y < height; ++y)
-      std::fill_n(host.clipboardPicture->MutableRow(y), 4 * width, 0x80);
+      std::fill_n(host.clipboard_picture->MutableRow(y), 4 * width, 0x80);
     window = ResizerWindow::Instance(settings);
   }
 
@@ -150,13 +150,13 @@ TEST_F(ResizerWindowTest, AnotherActiveWindowClosesItWithThePictureButNotTheInfo
     info.UserKeyDown("x");
   });
   EXPECT_NE(window->GetClip(), nullptr);
-  EXPECT_EQ(host.windowsShown, 2);
+  EXPECT_EQ(host.windows_shown, 2);
 }
 
 TEST_F(ResizerWindowTest, APictureTakenAwayBeforeItOpensEndsItAtOnce) {
   window = ResizerWindow::Instance(settings);
   EXPECT_EQ(window->GetClip(), nullptr);
-  EXPECT_EQ(host.windowsShown, 0);
+  EXPECT_EQ(host.windows_shown, 0);
 }
 
 }  // namespace

@@ -21,12 +21,11 @@ namespace {
 enum class Fault { kNone, kFailedRead, kFailedChange, kKill } fault = Fault::kNone;
 int calls_before_fault = 0;
 
-// A system call, or the fault if this is the call where the disk fails, and reads nothing any more.
+// A system call, or the fault if this is the call where the disk fails.
 template <typename... Arguments>
 int Call(bool reads, int number, Arguments... arguments) {
   const bool may_fail = fault != Fault::kNone && reads == (fault == Fault::kFailedRead);
-  const bool fails = may_fail && calls_before_fault-- <= 0 && (reads || calls_before_fault == -1);
-  if (!fails) return static_cast<int>(syscall(number, arguments...));
+  if (!may_fail || calls_before_fault-- != 0) return static_cast<int>(syscall(number, arguments...));
   if (fault == Fault::kKill) raise(SIGKILL);
   errno = EIO;
   return -1;
@@ -100,6 +99,7 @@ TEST_P(Faults, AReadThatFailsHalfWayKeepsSaveFromTheFile) {
     const Ref<plist> part = New<plist>(folder.Item("a"), false);
     fault = Fault::kNone;
     if (calls_before_fault >= 0) break;
+    if (!part->error && part->root->count() == 2000) continue;  // a second copy was made
     part->error = false;
     part->Save(true, false);
     EXPECT_EQ(Report(part), "Could not save file") << "at call " << calls;

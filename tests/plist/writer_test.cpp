@@ -86,9 +86,9 @@ TEST(Dump, MarksTheKeysThatTheSearchKnows) {
   InstallHost(&host);
   const Ref<plist> document = Read("<key>a</key>|<array>|<string>a<</string>|</array>");
   document->root->SetData("b", "x");
-  host.clipboardText = "earlier";
+  host.clipboard_text = "earlier";
   document->Dump();
-  EXPECT_EQ(host.clipboardText,
+  EXPECT_EQ(host.clipboard_text,
             "<plist version=\"1.0\">\r<dict>\r"
             "\t<key>a</key>\r\t<nosearch/>\r\t<array>\r\t\t<string>a&lt;</string>\r\t</array>\r"
             "\t<key>b</key>\r\t<search/>\r\t<data>\r\tx\r\t</data>\r</dict>\r</plist>\r");

@@ -33,7 +33,7 @@ class Desktop : public HeadlessHost {
  public:
   explicit Desktop(const QStringList& languages) : application_(count_, arguments_.data()) {
     LoadTranslations(MORVANTILE_CATALOGUES, languages);
-    clipboardPicture = Picture::Create(640, 480, false);
+    clipboard_picture = Picture::Create(640, 480, false);
     InstallHost(this);
   }
   ~Desktop() override { InstallHost(nullptr); }
