@@ -23,22 +23,18 @@ TEST(CopiedFile, OneLocalRegularFileThatHoldsAPictureIsOne) {
   text.close();
   ASSERT_EQ(mkfifo(folder.filePath("pipe.png").toUtf8(), 0600), 0);
 
-  const QByteArray picture = base + "a%20picture.png";
-  const QByteArray localPart = picture.mid(7);
-  const struct {
-    QByteArray names;
-    bool found;
-  } cases[] = {
-      {picture, true},
-      {"# a comment\r\n" + picture + "\r\n", true},
-      {"copy\n" + picture, true},
-      {"cut\n" + picture + "\n", true},
+  const QByteArray path = folder.path().toUtf8() + "/a%20picture.png";
+  const std::pair<QByteArray, bool> cases[] = {
+      {"file://" + path, true},
+      {"# a comment\r\nfile://" + path + "\r\n", true},
+      {"copy\nfile://" + path, true},
+      {"cut\nfile://" + path + "\n", true},
       {base + "no%20suffix", true},
-      {"file://localhost" + localPart, true},
-      {"file://another.example" + localPart, false},
-      {"sftp://another.example" + localPart, false},
-      {localPart, false},
-      {picture + "\r\n" + base + "no%20suffix\r\n", false},
+      {"file://localhost" + path, true},
+      {"file://another.example" + path, false},
+      {"sftp://another.example" + path, false},
+      {path, false},
+      {"file://" + path + "\r\n" + base + "no%20suffix\r\n", false},
       {base + "notes.png", false},
       {base + "pipe.png", false},
       {base + "missing.png", false},
