@@ -9,18 +9,6 @@
 namespace morvantile {
 namespace {
 
-TEST(Workers, RunReturnsAfterEveryCallHas) {
-  Workers workers(3);
-  for (int round = 0; round < 200; ++round) {
-    std::atomic<int> next{0};
-    std::atomic<int> done{0};
-    workers.Run(3, [&](int) {
-      while (next.fetch_add(1) < 50) done.fetch_add(1);
-    });
-    ASSERT_EQ(done, 50);
-  }
-}
-
 TEST(Workers, EachCallHasANumberOfItsOwn) {
   Workers workers(3);
   std::mutex mutex;

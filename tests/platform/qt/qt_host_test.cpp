@@ -59,43 +59,42 @@ class Script : public Application {
 class Probe : public Window {
  public:
   std::string log;
-  Ref<Slider> slider;
+  std::function<void(Slider&)> changed = [this](Slider& slider) {
+    log += std::to_string(slider.Value()) + " ";
+  };
 
  protected:
   void CreateControls() override {
     SetWidth(300);
     SetHeight(100);
-    slider = AddControl<Slider>("Slider", 10, 10, 200, 20);
+    const Ref<Slider> slider = AddControl<Slider>("Slider", 10, 10, 200, 20);
     slider->Minimum = 1;
     slider->PageStep = 20;
     slider->LiveScroll = true;
     slider->TabIndex = 3;
-    slider->ValueChanged = [this](Slider& changed) {
-      log += std::to_string(changed.Value()) + " ";
-    };
+    slider->ValueChanged = [this](Slider& moved) { changed(moved); };
     AddButton("OK", 2)->Default = true;
     AddButton("Cancel", 1)->Cancel = true;
     InitialFocus = slider;
   }
   void Event_Open() override { log += "open "; }
-  void Event_Close() override { log += "close "; }
-  void Event_Deactivate() override { log += "deactivate "; }
+  void Event_Close() override { log += "close"; }
 
  private:
   Ref<PushButton> AddButton(const std::string& caption, int tabIndex) {
     Ref<PushButton> button = AddControl<PushButton>(caption, 10 * tabIndex, 50, 80, 20);
-    button->Caption = caption;
     button->TabIndex = tabIndex;
-    button->Action = [this](PushButton& pressed) {
-      log += pressed.Caption + " ";
+    button->Action = [this, caption](PushButton&) {
+      log += caption + " ";
       Close();
     };
     return button;
   }
 };
 
-// Presses the keys as soon as a window is active.
-void PressWhenActive(const std::vector<Qt::Key>& keys) {
+// Shows the window and presses the keys as soon as it is active; returns what it wrote down.
+std::string LogAfter(const Ref<Probe>& probe, const std::vector<Qt::Key>& keys) {
+  probe->Build();
   QTimer::singleShot(0, [keys] {
     QWidget* shown = QApplication::activeModalWidget();
     ASSERT_TRUE(QTest::qWaitForWindowActive(shown));
@@ -104,52 +103,38 @@ void PressWhenActive(const std::vector<Qt::Key>& keys) {
       QTest::keyClick(target == nullptr ? shown : target, key);
     }
   });
-}
-
-// Shows a new Probe and presses the keys; returns what it wrote down.
-std::string LogAfter(const std::vector<Qt::Key>& keys) {
-  const Ref<Probe> probe = New<Probe>();
-  probe->Build();
-  PressWhenActive(keys);
   HostOfAllTests::host->ShowModal(probe);
   return probe->log;
 }
 
 TEST(QtHost, KeysReachTheControlsAndTheDefaultAndCancelButton) {
-  EXPECT_EQ(LogAfter({Qt::Key_Right, Qt::Key_PageUp, Qt::Key_Left, Qt::Key_Return}),
-            "open 2 22 21 OK close ");
-  EXPECT_EQ(LogAfter({Qt::Key_Escape}), "open Cancel close ");
-  EXPECT_EQ(LogAfter({Qt::Key_Tab, Qt::Key_Space}), "open Cancel close ")
-      << "tab goes by TabIndex, and from the last control to the first";
-  EXPECT_EQ(LogAfter({Qt::Key_Tab, Qt::Key_Return}), "open OK close ")
-      << "Return is for the default button, wherever the focus is";
+  // Tab goes by TabIndex, and from the last control to the first; Return is for the default button,
+  // wherever the focus is.
+  using Keys = std::vector<Qt::Key>;
+  for (const auto& [keys, log] :
+       {std::pair{Keys{Qt::Key_Right, Qt::Key_PageUp, Qt::Key_Left, Qt::Key_Return},
+                  "open 2 22 21 OK close"},
+        {Keys{Qt::Key_Escape}, "open Cancel close"},
+        {Keys{Qt::Key_Tab, Qt::Key_Space}, "open Cancel close"},
+        {Keys{Qt::Key_Tab, Qt::Key_Return}, "open OK close"}}) {
+    EXPECT_EQ(LogAfter(New<Probe>(), keys), log);
+  }
+  EXPECT_EQ(QApplication::layoutDirection(), Qt::LeftToRight) << "on every desktop";
 }
 
-TEST(QtHost, ARightToLeftDesktopDoesNotTurnSliderAndSegmentsRound) {
-  EXPECT_EQ(QApplication::layoutDirection(), Qt::LeftToRight);
-}
-
-TEST(QtHost, QuitEndsTheRunWithItsStatus) {
-  QtHost& host = *HostOfAllTests::host;
+TEST(QtHost, ARunEndsByQuitWithItsStatusOrByAnExceptionInAHandler) {
   const Ref<Script> script = New<Script>();
   script->open = [] { Quit(3); };
-  EXPECT_EQ(host.Run(*script), 3);
+  EXPECT_EQ(HostOfAllTests::host->Run(*script), 3);
   EXPECT_EQ(script->closed, 1);
-}
-
-TEST(QtHost, AnExceptionInAHandlerEndsTheRun) {
-  QtHost& host = *HostOfAllTests::host;
-  const Ref<Script> script = New<Script>();
-  script->open = [&host] {
+  script->open = [] {
     const Ref<Probe> probe = New<Probe>();
-    probe->Build();
-    probe->slider->ValueChanged = [](Slider&) { throw std::runtime_error("escaped"); };
-    PressWhenActive({Qt::Key_Right});
-    host.ShowModal(probe);
+    probe->changed = [](Slider&) { throw std::runtime_error("escaped"); };
+    LogAfter(probe, {Qt::Key_Right});
     ADD_FAILURE() << "went on after an exception";
   };
-  EXPECT_THROW(host.Run(*script), std::runtime_error);
-  EXPECT_EQ(script->closed, 0);
+  EXPECT_THROW(HostOfAllTests::host->Run(*script), std::runtime_error);
+  EXPECT_EQ(script->closed, 1);
 }
 
 }  // namespace

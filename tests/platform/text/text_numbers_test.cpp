@@ -5,7 +5,6 @@
 #include <limits>
 #include <random>
 #include <string>
-#include <utility>
 
 #include "platform/text/text.h"
 
@@ -14,15 +13,16 @@ namespace {
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
+struct Row {
+  std::string text;
+  double number;
+};
+
 TEST(Str, IsTheShortestTextWithoutNeedlessExponent) {
-  for (const auto& [number, text] : {std::pair{1000000.0, "1000000"},
-                                     {999999999999999.0, "999999999999999"},
-                                     {-120000000000000.0, "-120000000000000"},
-                                     {1e15, "1e+15"},
-                                     {0.1, "0.1"},
-                                     {-3.7, "-3.7"},
-                                     {100.0 / 3, "33.333333333333336"},
-                                     {0.0, "0"}}) {
+  for (const auto& [text, number] :
+       {Row{"1000000", 1e6}, Row{"999999999999999", 999999999999999.0}, Row{"1e+15", 1e15},
+        Row{"-120000000000000", -120000000000000.0}, Row{"0.1", 0.1}, Row{"-3.7", -3.7},
+        Row{"33.333333333333336", 100.0 / 3}, Row{"0", 0}}) {
     EXPECT_EQ(Str(number), text);
   }
   EXPECT_EQ(Str(std::int64_t{INT64_MIN}), "-9223372036854775808");
@@ -41,18 +41,12 @@ TEST(Str, ReadsBackAsTheSameDouble) {
 }
 
 TEST(CDbl, ReadsWhatTheTextBeginsWithAndElseIsZero) {
-  for (const auto& [text, number] : {std::pair<std::string, double>{" \t+2.50e1\r", 25},
-                                     {"-.5", -0.5},
-                                     {"12 apples", 12},
-                                     {"1,5", 1},
-                                     {"&hFf", 255},
-                                     {"-&H10", -16},
-                                     {"2e", 2},
-                                     {"1e999", kInfinity},
-                                     {"-1" + std::string(400, '0'), -kInfinity},
-                                     {"1e-999", 0},
-                                     {"0." + std::string(400, '0') + "1", 0},
-                                     {"0." + std::string(400, '0') + "1e99999999999", kInfinity}}) {
+  const std::string zeros(400, '0');
+  for (const auto& [text, number] :
+       {Row{" \t+2.50e1\r", 25}, Row{"-.5", -0.5}, Row{"12 apples", 12}, Row{"1,5", 1},
+        Row{"&hFf", 255}, Row{"-&H10", -16}, Row{"2e", 2}, Row{"1e999", kInfinity},
+        Row{"-1" + zeros, -kInfinity}, Row{"1e-999", 0}, Row{"0." + zeros + "1", 0},
+        Row{"0." + zeros + "1e99999999999", kInfinity}}) {
     EXPECT_EQ(CDbl(text), number) << text;
   }
   for (const char* text : {"", " ", "abc", "-", "+", ".", "&h", "&hxyz", "e5", "--1", "infant",
@@ -62,15 +56,12 @@ TEST(CDbl, ReadsWhatTheTextBeginsWithAndElseIsZero) {
 }
 
 TEST(CInt64, KeepsAllDigitsAndDropsTheFraction) {
-  for (const auto& [text, number] : {std::pair<const char*, std::int64_t>{"abc", 0},
-                                     {"9007199254740993", 9007199254740993},
-                                     {" +9223372036854775807\r", INT64_MAX},
-                                     {"-9223372036854775809", INT64_MIN},
-                                     {"-3.7", -3},
-                                     {"1e3", 1000},
-                                     {"+-5", 0},
-                                     {"&hFF", 255}}) {
-    EXPECT_EQ(CInt64(text), number) << text;
+  EXPECT_EQ(CInt64("9007199254740993"), 9007199254740993);
+  EXPECT_EQ(CInt64(" +9223372036854775807\r"), INT64_MAX);
+  EXPECT_EQ(CInt64("-9223372036854775809"), INT64_MIN);
+  for (const auto& [text, number] :
+       {Row{"-3.7", -3}, Row{"1e3", 1000}, Row{"+-5", 0}, Row{"&hFF", 255}, Row{"abc", 0}}) {
+    EXPECT_EQ(static_cast<double>(CInt64(text)), number) << text;
   }
 }
 
@@ -80,13 +71,9 @@ TEST(ReadsAsNumber, WantsTheWholeText) {
 }
 
 TEST(Format, PrintsWholeNumbers) {
-  for (const auto& [number, text] : {std::pair{-2.0, "-2"},
-                                     {0.0, "0"},
-                                     {2.9, "2"},
-                                     {-0.9, "0"},
-                                     {1e21, "1000000000000000000000"},
-                                     {-kInfinity, "-9223372036854775808"},
-                                     {std::nan(""), "0"}}) {
+  for (const auto& [text, number] :
+       {Row{"-2", -2}, Row{"0", 0}, Row{"2", 2.9}, Row{"0", -0.9}, Row{"0", std::nan("")},
+        Row{"1000000000000000000000", 1e21}, Row{"-9223372036854775808", -kInfinity}}) {
     EXPECT_EQ(Format(number, "-#"), text);
   }
   EXPECT_EQ(Format(-7, "# %"), "7 %");
