@@ -15,14 +15,17 @@ from gi.repository import Atspi
 from desktop import until
 from desktops import X11
 from on_desktop import DIALOG, OnDesktop
-from pictures import encoded, landscape
+
+
+def children(node):
+    return [node.get_child_at_index(index) for index in range(node.get_child_count())]
 
 
 def below(node):
     """The node and all below it."""
     yield node
-    for index in range(node.get_child_count()):
-        yield from below(node.get_child_at_index(index))
+    for child in children(node):
+        yield from below(child)
 
 
 def told(node):
@@ -46,17 +49,13 @@ class Assistant(OnDesktop):
         address = bus.stdout.readline().decode().strip()
         self.desktop.environment['DBUS_SESSION_BUS_ADDRESS'] = address
         os.environ.update(self.desktop.environment)
-        self.desktop.copy(encoded(landscape(640, 480)), 'image/png')
+        self.copy_landscape()
         self.run_, _ = self.start()
         self.tree = until(self.find_program, 'the program on the bus')
 
     def find_program(self):
-        everybody = Atspi.get_desktop(0)
-        for index in range(everybody.get_child_count()):
-            program = everybody.get_child_at_index(index)
-            if program is not None and program.get_name() == 'Morvantile':
-                return program
-        return None
+        return next((program for program in children(Atspi.get_desktop(0))
+                     if program is not None and program.get_name() == 'Morvantile'), None)
 
     def find(self, name, role=None):
         return until(lambda: next((node for node in below(self.tree) if node.get_name() == name

@@ -2,7 +2,7 @@
 
 import io
 
-from PIL import Image, ImageCms, ImageDraw
+from PIL import Image, ImageDraw
 
 
 def encoded(image, form='PNG', **options):
@@ -28,22 +28,6 @@ def landscape(width=640, height=480):
     for x in range(0, width, max(8, width // 40)):
         draw.line([(x, height * .92), (x, height)], '#2d6b45', 2)
     return image
-
-
-def see_through(width=200, height=100):
-    """The left half opaque red, the right half fully transparent green."""
-    image = Image.new('RGBA', (width, height), (0, 255, 0, 0))
-    image.paste((255, 0, 0, 255), (0, 0, width // 2, height))
-    return image
-
-
-def swapped_colours(width=200, height=100):
-    """A red PNG, to be shown as green: its profile is sRGB, but with red and green swapped."""
-    profile = ImageCms.ImageCmsProfile(ImageCms.createProfile('sRGB')).tobytes()
-    for old, new in ((b'rXYZ', b'****'), (b'gXYZ', b'rXYZ'), (b'****', b'gXYZ')):
-        profile = profile.replace(old, new)
-    image = Image.new('RGB', (width, height), (255, 0, 0))
-    return encoded(image, icc_profile=profile, dpi=(300, 150))
 
 
 def plain(colour, width, height):

@@ -64,11 +64,11 @@ TEST(FolderItem, EveryNameComesThroughTheShell) {
   }
 }
 
-TEST(FolderItem, ACopyIsAsPrivateAsItsSourceAndReplacesALinkInsteadOfWritingThroughIt) {
-  constexpr auto kPrivate = static_cast<fs::perms>(0600);
+TEST(FolderItem, ACopyHasThePermissionsOfItsSourceAndReplacesALinkInsteadOfWritingThroughIt) {
+  constexpr auto kMode = static_cast<fs::perms>(0640);
   const ScratchFolder folder;
-  const Ref<FolderItem> source = folder.Put("source", "secret");
-  fs::permissions(folder.Path("source"), kPrivate);
+  const Ref<FolderItem> source = folder.Put("source", "new");
+  fs::permissions(folder.Path("source"), kMode);
   folder.Put("file", "old");
   folder.Put("victim", "precious");
   fs::create_symlink("victim", folder.Path("link"));
@@ -76,8 +76,8 @@ TEST(FolderItem, ACopyIsAsPrivateAsItsSourceAndReplacesALinkInsteadOfWritingThro
   for (const char* target : {"file", "link", "link to nothing"}) {
     EXPECT_EQ(folder.Item(target)->Exists(), std::string_view(target) != "link to nothing");
     EXPECT_TRUE(source->CopyFileTo(folder.Item(target)));
-    EXPECT_EQ(folder.Content(target), "secret");
-    EXPECT_EQ(folder.Permissions(target), kPrivate);
+    EXPECT_EQ(folder.Content(target), "new");
+    EXPECT_EQ(folder.Permissions(target), kMode);
     EXPECT_FALSE(fs::is_symlink(folder.Path(target)));
   }
   EXPECT_EQ(folder.Content("victim"), "precious");

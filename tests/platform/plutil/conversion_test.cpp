@@ -297,21 +297,34 @@ TEST(XmlReader, RefusesWhatItCannotKeep) {
   EXPECT_EQ(ToBinary("<string>\xE4</string>"), "failed: a text that is not UTF-8");
 }
 
+// A document with every type.
+const std::string kSample = XmlFile(
+    "<dict>\n\t<key>a</key>\n\t<array>\n\t\t<integer>1</integer>\n\t\t<integer>-1</integer>\n"
+    "\t\t<integer>18446744073709551615</integer>\n\t\t<real>0.1</real>\n\t\t<true/>\n"
+    "\t\t<date>2009-03-07T08:05:09Z</date>\n\t\t<data>\n\t\tQUJD\n\t\t</data>\n\t</array>\n"
+    "\t<key>\u00E4 &amp; &#13;</key>\n\t<string>twenty characters or more</string>\n"
+    "\t<key>u</key>\n\t<dict>\n\t\t<key>CF$UID</key>\n\t\t<integer>3</integer>\n\t</dict>\n"
+    "</dict>\n");
+
 TEST(Conversion, RefusesAFileThatIsTruncatedAtAnyByte) {
-  const std::string xml = XmlFile(
-      "<dict>\n\t<key>a</key>\n\t<array>\n\t\t<integer>1</integer>\n\t\t<integer>-1</integer>\n"
-      "\t\t<integer>18446744073709551615</integer>\n\t\t<real>0.1</real>\n\t\t<true/>\n"
-      "\t\t<date>2009-03-07T08:05:09Z</date>\n\t\t<data>\n\t\tQUJD\n\t\t</data>\n\t</array>\n"
-      "\t<key>\u00E4 &amp; &#13;</key>\n\t<string>twenty characters or more</string>\n"
-      "\t<key>u</key>\n\t<dict>\n\t\t<key>CF$UID</key>\n\t\t<integer>3</integer>\n\t</dict>\n"
-      "</dict>\n");
-  const std::string binary = ToBinary(xml);
-  ASSERT_EQ(ToXml(binary), xml);
-  for (std::size_t size = 0; size < binary.size(); ++size) {
-    EXPECT_TRUE(Failed(ToXml(binary.substr(0, size)))) << size;
+  for (const std::string& file : {kSample, ToBinary(kSample)}) {
+    ASSERT_EQ(ToXml(file), kSample);
+    for (std::size_t size = 0; size < file.size() - 1; ++size) {
+      EXPECT_TRUE(Failed(ToXml(file.substr(0, size)))) << size;
+    }
   }
-  for (std::size_t size = 0; size < xml.size() - 1; ++size) {
-    EXPECT_TRUE(Failed(ToBinary(xml.substr(0, size)))) << size;
+}
+
+TEST(Conversion, RefusesAChangedByteOrReadsItSoundly) {
+  for (const std::string& file : {kSample, ToBinary(kSample)}) {
+    for (std::size_t i = 0; i < 256 * file.size(); ++i) {
+      std::string changed = file;
+      changed[i / 256] = static_cast<char>(i % 256);
+      const std::string xml = ToXml(changed);
+      const std::string binary = ToBinary(xml);
+      const bool is_refused = Failed(xml) || binary == "failed: a text that is not UTF-8";
+      ASSERT_TRUE(is_refused || ToXml(binary) == xml) << changed;
+    }
   }
 }
 
