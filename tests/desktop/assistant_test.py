@@ -49,7 +49,7 @@ class Assistant(OnDesktop):
         address = bus.stdout.readline().decode().strip()
         self.desktop.environment['DBUS_SESSION_BUS_ADDRESS'] = address
         os.environ.update(self.desktop.environment)
-        self.copy_landscape()
+        self.copy_picture()
         self.run_, _ = self.start()
         self.tree = until(self.find_program, 'the program on the bus')
 

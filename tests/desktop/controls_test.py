@@ -12,12 +12,12 @@ import unittest
 
 from desktop import PATIENCE, until
 from on_desktop import DIALOG, OnDesktop
-from pictures import encoded, landscape
+from pictures import encoded, plain
 
 
 class Controls(OnDesktop):
     def test_any_picture_format_is_read(self):
-        picture = landscape(120, 60)
+        picture = plain('#5078b4', 120, 60)
         pictures = {f'image/{form.lower()}': encoded(picture, form)
                     for form in ('JPEG', 'BMP', 'WEBP', 'TIFF')}
         pictures['image/x-portable-pixmap'] = encoded(picture, 'PPM')
@@ -34,13 +34,13 @@ class Controls(OnDesktop):
                                        ('*right', '880/200x700/200+400+100', 'none')):
             self.desktop.run('xrandr', '--setmonitor', monitor, place, output)
             self.addCleanup(self.desktop.run, 'xrandr', '--delmonitor', monitor.strip('*'))
-        self.copy_landscape()
+        self.copy_picture()
         _, dialog = self.start()
         told = self.desktop.output('xwininfo', '-id', dialog)
         self.assertEqual(re.findall(r'Absolute upper-left .: +(\d+)', told), ['620', '196'])
 
     def test_the_info_window_leaves_the_dialog_open(self):
-        self.copy_landscape()
+        self.copy_picture()
         run, dialog = self.start()
         for open_info in (lambda: self.click(dialog, 404, 472), lambda: self.desktop.key('F1')):
             open_info()
@@ -52,13 +52,14 @@ class Controls(OnDesktop):
         self.scales(run, 320, 240)
 
     def test_keys_move_the_slider_and_switch_the_mode(self):
-        self.copy_landscape(1000, 500)
+        self.copy_picture(1000, 500)
         run, _ = self.start()
-        # 50 + 2 + 20 - 1, and from per cent to height.
-        self.scales(run, 852, 426, 'Right', 'Right', 'Prior', 'Left', 'Tab', 'Left')
+        # 50 + 2 + 20 - 1, from per cent to height, and to "Don't Scale", where Return is OK's.
+        self.desktop.key('Right', 'Right', 'Prior', 'Left', 'Tab', 'Left', 'Tab', 'Tab')
+        self.scales(run, 852, 426)
 
     def test_the_mouse_moves_the_slider_and_switches_the_mode(self):
-        self.copy_landscape(1000, 500)
+        self.copy_picture(1000, 500)
         run, dialog = self.start()
         self.desktop.do('mousemove', '--window', dialog, 219, 318, 'mousedown', 1)
         for x in range(219, 450, 20):
@@ -71,7 +72,7 @@ class Controls(OnDesktop):
         self.desktop.do('mousemove', '--window', window, x, y, 'click', 1)
 
     def test_the_picture_outlives_the_terminal(self):
-        self.copy_landscape()
+        self.copy_picture()
         shell, terminal = pty.fork()
         if shell == 0:
             os.execve('/bin/sh', ['sh', '-c', self.program + '; cat'], self.desktop.environment)
@@ -84,7 +85,7 @@ class Controls(OnDesktop):
         self.assertEqual(self.pasted().size, (320, 240))
 
     def test_a_killed_run_leaves_the_clipboard_and_no_process(self):
-        original = self.copy_landscape()
+        original = self.copy_picture()
         run, _ = self.start()
         run.send_signal(signal.SIGKILL)
         run.wait()
@@ -96,7 +97,7 @@ class Controls(OnDesktop):
         self.desktop.copy(b'text', self.desktop.text)
         printed, _ = self.begin(start, self.program).communicate(timeout=PATIENCE)
         self.assertRegex(printed, rb'^There is no picture on your clipboard[^\n]*\n$')
-        self.copy_landscape()
+        self.copy_picture()
         run, _ = self.start(start, self.program)
         self.scales(run, 320, 240)
 

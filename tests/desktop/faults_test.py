@@ -16,8 +16,7 @@ import zlib
 
 from desktop import PATIENCE, until
 from on_desktop import DIALOG, SOON, OnDesktop
-from pictures import decoded, encoded, landscape
-from PIL import Image
+from pictures import decoded, encoded, noise
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 SETTINGS = {'Scale Mode': 2, 'Slider Value': 50.0, 'Of another version': 'kept'}
@@ -61,7 +60,7 @@ class Faults(OnDesktop):
         for name, data in (('65535 x 65535', png_of_size(65535, 65535)),
                            ('16000 x 16000, cut off', png_of_size(16000, 16000)),
                            ('40000000 x 1, cut off', png_of_size(40_000_000, 1)),
-                           ('truncated', encoded(landscape())[:3000]), ('empty', b'')):
+                           ('truncated', encoded(noise(640, 480))[:3000]), ('empty', b'')):
             with self.subTest(picture=name):
                 self.desktop.copy(data, 'image/png')
                 self.finish(self.begin(), SOON)
@@ -70,7 +69,7 @@ class Faults(OnDesktop):
     def test_a_hanging_owner_ends_the_run_silently_and_soon(self):
         picture = self.desktop.folder + '/picture.png'
         with open(picture, 'wb') as file:
-            file.write(encoded(landscape(1500, 1500), 'BMP'))
+            file.write(encoded(noise(1500, 1500), 'BMP'))
         for when in ('at-once', 'at-the-picture', 'half-way'):
             with self.subTest(hangs=when):
                 owner = self.desktop.start(sys.executable, HERE + '/hanging_owner.py', when, picture,
@@ -85,7 +84,7 @@ class Faults(OnDesktop):
     # The display
 
     def test_the_display_goes_away_under_the_dialog(self):
-        self.copy_landscape()
+        self.copy_picture()
         run, _ = self.start()
         self.desktop.end_display()
         run.communicate(timeout=PATIENCE)
@@ -95,7 +94,7 @@ class Faults(OnDesktop):
     def test_the_end_of_the_login_ends_run_and_owner(self):
         for signal_of_end in (signal.SIGHUP, signal.SIGTERM):
             with self.subTest(signal=signal_of_end):
-                original = self.copy_landscape()
+                original = self.copy_picture()
                 run, _ = self.start()
                 for pid in self.processes():
                     os.kill(pid, signal_of_end)
@@ -113,8 +112,7 @@ class Faults(OnDesktop):
     def large(self, side=3000):
         """A run whose picture takes its owner half a second to encode, just ended."""
         self.put_settings(**{'Slider Value': 100.0})
-        self.desktop.copy(encoded(Image.effect_noise((side, side), 50).convert('RGB'), 'BMP'),
-                          'image/bmp')
+        self.desktop.copy(encoded(noise(side, side), 'BMP'), 'image/bmp')
         run, _ = self.start()
         self.desktop.key('Return')
         self.finish(run)
@@ -169,7 +167,7 @@ class Faults(OnDesktop):
                     with open(converter, 'w', encoding='utf-8') as file:
                         file.write('#!/bin/sh\n' + script + '\n')
                     os.chmod(converter, 0o755)
-                self.copy_landscape()
+                self.copy_picture()
                 run, _ = self.start(program)
                 self.scales(run, 320, 240, patience=2 * PATIENCE)
                 if name.endswith('back'):
@@ -189,14 +187,14 @@ class Faults(OnDesktop):
         with self.assertRaises(OSError), open(folder + '/filler', 'wb', buffering=0) as filler:
             while True:
                 filler.write(bytes(4096))
-        self.copy_landscape()
+        self.copy_picture()
         run, _ = self.start()
         self.scales(run, 326, 244, 'Right')
         self.assertEqual(self.settings_bytes(), old)
         self.assertEqual(sorted(os.listdir(folder)), ['Morvantile Preferences', 'filler'])
 
     def test_out_of_memory_ends_clearly_with_everything_as_it_was(self):
-        original = self.copy_landscape(4000, 3000)
+        original = self.copy_picture(4000, 3000)
         for kilobytes in (20_000, 60_000, 100_000, 150_000, 200_000, 250_000, 300_000, 400_000):
             with self.subTest(kilobytes=kilobytes):
                 run = self.begin('sh', '-c', f'ulimit -v {kilobytes} && exec "$0"', self.program)

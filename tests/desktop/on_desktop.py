@@ -7,7 +7,7 @@ import unittest
 
 from desktop import PATIENCE, Unavailable, until
 from desktops import X11
-from pictures import decoded, encoded, landscape
+from pictures import decoded, encoded, plain
 
 DIALOG = 'Clipboard Image Resize'
 SOON = 9  # seconds; five and what a busy machine adds
@@ -42,8 +42,8 @@ class OnDesktop(unittest.TestCase):
             self.tearDownClass()
             self.setUpClass()
 
-    def copy_landscape(self, width=640, height=480):
-        original = encoded(landscape(width, height))
+    def copy_picture(self, width=640, height=480):
+        original = encoded(plain('#5078b4', width, height))
         self.desktop.copy(original, 'image/png')
         return original
 

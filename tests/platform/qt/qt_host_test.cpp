@@ -55,71 +55,19 @@ class Script : public Application {
   void Event_Close() override { ++closed; }
 };
 
-// A window with a slider and two buttons whose events are written down.
-class Probe : public Window {
- public:
-  std::string log;
-  std::function<void(Slider&)> changed = [this](Slider& slider) {
-    log += std::to_string(slider.Value()) + " ";
-  };
-
+// A window with a slider whose handler fails.
+class Failing : public Window {
  protected:
   void CreateControls() override {
-    SetWidth(300);
-    SetHeight(100);
     const Ref<Slider> slider = AddControl<Slider>("Slider", 10, 10, 200, 20);
-    slider->Minimum = 1;
-    slider->PageStep = 20;
     slider->LiveScroll = true;
-    slider->TabIndex = 3;
-    slider->ValueChanged = [this](Slider& moved) { changed(moved); };
-    AddButton("OK", 2)->Default = true;
-    AddButton("Cancel", 1)->Cancel = true;
+    slider->ValueChanged = [](Slider&) { throw std::runtime_error("escaped"); };
     InitialFocus = slider;
-  }
-  void Event_Open() override { log += "open "; }
-  void Event_Close() override { log += "close"; }
-
- private:
-  Ref<PushButton> AddButton(const std::string& caption, int tabIndex) {
-    Ref<PushButton> button = AddControl<PushButton>(caption, 10 * tabIndex, 50, 80, 20);
-    button->TabIndex = tabIndex;
-    button->Action = [this, caption](PushButton&) {
-      log += caption + " ";
-      Close();
-    };
-    return button;
   }
 };
 
-// Shows the window and presses the keys as soon as it is active; returns what it wrote down.
-std::string LogAfter(const Ref<Probe>& probe, const std::vector<Qt::Key>& keys) {
-  probe->Build();
-  QTimer::singleShot(0, [keys] {
-    QWidget* shown = QApplication::activeModalWidget();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(shown));
-    for (const Qt::Key key : keys) {
-      QWidget* target = QApplication::focusWidget();
-      QTest::keyClick(target == nullptr ? shown : target, key);
-    }
-  });
-  HostOfAllTests::host->ShowModal(probe);
-  return probe->log;
-}
-
-TEST(QtHost, KeysReachTheControlsAndTheDefaultAndCancelButton) {
-  // Tab goes by TabIndex, and from the last control to the first; Return is for the default button,
-  // wherever the focus is.
-  using Keys = std::vector<Qt::Key>;
-  for (const auto& [keys, log] :
-       {std::pair{Keys{Qt::Key_Right, Qt::Key_PageUp, Qt::Key_Left, Qt::Key_Return},
-                  "open 2 22 21 OK close"},
-        {Keys{Qt::Key_Escape}, "open Cancel close"},
-        {Keys{Qt::Key_Tab, Qt::Key_Space}, "open Cancel close"},
-        {Keys{Qt::Key_Tab, Qt::Key_Return}, "open OK close"}}) {
-    EXPECT_EQ(LogAfter(New<Probe>(), keys), log);
-  }
-  EXPECT_EQ(QApplication::layoutDirection(), Qt::LeftToRight) << "on every desktop";
+TEST(QtHost, ARightToLeftDesktopDoesNotTurnSliderAndSegmentsRound) {
+  EXPECT_EQ(QApplication::layoutDirection(), Qt::LeftToRight);
 }
 
 TEST(QtHost, ARunEndsByQuitWithItsStatusOrByAnExceptionInAHandler) {
@@ -128,9 +76,13 @@ TEST(QtHost, ARunEndsByQuitWithItsStatusOrByAnExceptionInAHandler) {
   EXPECT_EQ(HostOfAllTests::host->Run(*script), 3);
   EXPECT_EQ(script->closed, 1);
   script->open = [] {
-    const Ref<Probe> probe = New<Probe>();
-    probe->changed = [](Slider&) { throw std::runtime_error("escaped"); };
-    LogAfter(probe, {Qt::Key_Right});
+    const Ref<Failing> window = New<Failing>();
+    window->Build();
+    QTimer::singleShot(0, [] {
+      ASSERT_TRUE(QTest::qWaitForWindowActive(QApplication::activeModalWidget()));
+      QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
+    });
+    HostOfAllTests::host->ShowModal(window);
     ADD_FAILURE() << "went on after an exception";
   };
   EXPECT_THROW(HostOfAllTests::host->Run(*script), std::runtime_error);
