@@ -42,11 +42,10 @@ ExactPixel PremultipliedPixel(const Picture& picture, int x, int y) {
 
 ExactPixel Straight(const ExactPixel& pixel) {
   if (pixel[3] <= 0) return {};
-  ExactPixel straight{};
-  for (std::size_t c = 0; c < 3; ++c)
-    straight[c] = std::clamp(pixel[c] * 255 / pixel[3], 0.0, 255.0);
-  straight[3] = std::min(pixel[3], 255.0);
-  return straight;
+  const auto colour = [&](std::size_t c) {
+    return std::clamp(pixel[c] * 255 / pixel[3], 0., 255.);
+  };
+  return {colour(0), colour(1), colour(2), std::min(pixel[3], 255.0)};
 }
 
 void Add(const ExactPixel& pixel, double weight, ExactPixel& sum) {
