@@ -8,16 +8,6 @@
 namespace morvantile {
 namespace {
 
-TEST(Picture, CreateReturnsWritableRowsOfTheAskedSize) {
-  const Ref<Picture> picture = Picture::Create(3, 2, true);
-  EXPECT_EQ(std::pair(picture->Width(), picture->Height()), std::pair(3, 2));
-  EXPECT_GE(picture->Stride(), 12);
-  EXPECT_TRUE(picture->HasAlpha());
-  picture->MutableRow(1)[11] = 7;
-  EXPECT_EQ(picture->Row(0) + picture->Stride(), picture->Row(1));
-  EXPECT_EQ(picture->Row(1)[11], 7);
-}
-
 TEST(Picture, CreateTakesOverOnlyASpareThatIsLargeEnoughAndNobodyElses) {
   Ref<Picture> spare = Picture::Create(40, 30, false);
   const std::uint8_t* bytes = spare->Row(0);
