@@ -58,9 +58,10 @@ TEST(Conversion, WritesOneElementALine) {
       "\t\t<data>\n\t\t</data>\n\t\t<dict/>\n\t\t<array/>\n\t</array>\n\t<key>k&amp;e&lt;y></key>\n"
       "\t<string>a&gt;&lt;b &amp; \"'&#10;second line&#13;&#10;\t third</string>\n"
       "\t<key>]]&gt;a&#10;b&#13;></key>\n\t<string></string>\n</dict>\n");
-  const std::string line = std::string(76, 'A') + "\n";
-  for (const std::string& xml : {elements, XmlFile("<data>\n" + line + line + "AA==\n</data>\n"),
-                                 XmlFile("<dict>\n</dict>\n"), XmlFile("<array>\n</array>\n")}) {
+  const std::string line(76, 'A');
+  const std::string data = XmlFile("<data>\n" + line + "\n" + line + "\nAA==\n</data>\n");
+  for (const std::string& xml :
+       {elements, data, XmlFile("<dict>\n</dict>\n"), XmlFile("<array>\n</array>\n")}) {
     EXPECT_EQ(ToXml(xml), xml);
     EXPECT_EQ(ToXml(ToBinary(xml)), xml);
   }
