@@ -20,7 +20,7 @@ class Late(AssertionError):
 
 
 def until(condition, what, seconds=PATIENCE):
-    """Waits until condition() is true, and gives its value."""
+    """Waits until condition() is true, and returns its value."""
     end = time.monotonic() + seconds
     while time.monotonic() < end:
         value = condition()

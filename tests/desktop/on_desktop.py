@@ -52,7 +52,7 @@ class OnDesktop(unittest.TestCase):
                                   stderr=subprocess.STDOUT)
 
     def start(self, *command):
-        """Starts the program, and gives it with its dialog once that is active."""
+        """Starts the program, and returns it with its dialog once that is active."""
         run = self.begin(*command)
         return run, self.desktop.active_window(DIALOG)
 
