@@ -45,14 +45,11 @@ inline std::string BigEndian(std::uint64_t value, std::size_t width) {
 }
 
 // Bytes from a text of hexadecimal digits and blanks.
-inline std::string Hex(std::string_view digits) {
-  std::string nibbles;
-  for (const char digit : digits) {
-    if (digit != ' ') nibbles += static_cast<char>(digit <= '9' ? digit - '0' : digit - 'A' + 10);
-  }
+inline std::string Hex(std::string digits) {
+  std::erase(digits, ' ');
   std::string bytes;
-  for (std::size_t i = 0; i < nibbles.size(); i += 2) {
-    bytes += static_cast<char>(nibbles[i] * 16 + nibbles[i + 1]);
+  for (std::size_t i = 0; i < digits.size(); i += 2) {
+    bytes += static_cast<char>(std::stoi(digits.substr(i, 2), nullptr, 16));
   }
   return bytes;
 }
