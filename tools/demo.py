@@ -9,7 +9,8 @@ import sys
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)) + '/../tests/desktop')
 from desktops import X11
-from pictures import decoded, encoded, landscape
+from landscape import landscape
+from pictures import decoded, encoded
 
 DIALOG = 'Clipboard Image Resize'
 SAMPLE = (640, 480)

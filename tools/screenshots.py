@@ -11,7 +11,8 @@ import time
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)) + '/../tests/desktop')
 from desktop import until
 from desktops import X11
-from pictures import encoded, landscape
+from landscape import landscape
+from pictures import encoded
 
 KDE = {'XDG_CURRENT_DESKTOP': 'KDE', 'KDE_FULL_SESSION': 'true', 'KDE_SESSION_VERSION': '5'}
 KDE_COLORS = '\n'.join(

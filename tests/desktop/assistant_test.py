@@ -15,14 +15,14 @@ from gi.repository import Atspi
 from desktop import until
 from desktops import X11
 from on_desktop import DIALOG, OnDesktop
-from pictures import encoded, landscape
 
 
 def below(node):
-    """The node and all below it."""
-    yield node
-    for index in range(node.get_child_count()):
-        yield from below(node.get_child_at_index(index))
+    """The node and all below it; a program that has just left the bus is None."""
+    if node is not None:
+        yield node
+        for index in range(node.get_child_count()):
+            yield from below(node.get_child_at_index(index))
 
 
 def told(node):
@@ -40,26 +40,17 @@ class Assistant(OnDesktop):
     def setUp(self):
         super().setUp()
         bus = self.desktop.serve('dbus-daemon', '--session',  # a session bus of its own
-                                 '--nofork', '--print-address=1',
-                                 stdout=subprocess.PIPE)
+                                 '--nofork', '--print-address=1', stdout=subprocess.PIPE)
         self.addCleanup(bus.stdout.close)
         address = bus.stdout.readline().decode().strip()
         self.desktop.environment['DBUS_SESSION_BUS_ADDRESS'] = address
         os.environ.update(self.desktop.environment)
-        self.desktop.copy(encoded(landscape(640, 480)), 'image/png')
+        self.copy_picture()
         self.run_, _ = self.start()
-        self.tree = until(self.find_program, 'the program on the bus')
-
-    def find_program(self):
-        everybody = Atspi.get_desktop(0)
-        for index in range(everybody.get_child_count()):
-            program = everybody.get_child_at_index(index)
-            if program is not None and program.get_name() == 'Morvantile':
-                return program
-        return None
 
     def find(self, name, role=None):
-        return until(lambda: next((node for node in below(self.tree) if node.get_name() == name
+        return until(lambda: next((node for node in below(Atspi.get_desktop(0))
+                                   if node.get_name() == name
                                    and role in (None, node.get_role_name())), None), name)
 
     def press(self, name):
@@ -69,6 +60,7 @@ class Assistant(OnDesktop):
         until(lambda: self.find(name).get_description() == wanted, f'{name}: {wanted}')
 
     def test_assistants_find_every_control_and_do_what_a_click_does(self):
+        self.find('Morvantile', 'application')
         group = [told(node) for node in below(self.find('Scale by'))]
         self.assertEqual(group, [('panel', 'Scale by', False), ('radio button', 'Width', True),
                                  ('radio button', 'Height', True),

@@ -1,6 +1,7 @@
 """A desktop in an environment of its own, and a user who looks at its screen, types and clicks."""
 
 import os
+import pathlib
 import shlex
 import shutil
 import signal
@@ -19,7 +20,7 @@ class Late(AssertionError):
 
 
 def until(condition, what, seconds=PATIENCE):
-    """Waits until condition() is true, and gives its value."""
+    """Waits until condition() is true, and returns its value."""
     end = time.monotonic() + seconds
     while time.monotonic() < end:
         value = condition()
@@ -35,7 +36,8 @@ class Unavailable(Exception):
 
 class Desktop:
     """A virtual screen, and on it the desktop that `command` starts, with what belongs to it. Home and
-    settings are a temporary folder.
+    settings are a temporary folder. Each kind has wait_for_desktop(), which also completes the
+    environment of the programs, and targets(), the forms in which the clipboard is offered.
 
     Use as a context manager, or call stop(): that ends every process that was started on it.
     """
@@ -45,23 +47,17 @@ class Desktop:
     text = ''       # the form in which a text is offered
 
     def __init__(self, *commands, size='1280x800', extra_environment=None):
-        missing = [program for program in (*self.needs, *(shlex.split(c)[0] for c in commands))
-                   if not shutil.which(program)]
-        if missing:
-            raise Unavailable(', '.join(missing) + ' not installed')
+        for program in (*self.needs, *(shlex.split(command)[0] for command in commands)):
+            if not shutil.which(program):
+                raise Unavailable(program + ' is not installed')
         self.folder = tempfile.mkdtemp(prefix='morvantile-desktop-')
         if self.account:
             os.chown(self.folder, self.account['user'], self.account['group'])
         self.mark = uuid.uuid4().hex
-        self.started = []
-        self.servers = []
+        self.started, self.servers = [], []
         self.environment = {
-            'PATH': '/usr/bin:/bin',
-            'HOME': self.folder,
-            'XDG_CONFIG_HOME': self.folder + '/config',
-            'XDG_RUNTIME_DIR': self.folder,
-            'LANG': 'C.UTF-8',
-        }
+            'PATH': '/usr/bin:/bin', 'LANG': 'C.UTF-8', 'HOME': self.folder,
+            'XDG_CONFIG_HOME': self.folder + '/config', 'XDG_RUNTIME_DIR': self.folder}
         try:
             self._open_screen(size)
             for command in commands:
@@ -86,10 +82,6 @@ class Desktop:
         if not number:
             raise Late('Xvfb did not start')
         self.screen = self.environment['DISPLAY'] = ':' + number
-
-    def wait_for_desktop(self):
-        """Waits until the desktop runs, and completes the environment of its programs."""
-        raise NotImplementedError
 
     def __enter__(self):
         return self
@@ -149,16 +141,14 @@ class Desktop:
     def programs(self, name=''):
         """The processes on this display whose command line contains name, zombies left out."""
         found = []
-        for pid in filter(str.isdigit, os.listdir('/proc')):
+        for process in pathlib.Path('/proc').glob('[0-9]*'):
             try:
-                with open(f'/proc/{pid}/environ', 'rb') as file:
-                    ours = self.mark.encode() in file.read()
-                with open(f'/proc/{pid}/cmdline', 'rb') as file:
-                    command = file.read().decode(errors='replace')
+                ours = self.mark.encode() in (process / 'environ').read_bytes()
+                command = (process / 'cmdline').read_bytes().decode(errors='replace')
             except OSError:
                 continue
             if ours and command and name in command:
-                found.append(int(pid))
+                found.append(int(process.name))
         return found
 
     # The clipboard, through other programs
@@ -175,10 +165,6 @@ class Desktop:
     def paste(self, target):
         """The bytes on the clipboard, or None if they are not offered in that form."""
         return self.run(*self.paste_command, target)
-
-    def targets(self):
-        """The forms in which the clipboard is offered."""
-        raise NotImplementedError
 
     # The screen, keyboard and mouse
 

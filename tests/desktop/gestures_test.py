@@ -5,6 +5,7 @@ Run as: gestures_test.py PROGRAM DESKTOP [unittest arguments], DESKTOP being a n
 """
 
 import os
+import plistlib
 import signal
 import sys
 import time
@@ -13,9 +14,10 @@ import unittest
 from desktop import until
 from desktops import DESKTOPS, EXCEPTIONS
 from on_desktop import SOON, OnDesktop
-from pictures import encoded, landscape, plain
+from pictures import encoded, noise, plain
 
 PICTURE = '#ff00ff'
+ORIGINAL = encoded(plain(PICTURE, 640, 480))
 OTHER = '#00ff00'  # as other_window.cpp has it
 OK, DONT_SCALE, TITLE_BAR = (296, 471), (143, 471), (220, -12)  # places in the dialog
 NAME = sys.argv.pop(1)
@@ -29,14 +31,12 @@ class Gestures(OnDesktop):
         if reason:
             self.skipTest(reason)
         super().setUp()
-
-    def copy_picture(self):
-        self.desktop.copy(encoded(plain(PICTURE, 640, 480)), 'image/png')
+        self.settings = self.desktop.environment['XDG_CONFIG_HOME'] + '/Morvantile'
 
     def start(self, *command):
         """Starts the program on a picture, and waits for the dialog."""
         self.desktop.do('mousemove', 5, 5)
-        self.copy_picture()
+        self.desktop.copy(ORIGINAL, 'image/png')
         run = self.begin(*command)
         self.wait_for_dialog()
         return run
@@ -55,16 +55,13 @@ class Gestures(OnDesktop):
         self.pointer_to(x, y)
         self.desktop.do('click', 1)
 
-    def scales_by_return(self, run, width, height):
+    def scales(self, run, width=320, height=240, press=None):
+        """The run ends with the scaled picture on the clipboard, by Return if not by `press`."""
         self.wait_for_dialog()
-        self.desktop.key('Return')
-        self.scales(run, width, height)
+        (press or (lambda: self.desktop.key('Return')))()
+        self.has_scaled(run, width, height)
 
-    def start_other_window(self):
-        self.desktop.start(os.path.dirname(self.program) + '/other_window')
-
-    def scales(self, run, width=320, height=240):
-        """The run ends with the scaled picture on the clipboard."""
+    def has_scaled(self, run, width=320, height=240):
         self.finish(run)
         for target in ('image/png', 'image/bmp'):
             self.assertEqual(self.pasted(target).size, (width, height))
@@ -73,23 +70,25 @@ class Gestures(OnDesktop):
         """The dialog is there after a gesture, and OK is pressed in it."""
         time.sleep(0.5)
         self.assertIsNone(run.poll(), 'the dialog has closed')
-        self.scales_by_return(run, 320, 240)
+        self.scales(run)
+
+    def start_other_window(self):
+        self.desktop.start(os.path.dirname(self.program) + '/other_window')
 
     # The ends of a run
 
     def test_ok(self):
-        for press in (lambda: self.desktop.key('Return'), lambda: self.click(*OK)):
-            run = self.start()
-            press()
-            self.scales(run)
+        self.scales(self.start())
+        self.scales(self.start(), press=lambda: self.click(*OK))
 
     def test_dont_scale_leaves_the_original_bytes(self):
-        for press in (lambda: self.desktop.key('Right', 'Escape'), lambda: self.click(*DONT_SCALE)):
+        for press in (lambda: self.desktop.key('Right', 'Escape'), lambda: self.click(*DONT_SCALE),
+                      lambda: self.desktop.key('Tab', 'Tab', 'Tab', 'space')):
             run = self.start()
             press()
             self.finish(run)
-            self.assertEqual(self.desktop.paste('image/png'), encoded(plain(PICTURE, 640, 480)))
-            until(lambda: not self.processes(), 'no process left')
+            self.assertEqual(self.desktop.paste('image/png'), ORIGINAL)
+            self.leaves(0)
 
     def test_a_click_into_another_window(self):
         run = self.start()
@@ -99,7 +98,7 @@ class Gestures(OnDesktop):
         if run.poll() is None:  # not every desktop makes a new window the active one
             left, top, _, _ = self.desktop.find(OTHER)
             self.desktop.do('mousemove', left + 5, top + 5, 'click', 1)
-        self.scales(run)
+        self.has_scaled(run)
 
     # Gestures that leave the dialog open
 
@@ -140,76 +139,70 @@ class Gestures(OnDesktop):
         self.stays(run)
 
     def test_the_launch_key_is_held(self):
-        self.copy_picture()
-        runs = []
-        for _ in range(15):
-            runs.append(self.begin())
+        self.desktop.copy(ORIGINAL, 'image/png')
+        runs = [self.begin(), self.begin()]  # at the same moment
+        for _ in range(13):
             time.sleep(0.1)
+            runs.append(self.begin())
         self.wait_for_dialog()
         self.desktop.key('Return')
         for run in runs:
             self.finish(run)
         self.assertEqual(self.pasted().size, (320, 240))
-        until(lambda: len(self.processes()) <= 1, 'one owner')
+        with open(self.settings + '/Morvantile Preferences', 'rb') as file:
+            self.assertEqual(plistlib.load(file), {'Scale Mode': 2, 'Slider Value': 50.0})
+        self.leaves(1)
 
     def test_a_copied_file_is_a_picture(self):
         file = self.desktop.folder + '/a picture.png'
-        original = encoded(plain(PICTURE, 640, 480))
         with open(file, 'wb') as writer:
-            writer.write(original)
+            writer.write(ORIGINAL)
         name = b'file://' + file.replace(' ', '%20').encode() + b'\r\n'
         self.desktop.copy(name + name, 'text/uri-list')
         self.finish(self.begin())
         self.desktop.copy(name, 'text/uri-list')
-        self.scales_by_return(self.begin(), 320, 240)
+        self.scales(self.begin())
         with open(file, 'rb') as reader:
-            self.assertEqual(reader.read(), original)
+            self.assertEqual(reader.read(), ORIGINAL)
 
-    # What is remembered, and what is not there
+    # What is not there
 
-    def test_mode_and_slider_are_remembered(self):
-        run = self.start()
-        self.desktop.key('Right')
-        self.scales_by_return(run, 326, 244)
-        self.scales_by_return(self.start(), 326, 244)
+    def nothing_is_left(self):
+        self.assertEqual(self.processes(), [])
+        self.assertFalse(os.path.exists(self.settings))
 
     def test_without_a_picture_it_ends_silently(self):
         for data, target in ((b'text', self.desktop.text), (b'not a picture', 'image/png'),
-                             (encoded(landscape())[:2000], 'image/png')):
+                             (encoded(noise(640, 480))[:2000], 'image/png')):
             with self.subTest(target=target, size=len(data)):
                 self.desktop.copy(data, target)
                 self.finish(self.begin())
                 self.assertEqual(self.desktop.paste(target), data)
-                self.assertEqual(self.processes(), [])
-                self.assertFalse(os.path.exists(self.settings_folder()))
+                self.nothing_is_left()
 
     def test_an_owner_that_hangs_ends_the_run_silently_and_soon(self):
-        self.copy_picture()
+        self.desktop.copy(ORIGINAL, 'image/png')
         for pid in self.desktop.programs('wl-copy') + self.desktop.programs('xclip'):
             os.kill(pid, signal.SIGSTOP)
         self.finish(self.begin(), SOON)
-        self.assertEqual(self.processes(), [])
-        self.assertFalse(os.path.exists(self.settings_folder()))
-
-    def settings_folder(self):
-        return self.desktop.environment['XDG_CONFIG_HOME'] + '/Morvantile'
+        self.nothing_is_left()
 
     # What stays behind
 
     def test_a_second_run_reads_what_the_first_left(self):
-        self.scales_by_return(self.start(), 320, 240)
-        self.scales_by_return(self.begin(), 160, 120)
-        until(lambda: len(self.processes()) <= 1, 'the first owner gone')
+        self.scales(self.start())
+        self.scales(self.begin(), 160, 120)
+        self.leaves(1)
 
     def test_the_owner_gives_way_to_another_program(self):
-        self.scales_by_return(self.start(), 320, 240)
+        self.scales(self.start())
         self.desktop.copy(b'text', self.desktop.text)
-        until(lambda: not self.processes(), 'the owner gone')
+        self.leaves(0)
 
     def test_the_owner_ends_with_the_display(self):
-        self.scales_by_return(self.start(), 320, 240)
+        self.scales(self.start())
         self.desktop.end_display()
-        until(lambda: not self.processes(), 'the owner gone')
+        self.leaves(0)
 
 
 if __name__ == '__main__':

@@ -5,9 +5,9 @@ import subprocess
 import sys
 import unittest
 
-from desktop import PATIENCE, Unavailable
+from desktop import PATIENCE, Unavailable, until
 from desktops import X11
-from pictures import decoded
+from pictures import decoded, encoded, plain
 
 DIALOG = 'Clipboard Image Resize'
 SOON = 9  # seconds; five and what a busy machine adds
@@ -42,12 +42,17 @@ class OnDesktop(unittest.TestCase):
             self.tearDownClass()
             self.setUpClass()
 
+    def copy_picture(self, width=640, height=480):
+        original = encoded(plain('#5078b4', width, height))
+        self.desktop.copy(original, 'image/png')
+        return original
+
     def begin(self, *command):
         return self.desktop.start(*(command or (self.program,)), stdout=subprocess.PIPE,
                                   stderr=subprocess.STDOUT)
 
     def start(self, *command):
-        """Starts the program, and gives it with its dialog once that is active."""
+        """Starts the program, and returns it with its dialog once that is active."""
         run = self.begin(*command)
         return run, self.desktop.active_window(DIALOG)
 
@@ -56,6 +61,12 @@ class OnDesktop(unittest.TestCase):
         printed, _ = run.communicate(timeout=patience)
         self.assertEqual((run.returncode, printed), (0, b''))
 
+    def scales(self, run, width, height, *keys, patience=PATIENCE):
+        """The run ends with a picture of that size on the clipboard after the keys and Return."""
+        self.desktop.key(*keys, 'Return')
+        self.finish(run, patience)
+        self.assertEqual(self.pasted().size, (width, height))
+
     def pasted(self, target='image/png'):
         data = self.desktop.paste(target)
         self.assertIsNotNone(data, target + ' is not offered')
@@ -63,3 +74,7 @@ class OnDesktop(unittest.TestCase):
 
     def processes(self):
         return self.desktop.programs(self.program)
+
+    def leaves(self, most):
+        """At most so many processes stay, which is none or the owner of the clipboard."""
+        until(lambda: len(self.processes()) <= most, f'{most} processes left')

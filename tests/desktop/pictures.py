@@ -1,8 +1,8 @@
-"""Sample pictures as the bytes of files."""
+"""Sample pictures, and pictures as the bytes of files."""
 
 import io
 
-from PIL import Image, ImageCms, ImageDraw
+from PIL import Image
 
 
 def encoded(image, form='PNG', **options):
@@ -15,36 +15,9 @@ def decoded(data):
     return Image.open(io.BytesIO(data))
 
 
-def landscape(width=640, height=480):
-    """Hills under a sky: large areas, edges and a gradient."""
-    image = Image.new('RGB', (width, height))
-    draw = ImageDraw.Draw(image)
-    for y in range(height):
-        shade = y / height
-        draw.line([(0, y), (width, y)], (int(70 + 130 * shade), int(150 + 80 * shade), 245))
-    draw.ellipse([width * .72, height * .1, width * .85, height * .1 + width * .13], '#ffd25e')
-    draw.polygon([(0, height), (width * .3, height * .4), (width * .65, height)], '#57ad72')
-    draw.polygon([(width * .35, height), (width * .68, height * .52), (width, height)], '#3f8f5b')
-    for x in range(0, width, max(8, width // 40)):
-        draw.line([(x, height * .92), (x, height)], '#2d6b45', 2)
-    return image
-
-
-def see_through(width=200, height=100):
-    """The left half opaque red, the right half fully transparent green."""
-    image = Image.new('RGBA', (width, height), (0, 255, 0, 0))
-    image.paste((255, 0, 0, 255), (0, 0, width // 2, height))
-    return image
-
-
-def swapped_colours(width=200, height=100):
-    """A red PNG, to be shown as green: its profile is sRGB, but with red and green swapped."""
-    profile = ImageCms.ImageCmsProfile(ImageCms.createProfile('sRGB')).tobytes()
-    for old, new in ((b'rXYZ', b'****'), (b'gXYZ', b'rXYZ'), (b'****', b'gXYZ')):
-        profile = profile.replace(old, new)
-    image = Image.new('RGB', (width, height), (255, 0, 0))
-    return encoded(image, icc_profile=profile, dpi=(300, 150))
-
-
 def plain(colour, width, height):
     return Image.new('RGB', (width, height), colour)
+
+
+def noise(width, height):
+    return Image.effect_noise((width, height), 50).convert('RGB')

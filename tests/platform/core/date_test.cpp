@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
+#include <chrono>
 #include <ctime>
 #include <string>
 
@@ -16,36 +16,22 @@ std::string Fields(const Date& date) {
          Str(date.Hour()) + ":" + Str(date.Minute()) + ":" + Str(date.Second());
 }
 
-TEST(Date, CarriesOverLikeACalendar) {
-  EXPECT_EQ(Fields(Date(2009, 13, 1)), "2010-1-1 0:0:0");
-  EXPECT_EQ(Fields(Date(2009, 2, 30)), "2009-3-2 0:0:0");
-  EXPECT_EQ(Fields(Date(2008, 2, 30)), "2008-3-1 0:0:0");
-  EXPECT_EQ(Fields(Date(1900, 2, 29)), "1900-3-1 0:0:0") << "no leap year";
-  EXPECT_EQ(Fields(Date(2000, 2, 29)), "2000-2-29 0:0:0") << "a leap year";
-  EXPECT_EQ(Fields(Date(2009, 3, 0)), "2009-2-28 0:0:0");
+TEST(Date, CarriesOverLikeTheStandardCalendar) {
+  for (int days = -730'000; days < 150'000; ++days) {  // from the year -29 on
+    const std::chrono::year_month_day day{std::chrono::sys_days(std::chrono::days(days))};
+    const Date date(1970, 1, 1 + days);
+    ASSERT_EQ(date.Year(), static_cast<int>(day.year())) << days;
+    ASSERT_EQ(date.Month(), static_cast<unsigned>(day.month())) << days;
+    ASSERT_EQ(date.Day(), static_cast<unsigned>(day.day())) << days;
+  }
+  EXPECT_EQ(Fields(Date(2009, 14, 30)), "2010-3-2 0:0:0");
   EXPECT_EQ(Fields(Date(2009, 0, 31)), "2008-12-31 0:0:0");
   EXPECT_EQ(Fields(Date(2009, 1, 1, -1, 0, 0)), "2008-12-31 23:0:0");
   EXPECT_EQ(Fields(Date(2008, 12, 31, 23, 59, 60)), "2009-1-1 0:0:0");
-  EXPECT_EQ(Fields(Date(-4, 2, 29)), "-4-2-29 0:0:0");
-}
-
-TEST(Date, CountsEveryDayOfFourCenturies) {
-  Date date(1600, 1, 1);
-  int days = 0;
-  while (date.Year() < 2000) {
-    date.SetDay(date.Day() + 1);
-    ++days;
-  }
-  EXPECT_EQ(Fields(date), "2000-1-1 0:0:0");
-  EXPECT_EQ(days, 146097);
-}
-
-TEST(Date, SettersCarryOverAtOnce) {
   Date date(2009, 1, 31, 8, 5, 9);
   date.SetMonth(2);
-  EXPECT_EQ(Fields(date), "2009-3-3 8:5:9");
   date.SetMinute(-1);
-  EXPECT_EQ(Fields(date), "2009-3-3 7:59:9");
+  EXPECT_EQ(Fields(date), "2009-3-3 7:59:9") << "a setter carries over at once";
 }
 
 TEST(Date, SurvivesNumbersOfAnySize) {
@@ -53,40 +39,35 @@ TEST(Date, SurvivesNumbersOfAnySize) {
     Date date(number, number, number, number, number, number);
     for (int i = 0; i < 100; ++i) date.SetMonth(number);
     date.SetSecond(number);
-    EXPECT_GE(date.Month(), 1);
-    EXPECT_LE(date.Day(), 31);
+    EXPECT_TRUE(date.Month() >= 1 && date.Month() <= 12);
+    EXPECT_TRUE(date.Day() >= 1 && date.Day() <= 31);
   }
 }
 
 TEST(Date, IsNewlyMadeThePresentMomentOnTheWall) {
-  const std::time_t now = std::time(nullptr);
-  const Date date;
-  std::tm wall{};
-  localtime_r(&now, &wall);
-  const Date expected(wall.tm_year + 1900, wall.tm_mon + 1, wall.tm_mday, wall.tm_hour, wall.tm_min,
-                      wall.tm_sec);
-  const Date a_second_later(wall.tm_year + 1900, wall.tm_mon + 1, wall.tm_mday, wall.tm_hour,
-                            wall.tm_min, wall.tm_sec + 1);
-  EXPECT_TRUE(Fields(date) == Fields(expected) || Fields(date) == Fields(a_second_later));
+  const auto wall = [] {
+    const std::time_t now = std::time(nullptr);
+    std::tm fields{};
+    localtime_r(&now, &fields);
+    return Fields(Date(fields.tm_year + 1900, fields.tm_mon + 1, fields.tm_mday, fields.tm_hour,
+                       fields.tm_min, fields.tm_sec));
+  };
+  const std::string before = wall();
+  const std::string date = Fields(Date());
+  EXPECT_TRUE(date == before || date == wall());
 }
 
-TEST(ParseDate, ReadsMonthDayYear) {
+TEST(ParseDate, ReadsMonthDayYearAndLeavesTheDateElse) {
   Date date(1, 1, 1, 12, 0, 0);
   EXPECT_TRUE(ParseDate("03/7/2009", date));
   EXPECT_EQ(Fields(date), "2009-3-7 0:0:0");
   EXPECT_TRUE(ParseDate("12/31/ 99\r", date));
   EXPECT_EQ(Fields(date), "99-12-31 0:0:0");
-  EXPECT_TRUE(ParseDate("2/30/2009", date));
-  EXPECT_EQ(Fields(date), "2009-3-2 0:0:0");
-}
-
-TEST(ParseDate, RefusesOtherTextsAndLeavesTheDate) {
-  Date date(2009, 3, 7);
   for (const char* text : {"", "//hello", "3/7", "3/7/", "3/7/2009/1", "a/7/2009", "3/-7/2009",
                            "3/7/2009x", "3/7/1e3", "/ /"}) {
     EXPECT_FALSE(ParseDate(text, date)) << text;
   }
-  EXPECT_EQ(Fields(date), "2009-3-7 0:0:0");
+  EXPECT_EQ(Fields(date), "99-12-31 0:0:0");
 }
 
 }  // namespace

@@ -14,33 +14,24 @@ class Probe : public Object {
   int* alive_;
 };
 
-TEST(Ref, TheLastOwnerReleasesTheObject) {
+TEST(Ref, TheLastOwnerReleasesTheObjectAndBackReferencesReadAsNil) {
   int alive = 0;
   Ref<Probe> a = New<Probe>(&alive);
   Ref<Probe> b = a;
+  const BackRef<Probe> first(a);
+  const BackRef<Probe> second = first;  // NOLINT(performance-unnecessary-copy-initialization)
   a = nullptr;
   EXPECT_EQ(alive, 1);
+  EXPECT_TRUE(first == b);
   b = nullptr;
-  EXPECT_EQ(alive, 0);
-}
-
-TEST(Ref, NilThrowsInsteadOfCrashing) {
-  const Ref<Probe> nil;
-  EXPECT_THROW(*nil, NilObjectException);
-  const BackRef<Probe> gone;
-  EXPECT_THROW(gone.operator->(), NilObjectException);
-}
-
-TEST(BackRef, ReadsAsNilOnceItsTargetIsGone) {
-  int alive = 0;
-  Ref<Probe> owner = New<Probe>(&alive);
-  const BackRef<Probe> first(owner);
-  const BackRef<Probe> second = first;  // NOLINT(performance-unnecessary-copy-initialization)
-  EXPECT_TRUE(first == owner);
-  owner = nullptr;
   EXPECT_EQ(alive, 0);
   EXPECT_TRUE(first == nullptr);
   EXPECT_TRUE(second == nullptr);
+}
+
+TEST(Ref, NilThrowsInsteadOfCrashing) {
+  EXPECT_THROW(*Ref<Probe>(), NilObjectException);
+  EXPECT_THROW(BackRef<Probe>().operator->(), NilObjectException);
 }
 
 }  // namespace

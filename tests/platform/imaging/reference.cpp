@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <memory>
 #include <numbers>
 #include <random>
@@ -43,11 +42,10 @@ ExactPixel PremultipliedPixel(const Picture& picture, int x, int y) {
 
 ExactPixel Straight(const ExactPixel& pixel) {
   if (pixel[3] <= 0) return {};
-  ExactPixel straight{};
-  for (std::size_t c = 0; c < 3; ++c)
-    straight[c] = std::clamp(pixel[c] * 255 / pixel[3], 0.0, 255.0);
-  straight[3] = std::min(pixel[3], 255.0);
-  return straight;
+  const auto colour = [&](std::size_t c) {
+    return std::clamp(pixel[c] * 255 / pixel[3], 0., 255.);
+  };
+  return {colour(0), colour(1), colour(2), std::min(pixel[3], 255.0)};
 }
 
 void Add(const ExactPixel& pixel, double weight, ExactPixel& sum) {
@@ -66,15 +64,6 @@ std::vector<ExactPixel> WeightedRows(const Picture& picture, const std::vector<d
   return row;
 }
 
-std::string Described(const char* what, int x, int y, const std::uint8_t* got,
-                      const ExactPixel& want) {
-  std::string text = std::string(what) + " at " + std::to_string(x) + ", " + std::to_string(y);
-  for (std::size_t c = 0; c < 4; ++c) {
-    text += (c == 0 ? ": " : "; ") + std::to_string(got[c]) + " for " + std::to_string(want[c]);
-  }
-  return text;
-}
-
 bool IsClose(const std::uint8_t* got, const ExactPixel& want) {
   if (std::abs(got[3] - want[3]) > 1) return false;
   for (std::size_t c = 0; c < 3; ++c) {
@@ -86,28 +75,16 @@ bool IsClose(const std::uint8_t* got, const ExactPixel& want) {
   return true;
 }
 
-void Fill(Content content, int x, int y, std::minstd_rand& random, std::uint8_t* bytes) {
-  const auto byte = [&] { return static_cast<std::uint8_t>(random() >> 16); };
+std::uint8_t Byte(Content content, int x, int y, int channel, std::minstd_rand& random) {
   switch (content) {
     case Content::kNoise:
-      for (std::size_t c = 0; c < 4; ++c) bytes[c] = byte();
-      break;
+      return static_cast<std::uint8_t>(random() >> 16);
     case Content::kStripes:
-      for (std::size_t c = 0; c < 3; ++c)
-        bytes[c] = (x + y * static_cast<int>(c)) % 2 == 0 ? 0 : 255;
-      bytes[3] = x % 8 < 6 ? 255 : 0;
-      break;
+      return (channel == 3 ? x % 8 < 6 : (x + y * channel) % 2 == 1) ? 255 : 0;
     case Content::kBlocks:
-      for (std::size_t c = 0; c < 4; ++c)
-        bytes[c] = (x / (7 + static_cast<int>(c)) + y / 5) % 2 == 0 ? 255 : 0;
-      break;
-    case Content::kGradient:
-      bytes[0] = static_cast<std::uint8_t>(x);
-      bytes[1] = static_cast<std::uint8_t>(y);
-      bytes[2] = static_cast<std::uint8_t>(x + y);
-      bytes[3] = static_cast<std::uint8_t>(std::min(255, 2 * x));
-      break;
+      return (x / (7 + channel) + y / 5) % 2 == 0 ? 255 : 0;
   }
+  return 0;
 }
 
 }  // namespace
@@ -131,7 +108,12 @@ std::string FirstDifference(const Picture& result, const std::vector<ExactPixel>
   for (int y = 0; y < result.Height(); ++y) {
     for (int x = 0; x < result.Width(); ++x, ++want) {
       const std::uint8_t* got = result.Row(y) + std::ptrdiff_t{4} * x;
-      if (!IsClose(got, *want)) return Described("more than a level off", x, y, got, *want);
+      if (IsClose(got, *want)) continue;
+      std::string text = "at " + std::to_string(x) + ", " + std::to_string(y);
+      for (std::size_t c = 0; c < 4; ++c) {
+        text += "; " + std::to_string(got[c]) + " for " + std::to_string((*want)[c]);
+      }
+      return text;
     }
   }
   return "";
@@ -144,9 +126,8 @@ Ref<Picture> Sample(Content content, int width, int height, bool hasAlpha, int p
                                                                  std::uint8_t{0xA5});
   std::minstd_rand random(42);
   for (int y = 0; y < height; ++y) {
-    for (int x = 0; x < width; ++x) {
-      Fill(content, x, y, random, bytes->data() + stride * y + std::ptrdiff_t{4} * x);
-    }
+    std::uint8_t* row = bytes->data() + stride * y;
+    for (int i = 0; i < 4 * width; ++i) row[i] = Byte(content, i / 4, y, i % 4, random);
   }
   return Picture::Wrap(width, height, stride, bytes->data(), hasAlpha, bytes);
 }

@@ -24,7 +24,7 @@ std::vector<ExactPixel> ExactlyResampled(const Picture& source, int width, int h
 std::string FirstDifference(const Picture& result, const std::vector<ExactPixel>& exact);
 
 // What a picture is filled with.
-enum class Content { kNoise, kStripes, kBlocks, kGradient };
+enum class Content { kNoise, kStripes, kBlocks };
 
 // A picture of the same bytes each time, its alpha bytes included. Rows have `padding` bytes
 // behind them; with padding, the picture is one made by Wrap whose storage ends with its last

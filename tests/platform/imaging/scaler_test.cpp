@@ -8,23 +8,35 @@
 #include <ostream>
 #include <vector>
 
+#include "hwy/targets.h"
+#include "platform/imaging/resample_internal.h"
 #include "tests/platform/imaging/reference.h"
 
 namespace morvantile {
 namespace {
 
-using Bytes = std::vector<std::uint8_t>;
+// From one size to another.
+struct Sizes {
+  int fromWidth, fromHeight, width, height;
+};
 
-Bytes PixelBytes(const Picture& picture) {
-  Bytes bytes;
-  for (int y = 0; y < picture.Height(); ++y) {
-    bytes.insert(bytes.end(), picture.Row(y), picture.Row(y) + std::ptrdiff_t{4} * picture.Width());
-  }
-  return bytes;
+std::ostream& operator<<(std::ostream& out, const Sizes& it) {
+  return out << it.fromWidth << 'x' << it.fromHeight << " to " << it.width << 'x' << it.height;
 }
 
-Ref<Picture> Uniform(int width, int height, std::array<std::uint8_t, 4> pixel, bool hasAlpha) {
-  Ref<Picture> picture = Picture::Create(width, height, hasAlpha);
+bool SamePixels(const Picture& a, const Picture& b) {
+  if (a.Width() != b.Width() || a.Height() != b.Height()) return false;
+  for (int y = 0; y < a.Height(); ++y) {
+    if (std::memcmp(a.Row(y), b.Row(y), 4 * static_cast<std::size_t>(a.Width())) != 0) return false;
+  }
+  return true;
+}
+
+using Pixel = std::array<std::uint8_t, 4>;
+constexpr Pixel kHidden = {255, 128, 7, 0};
+
+Ref<Picture> Uniform(int width, int height, const Pixel& pixel) {
+  Ref<Picture> picture = Picture::Create(width, height, true);
   for (int y = 0; y < height; ++y) {
     for (int x = 0; x < width; ++x)
       std::copy_n(pixel.data(), 4, picture->MutableRow(y) + std::ptrdiff_t{4} * x);
@@ -32,150 +44,127 @@ Ref<Picture> Uniform(int width, int height, std::array<std::uint8_t, 4> pixel, b
   return picture;
 }
 
-void ExpectExactWithinOneLevel(const Ref<Picture>& source, int width, int height) {
-  const Ref<Picture> result = Resample(source, width, height);
-  ASSERT_TRUE(result);
-  ASSERT_EQ(result->Width(), width);
-  ASSERT_EQ(result->Height(), height);
-  EXPECT_EQ(result->HasAlpha(), source->HasAlpha());
-  EXPECT_EQ(FirstDifference(*result, ExactlyResampled(*source, width, height)), "")
-      << source->Width() << " x " << source->Height() << " to " << width << " x " << height;
+// Makes Highway choose this instruction set; 0 is for the best.
+void Choose(std::int64_t target) {
+  hwy::SetSupportedTargetsForTest(target);
+  hwy::GetChosenTarget().Update(hwy::SupportedTargets());
 }
 
-struct Sizes {
-  int sourceWidth, sourceHeight, width, height;
-};
-
-void PrintTo(const Sizes& sizes, std::ostream* out) {
-  *out << sizes.sourceWidth << 'x' << sizes.sourceHeight << " to " << sizes.width << 'x'
-       << sizes.height;
+void ExpectExactWithinOneLevel(Content content, bool hasAlpha, const Sizes& sizes) {
+  const Ref<Picture> source = Sample(content, sizes.fromWidth, sizes.fromHeight, hasAlpha, 4);
+  const Ref<Picture> result = Resample(source, sizes.width, sizes.height);
+  ASSERT_EQ(std::pair(result->Width(), result->Height()), std::pair(sizes.width, sizes.height));
+  EXPECT_EQ(result->HasAlpha(), hasAlpha);
+  EXPECT_TRUE(hasAlpha || result->Row(0)[3] == 255) << sizes;
+  EXPECT_EQ(FirstDifference(*result, ExactlyResampled(*source, sizes.width, sizes.height)), "")
+      << sizes;
 }
 
-class ScalerSizes : public testing::TestWithParam<Sizes> {};
-
-TEST_P(ScalerSizes, EqualTheDefinitionWithinOneLevel) {
-  const Sizes sizes = GetParam();
-  for (const Content content :
-       {Content::kNoise, Content::kStripes, Content::kBlocks, Content::kGradient}) {
-    for (const bool hasAlpha : {false, true}) {
-      const Ref<Picture> source =
-          Sample(content, sizes.sourceWidth, sizes.sourceHeight, hasAlpha, 4);
-      ExpectExactWithinOneLevel(source, sizes.width, sizes.height);
+TEST(Scaler, EqualsTheDefinitionWithinOneLevel) {
+  constexpr std::array kSizes = {
+      // Single pixels, rows and columns.
+      Sizes{1, 1, 1, 2}, Sizes{1, 1, 70, 33}, Sizes{1, 90, 1, 9}, Sizes{90, 1, 9, 1},
+      Sizes{1, 9, 5, 90}, Sizes{9, 1, 90, 5}, Sizes{200, 150, 1, 1}, Sizes{2, 2, 3, 3},
+      Sizes{3, 200, 1, 300}, Sizes{200, 3, 300, 1},
+      // Smaller.
+      Sizes{128, 96, 64, 48}, Sizes{131, 97, 64, 49}, Sizes{255, 131, 31, 17},
+      Sizes{101, 67, 100, 66}, Sizes{300, 170, 270, 153}, Sizes{640, 20, 6, 1},
+      Sizes{20, 640, 1, 6}, Sizes{515, 259, 67, 35},
+      // Larger.
+      Sizes{20, 20, 120, 120}, Sizes{19, 7, 64, 25}, Sizes{33, 17, 34, 18}, Sizes{5, 3, 260, 150},
+      Sizes{100, 100, 101, 150},
+      // One side each, or one alone.
+      Sizes{90, 40, 30, 120}, Sizes{40, 90, 120, 30}, Sizes{64, 64, 64, 21}, Sizes{64, 64, 21, 64},
+      // Very much smaller.
+      Sizes{20000, 3, 4, 2}, Sizes{3, 20000, 2, 3}, Sizes{40, 6001, 1, 40}, Sizes{6001, 40, 40, 1}};
+  for (const Sizes& sizes : kSizes) {
+    for (const Content content : {Content::kNoise, Content::kStripes, Content::kBlocks}) {
+      for (const bool hasAlpha : {false, true}) ExpectExactWithinOneLevel(content, hasAlpha, sizes);
     }
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Single, ScalerSizes,
-                         testing::Values(Sizes{1, 1, 1, 2}, Sizes{1, 1, 70, 33}, Sizes{1, 90, 1, 9},
-                                         Sizes{90, 1, 9, 1}, Sizes{1, 9, 5, 90}, Sizes{9, 1, 90, 5},
-                                         Sizes{200, 150, 1, 1}, Sizes{2, 2, 3, 3},
-                                         Sizes{3, 200, 1, 300}, Sizes{200, 3, 300, 1}));
-INSTANTIATE_TEST_SUITE_P(Reducing, ScalerSizes,
-                         testing::Values(Sizes{128, 96, 64, 48}, Sizes{131, 97, 64, 49},
-                                         Sizes{255, 131, 31, 17}, Sizes{101, 67, 100, 66},
-                                         Sizes{300, 170, 270, 153}, Sizes{640, 20, 6, 1},
-                                         Sizes{20, 640, 1, 6}, Sizes{515, 259, 67, 35}));
-INSTANTIATE_TEST_SUITE_P(Enlarging, ScalerSizes,
-                         testing::Values(Sizes{20, 20, 120, 120}, Sizes{19, 7, 64, 25},
-                                         Sizes{33, 17, 34, 18}, Sizes{5, 3, 260, 150},
-                                         Sizes{100, 100, 101, 150}));
-INSTANTIATE_TEST_SUITE_P(OneSideEach, ScalerSizes,
-                         testing::Values(Sizes{90, 40, 30, 120}, Sizes{40, 90, 120, 30},
-                                         Sizes{64, 64, 64, 21}, Sizes{64, 64, 21, 64}));
+TEST(Scaler, IsCorrectWithoutVectors) {
+  Choose(HWY_EMU128);
+  ExpectExactWithinOneLevel(Content::kNoise, true, {97, 61, 40, 30});
+  ExpectExactWithinOneLevel(Content::kNoise, true, {97, 61, 150, 80});
+  Choose(0);
+}
 
-TEST(Scaler, HoldsTheDefinitionOverVeryLargeReductions) {
-  for (const bool hasAlpha : {false, true}) {
-    ExpectExactWithinOneLevel(Sample(Content::kStripes, 20000, 3, hasAlpha), 4, 2);
-    ExpectExactWithinOneLevel(Sample(Content::kStripes, 3, 20000, hasAlpha), 2, 3);
-    ExpectExactWithinOneLevel(Sample(Content::kNoise, 40, 6001, hasAlpha), 1, 40);
-    ExpectExactWithinOneLevel(Sample(Content::kBlocks, 6001, 40, hasAlpha), 40, 1);
+// Every way through the passes: several strips and batches, unfinished rows, edges, long windows.
+TEST(Scaler, MakesTheSameBytesWithEveryInstructionSetAndNumberOfThreads) {
+  const std::vector<std::int64_t> targets = VectorTargets();
+  ASSERT_GE(targets.size(), 2U);
+  for (const Sizes& sizes : {Sizes{601, 403, 307, 200}, Sizes{433, 357, 389, 330},
+                             Sizes{71, 113, 500, 701}, Sizes{1200, 700, 37, 21},
+                             Sizes{3001, 70, 40, 3}, Sizes{70, 3001, 3, 40}, Sizes{5, 3, 2, 2}}) {
+    for (const Content content : {Content::kNoise, Content::kBlocks}) {
+      for (const bool hasAlpha : {false, true}) {
+        const Ref<Picture> source = Sample(content, sizes.fromWidth, sizes.fromHeight, hasAlpha, 8);
+        const auto resampled = [&](int threads) {
+          return ResampleWithThreads(source, sizes.width, sizes.height, threads);
+        };
+        const Ref<Picture> best = resampled(1);
+        for (const std::int64_t target : targets) {
+          Choose(target);
+          EXPECT_TRUE(SamePixels(*resampled(4), *best)) << hwy::TargetName(target) << ", " << sizes;
+        }
+        Choose(0);
+        for (const int threads : {2, 3, 7, 16}) {
+          EXPECT_TRUE(SamePixels(*resampled(threads), *best)) << threads << ", " << sizes;
+        }
+      }
+    }
   }
 }
 
-TEST(Scaler, PassesTheOriginalSizeThroughBitForBit) {
+TEST(Scaler, WorksInLessThanASixteenthOfALargeSource) {
+  for (const Sizes& sizes :
+       {Sizes{1920, 1080, 960, 540}, Sizes{1920, 1080, 96, 54}, Sizes{3840, 2160, 3456, 1944},
+        Sizes{3840, 2160, 300, 168}, Sizes{3840, 2160, 6, 3}, Sizes{16384, 16384, 8192, 8192},
+        Sizes{16384, 16384, 6, 6}, Sizes{1000, 40000, 15, 600}, Sizes{40000, 1000, 600, 15}}) {
+    const std::int64_t stride = std::int64_t{4} * sizes.fromWidth;
+    const Ref<Picture> source =
+        Picture::Wrap(sizes.fromWidth, sizes.fromHeight, stride, nullptr, true, nullptr);
+    for (const int threads : {1, 2, 4}) {
+      EXPECT_LT(WorkingBytes(*source, sizes.width, sizes.height, threads),
+                stride * sizes.fromHeight / 16)
+          << sizes;
+    }
+  }
+}
+
+TEST(Scaler, CopiesAPictureOfTheSizeAskedFor) {
   for (const bool hasAlpha : {false, true}) {
     const Ref<Picture> source = Sample(Content::kNoise, 37, 23, hasAlpha, 12);
     const Ref<Picture> result = Resample(source, 37, 23);
-    ASSERT_TRUE(result);
-    EXPECT_EQ(PixelBytes(*result), PixelBytes(*source));
+    EXPECT_TRUE(SamePixels(*result, *source));
     EXPECT_EQ(result->HasAlpha(), hasAlpha);
     EXPECT_NE(result->Row(0), source->Row(0));
   }
 }
 
-TEST(Scaler, LeavesTheSourceUntouched) {
-  const Ref<Picture> source = Sample(Content::kNoise, 50, 40, true);
-  const Bytes before = PixelBytes(*source);
-  Resample(source, 25, 20);
-  Resample(source, 80, 90);
-  EXPECT_EQ(PixelBytes(*source), before);
-}
-
 TEST(Scaler, TakesASideBelowOneAsOne) {
   const Ref<Picture> source = Sample(Content::kNoise, 100, 5, false);
-  const Ref<Picture> flat = Resample(source, 6, 0);
-  ASSERT_TRUE(flat);
-  EXPECT_EQ(flat->Width(), 6);
-  EXPECT_EQ(flat->Height(), 1);
-  EXPECT_EQ(PixelBytes(*flat), PixelBytes(*Resample(source, 6, 1)));
-  EXPECT_EQ(PixelBytes(*Resample(source, INT64_MIN, -3)), PixelBytes(*Resample(source, 1, 1)));
+  EXPECT_TRUE(SamePixels(*Resample(source, 6, 0), *Resample(source, 6, 1)));
+  EXPECT_TRUE(SamePixels(*Resample(source, INT64_MIN, -3), *Resample(source, 1, 1)));
 }
 
-TEST(Scaler, GivesNilForNilAndForWhatNoPictureCanHold) {
+TEST(Scaler, IsNilForNilAndForWhatNoPictureCanHold) {
   EXPECT_FALSE(Resample(nullptr, 10, 10));
   const Ref<Picture> source = Sample(Content::kNoise, 2, 2, true);
   EXPECT_FALSE(Resample(source, 16385, 16384));
-  EXPECT_FALSE(Resample(source, Picture::kMaxBytes, 1));
   EXPECT_FALSE(Resample(source, INT64_MAX, INT64_MAX));
 }
 
-TEST(Scaler, IgnoresTheAlphaBytesOfAnOpaquePicture) {
-  const Ref<Picture> source = Sample(Content::kNoise, 61, 47, false);
-  Ref<Picture> filled = Picture::Create(61, 47, false);
-  for (int y = 0; y < 47; ++y) {
-    std::memcpy(filled->MutableRow(y), source->Row(y), std::size_t{61} * 4);
-    for (int x = 0; x < 61; ++x) filled->MutableRow(y)[4 * x + 3] = 255;
-  }
-  for (const Sizes to : {Sizes{0, 0, 30, 20}, Sizes{0, 0, 99, 120}}) {
-    const Bytes result = PixelBytes(*Resample(source, to.width, to.height));
-    EXPECT_EQ(result, PixelBytes(*Resample(filled, to.width, to.height)));
-    for (std::size_t i = 3; i < result.size(); i += 4) ASSERT_EQ(result[i], 255);
-  }
-}
-
-TEST(Scaler, KeepsAUniformPictureUniform) {
-  for (const std::array<std::uint8_t, 4> pixel :
-       {std::array<std::uint8_t, 4>{255, 1, 128, 255}, {0, 254, 77, 128}, {100, 200, 255, 51}}) {
-    for (const Sizes to : {Sizes{0, 0, 40, 30}, Sizes{0, 0, 7, 5}, Sizes{0, 0, 300, 211}}) {
-      const Ref<Picture> result = Resample(Uniform(93, 71, pixel, true), to.width, to.height);
-      EXPECT_EQ(PixelBytes(*result), PixelBytes(*Uniform(to.width, to.height, pixel, true)));
+TEST(Scaler, KeepsAUniformPictureUniformAndClearsTheHiddenColourOfATransparentOne) {
+  for (const auto& [width, height] : {std::pair(40, 30), {7, 5}, {300, 211}}) {
+    for (const Pixel& pixel : {Pixel{255, 1, 128, 255}, Pixel{0, 254, 77, 128}, kHidden}) {
+      const Ref<Picture> result = Resample(Uniform(93, 71, pixel), width, height);
+      const Pixel expected = pixel == kHidden ? Pixel{} : pixel;
+      EXPECT_TRUE(SamePixels(*result, *Uniform(width, height, expected)));
     }
   }
-}
-
-TEST(Scaler, LetsNoColourBleedOutOfTransparentPixels) {
-  const Ref<Picture> source = Uniform(64, 64, {10, 20, 30, 255}, true);
-  for (int y = 0; y < 64; ++y) {
-    for (int x = 0; x < 64; ++x) {
-      if ((x / 5 + y / 5) % 2 == 0) continue;
-      const std::array<std::uint8_t, 4> loud = {255, 255, 255, 0};
-      std::copy_n(loud.data(), 4, source->MutableRow(y) + std::ptrdiff_t{4} * x);
-    }
-  }
-  for (const Sizes to : {Sizes{0, 0, 30, 25}, Sizes{0, 0, 65, 63}, Sizes{0, 0, 200, 130}}) {
-    const Bytes result = PixelBytes(*Resample(source, to.width, to.height));
-    for (std::size_t i = 0; i < result.size(); i += 4) {
-      if (result[i + 3] < 64) continue;
-      ASSERT_NEAR(result[i], 10, 1);
-      ASSERT_NEAR(result[i + 1], 20, 1);
-      ASSERT_NEAR(result[i + 2], 30, 1);
-    }
-  }
-}
-
-TEST(Scaler, MakesAFullyTransparentPixelAllZero) {
-  const Ref<Picture> result = Resample(Uniform(20, 20, {255, 128, 7, 0}, true), 13, 31);
-  EXPECT_EQ(PixelBytes(*result), Bytes(std::size_t{13} * 31 * 4, 0));
 }
 
 }  // namespace

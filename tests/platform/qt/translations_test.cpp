@@ -66,38 +66,23 @@ TEST(Translations, TheFirstLanguageCountsThatIsEnglishOrHasACatalogue) {
   }
 }
 
-// The text and the room of each label and button.
-struct ShownText {
-  const QWidget* widget;
-  QString text;
-  QSize room;
-};
-
-std::vector<ShownText> TextsOf(const QWidget& window) {
-  std::vector<ShownText> texts;
-  for (const auto* label : window.findChildren<QLabel*>()) {
-    texts.push_back({label, label->text(), label->size()});
-  }
-  for (const auto* button : window.findChildren<QAbstractButton*>()) {
-    if (!button->text().isEmpty()) {
-      texts.push_back({button, button->text(), button->size() - QSize(6, 4)});
-    }
-  }
-  return texts;
+void ExpectFits(const QWidget& widget, const QString& text, QSize room, const std::string& where) {
+  const QFontMetrics metrics(widget.font());
+  const std::string what = where + ": " + text.toStdString();
+  EXPECT_LE(metrics.boundingRect(text).width(), room.width()) << what;
+  EXPECT_LE(metrics.tightBoundingRect(text).height(), room.height()) << what;
+  EXPECT_GE(QFontInfo(widget.font()).pixelSize(), kReadablePixels) << what;
 }
 
 void ExpectNothingCut(const QWidget& window, const std::string& where) {
-  for (const auto& [widget, text, room] : TextsOf(window)) {
-    const QSize size = QFontMetrics(widget->font()).boundingRect(text).size();
-    const QSize ink = QFontMetrics(widget->font()).tightBoundingRect(text).size();
-    const std::string what = where + ": " + text.toStdString();
-    EXPECT_LE(size.width(), room.width()) << what;
-    EXPECT_LE(ink.height(), room.height()) << what;
-    EXPECT_GE(QFontInfo(widget->font()).pixelSize(), kReadablePixels) << what;
+  for (const auto* label : window.findChildren<QLabel*>()) {
+    ExpectFits(*label, label->text(), label->size(), where);
   }
   std::set<int> ofButtons;
-  for (const auto* button : window.findChildren<QPushButton*>()) {
-    ofButtons.insert(QFontInfo(button->font()).pixelSize());
+  for (const auto* button : window.findChildren<QAbstractButton*>()) {
+    ExpectFits(*button, button->text(), button->size() - QSize(6, 4), where);
+    const bool isPushed = qobject_cast<const QPushButton*>(button) != nullptr;
+    if (isPushed) ofButtons.insert(QFontInfo(button->font()).pixelSize());
   }
   EXPECT_LE(ofButtons.size(), 1U) << where << ": buttons of different sizes";
 }
