@@ -89,10 +89,10 @@ bool FileReplacement::CreateFile() {
 
 bool FileReplacement::CreateNamedFile() {
   for (int i = 0; i < kMostNames; ++i) {
-    const std::string name = UnpredictableNameIn(FolderOf(target_));
+    std::string name = UnpredictableNameIn(FolderOf(target_));
     file_ = open(name.c_str(), O_CREAT | O_EXCL | O_NOFOLLOW | O_WRONLY | O_CLOEXEC, kPrivate);
     if (file_ >= 0) {
-      new_name_ = name;
+      new_name_ = std::move(name);
       return true;
     }
     if (errno != EEXIST) return false;
@@ -126,9 +126,9 @@ bool FileReplacement::Commit() {
 bool FileReplacement::LinkUnderNewName() {
   const std::string open_file = PathOfOpenFile(file_);
   for (int i = 0; i < kMostNames; ++i) {
-    const std::string name = UnpredictableNameIn(FolderOf(target_));
+    std::string name = UnpredictableNameIn(FolderOf(target_));
     if (linkat(AT_FDCWD, open_file.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) == 0) {
-      new_name_ = name;
+      new_name_ = std::move(name);
       return true;
     }
     if (errno != EEXIST) return false;
