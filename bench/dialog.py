@@ -20,11 +20,12 @@ from Xlib.error import BadDrawable, BadWindow
 from PIL import Image, ImageChops, ImageDraw, ImageFont
 
 HOUSE = os.path.join(os.path.dirname(os.path.abspath(__file__)), '..')
-sys.path.insert(0, os.path.join(HOUSE, 'tests', 'desktop'))
+sys.path.insert(0, os.path.join(HOUSE, 'tools', 'desktop'))
 
 from desktop import until  # noqa: E402
 from desktops import X11  # noqa: E402
-from pictures import encoded, landscape  # noqa: E402
+from landscape import landscape  # noqa: E402
+from pictures import encoded  # noqa: E402
 
 ROUNDS = 15
 PASTES = 5

@@ -7,7 +7,7 @@ OK, pastes with another program, and leaves the pictures in the folder.
 import os
 import sys
 
-sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)) + '/../tests/desktop')
+sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)) + '/desktop')
 from desktops import X11
 from landscape import landscape
 from pictures import decoded, encoded

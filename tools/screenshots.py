@@ -8,7 +8,7 @@ import re
 import sys
 import time
 
-sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)) + '/../tests/desktop')
+sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)) + '/desktop')
 from desktop import until
 from desktops import X11
 from landscape import landscape

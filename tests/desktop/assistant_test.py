@@ -12,9 +12,7 @@ import gi
 gi.require_version('Atspi', '2.0')
 from gi.repository import Atspi
 
-from desktop import until
-from desktops import X11
-from on_desktop import DIALOG, OnDesktop
+from on_desktop import DIALOG, X11, OnDesktop, until
 
 
 def below(node):

@@ -10,9 +10,7 @@ import signal
 import subprocess
 import unittest
 
-from desktop import PATIENCE, until
-from on_desktop import DIALOG, OnDesktop
-from pictures import encoded, plain
+from on_desktop import DIALOG, PATIENCE, OnDesktop, encoded, plain, until
 
 
 class Controls(OnDesktop):

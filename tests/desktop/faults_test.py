@@ -14,9 +14,7 @@ import sys
 import unittest
 import zlib
 
-from desktop import PATIENCE, until
-from on_desktop import DIALOG, SOON, OnDesktop
-from pictures import decoded, encoded, noise
+from on_desktop import DIALOG, PATIENCE, SOON, OnDesktop, decoded, encoded, noise, until
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 SETTINGS = {'Scale Mode': 2, 'Slider Value': 50.0, 'Of another version': 'kept'}

@@ -5,9 +5,10 @@ import subprocess
 import sys
 import unittest
 
+sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)) + '/../../tools/desktop')
 from desktop import PATIENCE, Unavailable, until
-from desktops import X11
-from pictures import decoded, encoded, plain
+from desktops import DESKTOPS, X11
+from pictures import decoded, encoded, noise, plain
 
 DIALOG = 'Clipboard Image Resize'
 SOON = 9  # seconds; five and what a busy machine adds

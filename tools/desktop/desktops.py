@@ -139,14 +139,3 @@ DESKTOPS = {
         Wayland, shell('cp /usr/bin/kwin_wayland . && KWIN_COMPOSE=Q exec ./kwin_wayland '
                        '--x11-display $DISPLAY --width 1280 --height 800 --no-lockscreen')),
 }
-
-# What can't be as elsewhere, and why.
-AT_ONCE = 'the next window is active with the Tab key, and Escape cancels nothing'
-EXCEPTIONS = {
-    'test_the_switch_to_another_window_is_cancelled': {
-        'fluxbox': AT_ONCE, 'jwm': AT_ONCE,
-        'kwin_wayland': 'its list takes the keyboard, and the toolkit tells no more than that',
-        'mutter': 'to X programs it looks as if a Wayland window had become active'},
-    'test_a_click_into_another_window': {
-        'weston': 'only a program with the focus, or a click or key, may set the clipboard'},
-}
