@@ -71,8 +71,9 @@ endif()
 # The face of the library. No header here tells how a node stores what it holds.
 set(core background color date exceptions export ref variant)
 set(files binary_stream folder_item text_input_stream text_output_stream)
-set(ui check_box clipboard control edit_field headless_host host label list_control listbox msg_box
-       popup_menu push_button radio_button screen window)
+set(ui clipboard headless_host host msg_box screen window)
+set(ui/controls check_box control edit_field label list_control listbox popup_menu push_button
+                radio_button)
 set(installed_headers
     plist/cipher
     plist/key_tables
@@ -81,7 +82,7 @@ set(installed_headers
     plist/plistDict
     platform/imaging/picture
     platform/text/text)
-foreach(room core files ui)
+foreach(room core files ui ui/controls)
   list(TRANSFORM ${room} PREPEND platform/${room}/)
   list(APPEND installed_headers ${${room}})
 endforeach()

@@ -6,9 +6,9 @@
 #include <string>
 
 #include "app/app.h"
+#include "platform/ui/controls/segmented_control.h"
+#include "platform/ui/controls/slider.h"
 #include "platform/ui/headless_host.h"
-#include "platform/ui/segmented_control.h"
-#include "platform/ui/slider.h"
 #include "plist/plist.h"
 #include "tests/platform/files/scratch_folder.h"
 

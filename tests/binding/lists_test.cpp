@@ -1,7 +1,7 @@
 #include <sstream>
 
-#include "platform/ui/listbox.h"
-#include "platform/ui/popup_menu.h"
+#include "platform/ui/controls/listbox.h"
+#include "platform/ui/controls/popup_menu.h"
 #include "tests/plist/rows.h"
 
 namespace morvantile {
