@@ -78,9 +78,9 @@ TEST(Move, CarriesAnEntryByItsTypeUnderTheOldOrANewKey) {
   const std::string entries =
       "a: 'x', b: real '1.5', c: integer '7', d: boolean 'true', e: data 'QUJD', g: double '2.5', "
       "h: date '2009-03-07T08:05:09Z', i: date 'none', j: integer 'many', k: real 'few'";
-  std::string elements = entries;
-  for (const char* key : {"a: ", "b: ", "c: ", "d: ", "e: ", "g: ", "h: ", "i: ", "j: ", "k: "})
-    elements = ReplaceAll(elements, key, "");
+  const std::string elements =
+      "'x', real '1.5', integer '7', boolean 'true', data 'QUJD', double '2.5', "
+      "date '2009-03-07T08:05:09Z', date 'none', integer 'many', real 'few'";
   const std::string f = "{" + entries + ", z: [{}, " + elements + "]}";
   Check({
       {"{f: 'x', to: {}} earlier", [](N n) { n.Copy("f", n.child("to")); },

@@ -25,7 +25,8 @@ int calls_before_fault = 0;
 template <typename... Arguments>
 int Call(bool reads, int number, Arguments... arguments) {
   const bool may_fail = fault != Fault::kNone && reads == (fault == Fault::kFailedRead);
-  if (!may_fail || calls_before_fault-- != 0) return static_cast<int>(syscall(number, arguments...));
+  if (!may_fail || calls_before_fault-- != 0)
+    return static_cast<int>(syscall(number, arguments...));
   if (fault == Fault::kKill) raise(SIGKILL);
   errno = EIO;
   return -1;

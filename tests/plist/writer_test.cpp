@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include "platform/process/shell.h"
 #include "tests/installed_host.h"
 #include "tests/platform/files/scratch_folder.h"
 #include "tests/plist/sketch.h"
@@ -52,22 +51,6 @@ TEST(Writer, IndentsByAsManyTabsAsItIsTold) {
     ASSERT_TRUE(out->Close());
     EXPECT_EQ(OnOneLine(folder.Content("a")), text) << depth;
   }
-}
-
-TEST(Writer, PythonReadsWhatItWrites) {
-  const std::string python = MORVANTILE_PYTHON;
-  if (python.empty()) GTEST_SKIP() << "there is no Python to ask";
-  const std::string sketch =
-      "{Größe '\"/€: '< a >\"€/', e: '', i: integer '-7', r: real '0.5', b: boolean 'false', n: "
-      "data "
-      "'', a: [[], {}, ['x', {k: [boolean 'true', data 'QUJD']}], date '1987-11-30T23:59:59Z']}";
-  const ScratchFolder folder;
-  const Ref<plist> document = Tree(sketch);
-  document->savePath = folder.Item("a");
-  document->Save();
-  Shell shell;
-  shell.Execute(python + " " + MORVANTILE_SECOND_OPINION + " " + document->savePath->ShellPath());
-  EXPECT_EQ(shell.Result(), sketch);
 }
 
 TEST(Brackets, AreTheOnlyCharactersWithCodes) {
