@@ -55,35 +55,33 @@ TEST(SimpleControls, TheRadioButtonsOfOneNameShareAKey) {
   EXPECT_TRUE(first->Value() && !second->Value());
 }
 
-Ref<Window> At(const char* title, int left, int top, int width, int height) {
+Ref<Window> NewWindow() {
   Ref<Window> window = New<Window>();
-  window->SetTitle(title);
-  window->SetLeft(left);
-  window->SetTop(top);
-  window->SetWidth(width);
-  window->SetHeight(height);
+  window->SetTitle("A");
+  window->SetLeft(1);
+  window->SetTop(2);
+  window->SetWidth(3);
+  window->SetHeight(4);
   return window;
 }
 
-// Title and place of a window that is read from the node.
-std::string Got(N n, const char* key) {
-  const Ref<Window> window = At("A", 1, 2, 3, 4);
-  n.GetWindow(key, window);
-  return window->Title() + " " + Str(window->Left()) + " " + Str(window->Top()) + " " +
-         Str(window->Width()) + " " + Str(window->Height());
-}
-
 TEST(Windows, ComeBackWhereTheyWereStoredOrElseAreStored) {
-  const auto get = [](N n) { return Got(n, "w"); };
-  const auto set = [](N n) { n.SetWindow("w", At("A", 1, 2, 3, 4)); };
-  const auto append = [](N n) { n.AppendWindow(At("A", 1, 2, 3, 4)); };
+  const auto get = [](N n) {
+    const Ref<Window> window = NewWindow();
+    n.GetWindow("w", window);
+    return window->Title() + " " + Str(window->Left()) + " " + Str(window->Top()) + " " +
+           Str(window->Width()) + " " + Str(window->Height());
+  };
+  const auto set = [](N n) { n.SetWindow("w", NewWindow()); };
+  const auto append = [](N n) { n.AppendWindow(NewWindow()); };
   const std::string place =
       "WindowPos: {left: integer '1', top: integer '2', width: integer '3', height: integer '";
   const std::string own = "{windowName: 'A', " + place + "4'}}";
   Check({
       {"{}", get, "'A 1 2 3 4' {w: " + own + "}"},
-      {"{w: {windowName: 'B', " + place + "99999999999'}}}", get, "'B 1 2 3 2147483647' ="},
-      {"{w: {windowName: 'B', " + place + "-20'}}}", get, "'B 1 2 3 -20' ="},
+      {"{w: {windowName: 'B', WindowPos: {left: integer '-5', top: integer '6', "
+       "width: integer '7', height: integer '99999999999'}}}",
+       get, "'B -5 6 7 2147483647' ="},
       {"{w: {windowName: 'A', " + place + "77'}}}", set, "{w: " + own + "}"},
       {"{w: {WindowPos: 'x'}}", get,
        "' 1 2 3 4' {w: {WindowPos: 'x', windowName: ''}} Child exists: WindowPos already exists"},

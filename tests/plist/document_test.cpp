@@ -143,8 +143,7 @@ TEST_F(Documents, ATemplateInBinaryFormIsOnlyRead) {
 TEST_F(Documents, TheBytesOfADocumentMakeAnother) {
   PutBinary("binary");
   folder.Put("text", Lines(text));
-  for (const char* name : {"text", "binary"}) {
-    const Ref<plist> document = Loaded(name);
+  for (const Ref<plist>& document : {Loaded("text"), Loaded("binary")}) {
     const Ref<FolderItem> path = document->savePath;
     const Ref<plist> copy = document->FromString(document->asString());
     EXPECT_EQ(Outcome(copy), Outcome(document));

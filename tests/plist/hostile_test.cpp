@@ -12,25 +12,26 @@
 namespace morvantile {
 namespace {
 
-// A file of which `repeated`, with the number in place of "#", is there many times;
+// A file of which `repeated`, with the number in place of "#", and `closing` are there many times;
 // and then how many keys and children the root has, and how many levels are below it: -1 stands for
 // that many.
 struct Attack {
-  const char *name, *before, *repeated, *after;
+  const char *name, *before, *repeated, *after, *closing;
   std::int64_t times, keys, children, levels;
 };
 
 class HostileDocuments : public testing::TestWithParam<Attack> {};
 
 constexpr Attack kAttacks[] = {
-    {"OpenLevels", "|<dict>|", "<array>|", "", 1'000'000, 1, 1, -1},
-    {"Key", "|<dict>|<key>", "k", "</key>|<true/>|</dict>|", 100'000'000, 1, 0, 0},
-    {"OneKeyWithoutValues", "|<dict>|", "<key>a</key>|", "", 10'000'000, 0, 0, 0},
-    {"KeysWithoutValues", "|<dict>|", "<key>#</key>|", "", 10'000'000, 0, 0, 0},
-    {"Scalar", "|<dict>|", "<key>a</key>|<string>#</string>|", "", 1'000'000, 1, 0, 0},
-    {"Container", "|<dict>|", "<key>a</key>|<dict/>|", "", 1'000'000, 1, -1, 1},
-    {"Headers", "", "<plist>|", "", 10'000'000, 0, 0, 0},
-    {"OpenValue", "|<dict>|<key>a</key>|<string>|", "x|", "", 10'000'000, 1, 0, 0},
+    {"Levels", "|<dict>|", "<key>a</key>|<dict>|", "<true/>|", "</dict>|", 1'000'000, 1, 1, -1},
+    {"OpenLevels", "|<dict>|", "<array>|", "", "", 1'000'000, 1, 1, -1},
+    {"Key", "|<dict>|<key>", "k", "</key>|<true/>|</dict>|", "", 100'000'000, 1, 0, 0},
+    {"OneKeyWithoutValues", "|<dict>|", "<key>a</key>|", "", "", 10'000'000, 0, 0, 0},
+    {"KeysWithoutValues", "|<dict>|", "<key>#</key>|", "", "", 10'000'000, 0, 0, 0},
+    {"Scalar", "|<dict>|", "<key>a</key>|<string>#</string>|", "", "", 1'000'000, 1, 0, 0},
+    {"Container", "|<dict>|", "<key>a</key>|<dict/>|", "", "", 1'000'000, 1, -1, 1},
+    {"Headers", "", "<plist>|", "", "", 10'000'000, 0, 0, 0},
+    {"OpenValue", "|<dict>|<key>a</key>|<string>|", "x|", "", "", 10'000'000, 1, 0, 0},
 };
 
 INSTANTIATE_TEST_SUITE_P(, HostileDocuments, testing::ValuesIn(kAttacks),
@@ -43,6 +44,7 @@ TEST_P(HostileDocuments, AreReadAsFarAsTheyCanBe) {
   std::string text = attack.before;
   for (std::int64_t i = 0; i < times; ++i) text += ReplaceAll(attack.repeated, "#", Str(i));
   text += attack.after;
+  for (std::int64_t i = 0; i < times; ++i) text += attack.closing;
   const ScratchFolder folder;
   Ref<plist> document = New<plist>(folder.Put("a", Lines(text)), false);
   for (const bool is_last : {false, true}) {
