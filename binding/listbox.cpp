@@ -1,6 +1,6 @@
 // List boxes kept in a tree.
 
-#include "platform/ui/listbox.h"
+#include "platform/ui/controls/listbox.h"
 
 #include <algorithm>
 

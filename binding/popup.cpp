@@ -3,7 +3,7 @@
 #include "binding/record.h"
 #include "platform/text/folding.h"
 #include "platform/text/text.h"
-#include "platform/ui/popup_menu.h"
+#include "platform/ui/controls/popup_menu.h"
 #include "plist/plistDict.h"
 
 namespace morvantile {

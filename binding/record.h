@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/ui/control.h"
+#include "platform/ui/controls/control.h"
 #include "plist/plistDict.h"
 
 namespace morvantile {

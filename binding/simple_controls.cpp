@@ -1,9 +1,9 @@
 // Controls with one value kept in a tree, under their names.
 
-#include "platform/ui/check_box.h"
-#include "platform/ui/edit_field.h"
-#include "platform/ui/label.h"
-#include "platform/ui/radio_button.h"
+#include "platform/ui/controls/check_box.h"
+#include "platform/ui/controls/edit_field.h"
+#include "platform/ui/controls/label.h"
+#include "platform/ui/controls/radio_button.h"
 #include "plist/plistDict.h"
 
 namespace morvantile {

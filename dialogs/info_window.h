@@ -4,8 +4,8 @@
 #include <string>
 
 #include "dialogs/prefixed_label.h"
-#include "platform/ui/canvas.h"
-#include "platform/ui/label.h"
+#include "platform/ui/controls/canvas.h"
+#include "platform/ui/controls/label.h"
 #include "platform/ui/window.h"
 
 namespace morvantile {

@@ -4,7 +4,7 @@
 #include <functional>
 #include <string>
 
-#include "platform/ui/label.h"
+#include "platform/ui/controls/label.h"
 
 namespace morvantile {
 

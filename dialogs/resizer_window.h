@@ -5,11 +5,11 @@
 
 #include "dialogs/prefixed_label.h"
 #include "platform/imaging/picture.h"
-#include "platform/ui/canvas.h"
-#include "platform/ui/label.h"
-#include "platform/ui/push_button.h"
-#include "platform/ui/segmented_control.h"
-#include "platform/ui/slider.h"
+#include "platform/ui/controls/canvas.h"
+#include "platform/ui/controls/label.h"
+#include "platform/ui/controls/push_button.h"
+#include "platform/ui/controls/segmented_control.h"
+#include "platform/ui/controls/slider.h"
 #include "platform/ui/window.h"
 #include "plist/plist.h"
 

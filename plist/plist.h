@@ -38,8 +38,8 @@ class MORVANTILE_API plist : public Object {
   explicit plist(std::string_view text);
   explicit plist(const char* text) = delete;  // is it a path? then New<FolderItem>(path)
 
-  // The topmost node. It is never nil unless a program sets it so; operations on the tree then throw
-  // NilObjectException.
+  // The topmost node. It is never nil unless a program sets it so; operations on the tree then
+  // throw NilObjectException.
   Ref<plistDict> root;
 
   // The last report: whether there is one, and its text. Operations of nodes that check something

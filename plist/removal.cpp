@@ -58,8 +58,8 @@ bool plistDict::HasRepeatedNames() const {
 }
 
 // For a tree whose file repeats keys: removes all nodes of the element `number`, if it is a
-// container, and renames those of the following elements, up to `last`, to the number before theirs.
-// The entries forget the places of all nodes; IndexChildren finds them again.
+// container, and renames those of the following elements, up to `last`, to the number before
+// theirs. The entries forget the places of all nodes; IndexChildren finds them again.
 void plistDict::RemoveAmongRepeated(std::int64_t number, std::int64_t last, bool is_container) {
   std::size_t kept = 1;
   for (std::size_t place = 1; place < childrenNames.size(); ++place) {

@@ -10,8 +10,8 @@
 
 #include "platform/core/export.h"
 #include "platform/core/ref.h"
-#include "platform/ui/control.h"
-#include "platform/ui/push_button.h"
+#include "platform/ui/controls/control.h"
+#include "platform/ui/controls/push_button.h"
 
 namespace morvantile {
 

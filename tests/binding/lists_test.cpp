@@ -1,5 +1,5 @@
-#include "platform/ui/listbox.h"
-#include "platform/ui/popup_menu.h"
+#include "platform/ui/controls/listbox.h"
+#include "platform/ui/controls/popup_menu.h"
 #include "tests/plist/rows.h"
 
 namespace morvantile {

@@ -16,12 +16,12 @@
 #include <string>
 
 #include "platform/core/export.h"
-#include "platform/ui/check_box.h"
-#include "platform/ui/edit_field.h"
-#include "platform/ui/label.h"
-#include "platform/ui/listbox.h"
-#include "platform/ui/popup_menu.h"
-#include "platform/ui/radio_button.h"
+#include "platform/ui/controls/check_box.h"
+#include "platform/ui/controls/edit_field.h"
+#include "platform/ui/controls/label.h"
+#include "platform/ui/controls/listbox.h"
+#include "platform/ui/controls/popup_menu.h"
+#include "platform/ui/controls/radio_button.h"
 #include "platform/ui/window.h"
 
 class QCheckBox;

@@ -3,7 +3,7 @@
 
 #include <QString>
 
-#include "platform/ui/control.h"
+#include "platform/ui/controls/control.h"
 
 namespace morvantile {
 

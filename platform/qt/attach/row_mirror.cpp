@@ -3,7 +3,7 @@
 #include <QString>
 #include <utility>
 
-#include "platform/ui/listbox.h"
+#include "platform/ui/controls/listbox.h"
 
 namespace morvantile {
 namespace {

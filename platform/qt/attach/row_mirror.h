@@ -5,7 +5,7 @@
 #include <QObject>
 #include <functional>
 
-#include "platform/ui/list_control.h"
+#include "platform/ui/controls/list_control.h"
 
 namespace morvantile {
 

@@ -8,9 +8,9 @@
 #include <QRadioButton>
 
 #include "platform/qt/attach/control_peer.h"
-#include "platform/ui/check_box.h"
-#include "platform/ui/edit_field.h"
-#include "platform/ui/radio_button.h"
+#include "platform/ui/controls/check_box.h"
+#include "platform/ui/controls/edit_field.h"
+#include "platform/ui/controls/radio_button.h"
 
 namespace morvantile {
 

@@ -4,7 +4,7 @@
 #include <QWidget>
 
 #include "platform/qt/widgets/accessible.h"
-#include "platform/ui/canvas.h"
+#include "platform/ui/controls/canvas.h"
 
 namespace morvantile {
 

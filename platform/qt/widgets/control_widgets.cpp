@@ -20,13 +20,13 @@
 #include "platform/qt/widgets/placement.h"
 #include "platform/qt/widgets/segment_bar.h"
 #include "platform/qt/widgets/slider_widget.h"
-#include "platform/ui/canvas.h"
-#include "platform/ui/label.h"
-#include "platform/ui/listbox.h"
-#include "platform/ui/popup_menu.h"
-#include "platform/ui/push_button.h"
-#include "platform/ui/segmented_control.h"
-#include "platform/ui/slider.h"
+#include "platform/ui/controls/canvas.h"
+#include "platform/ui/controls/label.h"
+#include "platform/ui/controls/listbox.h"
+#include "platform/ui/controls/popup_menu.h"
+#include "platform/ui/controls/push_button.h"
+#include "platform/ui/controls/segmented_control.h"
+#include "platform/ui/controls/slider.h"
 
 namespace morvantile {
 namespace {

@@ -6,7 +6,7 @@
 #include <QWidget>
 #include <memory>
 
-#include "platform/ui/control.h"
+#include "platform/ui/controls/control.h"
 
 namespace morvantile {
 

@@ -8,7 +8,7 @@
 #include <QString>
 #include <QWidget>
 
-#include "platform/ui/control.h"
+#include "platform/ui/controls/control.h"
 
 namespace morvantile {
 

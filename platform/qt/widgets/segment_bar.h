@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "platform/qt/widgets/accessible.h"
-#include "platform/ui/segmented_control.h"
+#include "platform/ui/controls/segmented_control.h"
 
 namespace morvantile {
 

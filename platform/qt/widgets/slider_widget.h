@@ -3,7 +3,7 @@
 
 #include <QSlider>
 
-#include "platform/ui/slider.h"
+#include "platform/ui/controls/slider.h"
 
 namespace morvantile {
 

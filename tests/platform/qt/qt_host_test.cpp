@@ -11,7 +11,7 @@
 #include <stdexcept>
 
 #include "platform/ui/application.h"
-#include "platform/ui/slider.h"
+#include "platform/ui/controls/slider.h"
 #include "platform/ui/window.h"
 
 // An exception that passes through the toolkit on its way out leaves one of its guards behind. The

@@ -7,7 +7,7 @@
 #include "platform/qt/widgets/contrast.h"
 #include "platform/qt/widgets/slider_widget.h"
 #include "platform/qt/widgets/window_widget.h"
-#include "platform/ui/label.h"
+#include "platform/ui/controls/label.h"
 
 namespace morvantile {
 namespace {

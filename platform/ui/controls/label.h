@@ -1,11 +1,11 @@
-#ifndef MORVANTILE_PLATFORM_UI_LABEL_H
-#define MORVANTILE_PLATFORM_UI_LABEL_H
+#ifndef MORVANTILE_PLATFORM_UI_CONTROLS_LABEL_H
+#define MORVANTILE_PLATFORM_UI_CONTROLS_LABEL_H
 
 #include <functional>
 #include <string>
 
 #include "platform/core/export.h"
-#include "platform/ui/control.h"
+#include "platform/ui/controls/control.h"
 
 namespace morvantile {
 
@@ -47,4 +47,4 @@ class MORVANTILE_API StaticText : public Label {
 
 }  // namespace morvantile
 
-#endif  // MORVANTILE_PLATFORM_UI_LABEL_H
+#endif  // MORVANTILE_PLATFORM_UI_CONTROLS_LABEL_H

@@ -1,11 +1,11 @@
-#ifndef MORVANTILE_PLATFORM_UI_LISTBOX_H
-#define MORVANTILE_PLATFORM_UI_LISTBOX_H
+#ifndef MORVANTILE_PLATFORM_UI_CONTROLS_LISTBOX_H
+#define MORVANTILE_PLATFORM_UI_CONTROLS_LISTBOX_H
 
 #include <string>
 #include <vector>
 
 #include "platform/core/export.h"
-#include "platform/ui/list_control.h"
+#include "platform/ui/controls/list_control.h"
 
 namespace morvantile {
 
@@ -30,4 +30,4 @@ class MORVANTILE_API Listbox : public ListControl {
 
 }  // namespace morvantile
 
-#endif  // MORVANTILE_PLATFORM_UI_LISTBOX_H
+#endif  // MORVANTILE_PLATFORM_UI_CONTROLS_LISTBOX_H

@@ -1,11 +1,11 @@
-#ifndef MORVANTILE_PLATFORM_UI_PUSH_BUTTON_H
-#define MORVANTILE_PLATFORM_UI_PUSH_BUTTON_H
+#ifndef MORVANTILE_PLATFORM_UI_CONTROLS_PUSH_BUTTON_H
+#define MORVANTILE_PLATFORM_UI_CONTROLS_PUSH_BUTTON_H
 
 #include <functional>
 #include <string>
 
 #include "platform/core/export.h"
-#include "platform/ui/control.h"
+#include "platform/ui/controls/control.h"
 
 namespace morvantile {
 
@@ -26,4 +26,4 @@ class MORVANTILE_API PushButton : public Control {
 
 }  // namespace morvantile
 
-#endif  // MORVANTILE_PLATFORM_UI_PUSH_BUTTON_H
+#endif  // MORVANTILE_PLATFORM_UI_CONTROLS_PUSH_BUTTON_H

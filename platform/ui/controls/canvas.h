@@ -1,10 +1,10 @@
-#ifndef MORVANTILE_PLATFORM_UI_CANVAS_H
-#define MORVANTILE_PLATFORM_UI_CANVAS_H
+#ifndef MORVANTILE_PLATFORM_UI_CONTROLS_CANVAS_H
+#define MORVANTILE_PLATFORM_UI_CONTROLS_CANVAS_H
 
 #include <functional>
 #include <string>
 
-#include "platform/ui/control.h"
+#include "platform/ui/controls/control.h"
 #include "platform/ui/graphics.h"
 #include "platform/ui/resource_picture.h"
 
@@ -41,4 +41,4 @@ class Canvas : public Control {
 
 }  // namespace morvantile
 
-#endif  // MORVANTILE_PLATFORM_UI_CANVAS_H
+#endif  // MORVANTILE_PLATFORM_UI_CONTROLS_CANVAS_H

@@ -1,7 +1,7 @@
 // What all controls have in common.
 
-#ifndef MORVANTILE_PLATFORM_UI_CONTROL_H
-#define MORVANTILE_PLATFORM_UI_CONTROL_H
+#ifndef MORVANTILE_PLATFORM_UI_CONTROLS_CONTROL_H
+#define MORVANTILE_PLATFORM_UI_CONTROLS_CONTROL_H
 
 #include <cstdint>
 #include <functional>
@@ -90,4 +90,4 @@ class MORVANTILE_API Control : public Object {
 
 }  // namespace morvantile
 
-#endif  // MORVANTILE_PLATFORM_UI_CONTROL_H
+#endif  // MORVANTILE_PLATFORM_UI_CONTROLS_CONTROL_H

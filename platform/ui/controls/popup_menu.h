@@ -1,10 +1,10 @@
-#ifndef MORVANTILE_PLATFORM_UI_POPUP_MENU_H
-#define MORVANTILE_PLATFORM_UI_POPUP_MENU_H
+#ifndef MORVANTILE_PLATFORM_UI_CONTROLS_POPUP_MENU_H
+#define MORVANTILE_PLATFORM_UI_CONTROLS_POPUP_MENU_H
 
 #include <string>
 
 #include "platform/core/export.h"
-#include "platform/ui/list_control.h"
+#include "platform/ui/controls/list_control.h"
 
 namespace morvantile {
 
@@ -17,4 +17,4 @@ class MORVANTILE_API PopupMenu : public ListControl {
 
 }  // namespace morvantile
 
-#endif  // MORVANTILE_PLATFORM_UI_POPUP_MENU_H
+#endif  // MORVANTILE_PLATFORM_UI_CONTROLS_POPUP_MENU_H

@@ -1,12 +1,12 @@
-#ifndef MORVANTILE_PLATFORM_UI_SEGMENTED_CONTROL_H
-#define MORVANTILE_PLATFORM_UI_SEGMENTED_CONTROL_H
+#ifndef MORVANTILE_PLATFORM_UI_CONTROLS_SEGMENTED_CONTROL_H
+#define MORVANTILE_PLATFORM_UI_CONTROLS_SEGMENTED_CONTROL_H
 
 #include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
-#include "platform/ui/control.h"
+#include "platform/ui/controls/control.h"
 
 namespace morvantile {
 
@@ -60,4 +60,4 @@ class SegmentedControl : public Control {
 
 }  // namespace morvantile
 
-#endif  // MORVANTILE_PLATFORM_UI_SEGMENTED_CONTROL_H
+#endif  // MORVANTILE_PLATFORM_UI_CONTROLS_SEGMENTED_CONTROL_H

@@ -1,4 +1,4 @@
-#include "platform/ui/list_control.h"
+#include "platform/ui/controls/list_control.h"
 
 #include <utility>
 

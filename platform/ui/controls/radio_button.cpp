@@ -1,4 +1,4 @@
-#include "platform/ui/radio_button.h"
+#include "platform/ui/controls/radio_button.h"
 
 #include <algorithm>
 

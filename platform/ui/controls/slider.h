@@ -1,11 +1,11 @@
-#ifndef MORVANTILE_PLATFORM_UI_SLIDER_H
-#define MORVANTILE_PLATFORM_UI_SLIDER_H
+#ifndef MORVANTILE_PLATFORM_UI_CONTROLS_SLIDER_H
+#define MORVANTILE_PLATFORM_UI_CONTROLS_SLIDER_H
 
 #include <algorithm>
 #include <cstdint>
 #include <functional>
 
-#include "platform/ui/control.h"
+#include "platform/ui/controls/control.h"
 
 namespace morvantile {
 
@@ -41,4 +41,4 @@ class Slider : public Control {
 
 }  // namespace morvantile
 
-#endif  // MORVANTILE_PLATFORM_UI_SLIDER_H
+#endif  // MORVANTILE_PLATFORM_UI_CONTROLS_SLIDER_H

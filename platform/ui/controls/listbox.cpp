@@ -1,4 +1,4 @@
-#include "platform/ui/listbox.h"
+#include "platform/ui/controls/listbox.h"
 
 #include <algorithm>
 #include <utility>

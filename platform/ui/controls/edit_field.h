@@ -1,11 +1,11 @@
-#ifndef MORVANTILE_PLATFORM_UI_EDIT_FIELD_H
-#define MORVANTILE_PLATFORM_UI_EDIT_FIELD_H
+#ifndef MORVANTILE_PLATFORM_UI_CONTROLS_EDIT_FIELD_H
+#define MORVANTILE_PLATFORM_UI_CONTROLS_EDIT_FIELD_H
 
 #include <functional>
 #include <string>
 
 #include "platform/core/export.h"
-#include "platform/ui/control.h"
+#include "platform/ui/controls/control.h"
 
 namespace morvantile {
 
@@ -29,4 +29,4 @@ class MORVANTILE_API EditField : public Control {
 
 }  // namespace morvantile
 
-#endif  // MORVANTILE_PLATFORM_UI_EDIT_FIELD_H
+#endif  // MORVANTILE_PLATFORM_UI_CONTROLS_EDIT_FIELD_H

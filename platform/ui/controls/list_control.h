@@ -1,12 +1,12 @@
-#ifndef MORVANTILE_PLATFORM_UI_LIST_CONTROL_H
-#define MORVANTILE_PLATFORM_UI_LIST_CONTROL_H
+#ifndef MORVANTILE_PLATFORM_UI_CONTROLS_LIST_CONTROL_H
+#define MORVANTILE_PLATFORM_UI_CONTROLS_LIST_CONTROL_H
 
 #include <functional>
 #include <string>
 #include <vector>
 
 #include "platform/core/export.h"
-#include "platform/ui/control.h"
+#include "platform/ui/controls/control.h"
 
 namespace morvantile {
 
@@ -75,4 +75,4 @@ class MORVANTILE_API ListControl : public Control {
 
 }  // namespace morvantile
 
-#endif  // MORVANTILE_PLATFORM_UI_LIST_CONTROL_H
+#endif  // MORVANTILE_PLATFORM_UI_CONTROLS_LIST_CONTROL_H

@@ -1,12 +1,12 @@
-#ifndef MORVANTILE_PLATFORM_UI_RADIO_BUTTON_H
-#define MORVANTILE_PLATFORM_UI_RADIO_BUTTON_H
+#ifndef MORVANTILE_PLATFORM_UI_CONTROLS_RADIO_BUTTON_H
+#define MORVANTILE_PLATFORM_UI_CONTROLS_RADIO_BUTTON_H
 
 #include <functional>
 #include <string>
 #include <vector>
 
 #include "platform/core/export.h"
-#include "platform/ui/control.h"
+#include "platform/ui/controls/control.h"
 
 namespace morvantile {
 
@@ -50,4 +50,4 @@ class MORVANTILE_API RadioButton : public Control {
 
 }  // namespace morvantile
 
-#endif  // MORVANTILE_PLATFORM_UI_RADIO_BUTTON_H
+#endif  // MORVANTILE_PLATFORM_UI_CONTROLS_RADIO_BUTTON_H

@@ -1,11 +1,11 @@
-#ifndef MORVANTILE_PLATFORM_UI_CHECK_BOX_H
-#define MORVANTILE_PLATFORM_UI_CHECK_BOX_H
+#ifndef MORVANTILE_PLATFORM_UI_CONTROLS_CHECK_BOX_H
+#define MORVANTILE_PLATFORM_UI_CONTROLS_CHECK_BOX_H
 
 #include <functional>
 #include <string>
 
 #include "platform/core/export.h"
-#include "platform/ui/control.h"
+#include "platform/ui/controls/control.h"
 
 namespace morvantile {
 
@@ -31,4 +31,4 @@ class MORVANTILE_API CheckBox : public Control {
 
 }  // namespace morvantile
 
-#endif  // MORVANTILE_PLATFORM_UI_CHECK_BOX_H
+#endif  // MORVANTILE_PLATFORM_UI_CONTROLS_CHECK_BOX_H

@@ -1,4 +1,4 @@
-#include "platform/ui/segmented_control.h"
+#include "platform/ui/controls/segmented_control.h"
 
 #include "platform/core/exceptions.h"
 
