@@ -8,8 +8,8 @@
 namespace morvantile {
 namespace {
 
-// A control that shows one value is read from an empty node, and shows another when it is read
-// again; then that one is stored.
+// A control that shows one value is read from an empty node; then another value is stored over it,
+// and read into the control that shows the first one.
 template <typename C, typename Value, typename Shown>
 void ExpectKept(void (plistDict::*store)(const Ref<C>&), void (plistDict::*get)(const Ref<C>&),
                 void (C::*change)(Value), Shown (C::*shown)() const, Value one, Value other,
@@ -21,9 +21,6 @@ void ExpectKept(void (plistDict::*store)(const Ref<C>&), void (plistDict::*get)(
   (*control.*change)(one);
   (node.*get)(control);
   EXPECT_EQ(Sketch(node), sketch);
-  (*control.*change)(other);
-  (node.*get)(control);
-  EXPECT_EQ((*control.*shown)(), one) << sketch;
   (*control.*change)(other);
   (node.*store)(control);
   (*control.*change)(one);
@@ -50,45 +47,41 @@ TEST(SimpleControls, TheRadioButtonsOfOneNameShareAKey) {
   const Ref<RadioGroup> group = New<RadioGroup>();
   const Ref<RadioButton> first = New<RadioButton>();
   const Ref<RadioButton> second = New<RadioButton>();
-  first->SetValue(true);
   group->Add(first);
   group->Add(second);
   second->SetValue(true);
-  EXPECT_FALSE(first->Value());
   node->SetRadio(second);
   node->GetRadio(first);
   EXPECT_TRUE(first->Value() && !second->Value());
 }
 
-Ref<Window> At(const char* title, int left, int top, int width, int height) {
+Ref<Window> NewWindow() {
   Ref<Window> window = New<Window>();
-  window->SetTitle(title);
-  window->SetLeft(left);
-  window->SetTop(top);
-  window->SetWidth(width);
-  window->SetHeight(height);
+  window->SetTitle("A");
+  window->SetLeft(1);
+  window->SetTop(2);
+  window->SetWidth(3);
+  window->SetHeight(4);
   return window;
 }
 
-// Title and place of a window that is read from the node.
-std::string Got(N n, const char* key) {
-  const Ref<Window> window = At("A", 1, 2, 3, 4);
-  n.GetWindow(key, window);
-  return window->Title() + " " + Str(window->Left()) + " " + Str(window->Top()) + " " +
-         Str(window->Width()) + " " + Str(window->Height());
-}
-
 TEST(Windows, ComeBackWhereTheyWereStoredOrElseAreStored) {
-  const auto get = [](N n) { return Got(n, "w"); };
-  const auto set = [](N n) { n.SetWindow("w", At("A", 1, 2, 3, 4)); };
-  const auto append = [](N n) { n.AppendWindow(At("A", 1, 2, 3, 4)); };
+  const auto get = [](N n) {
+    const Ref<Window> window = NewWindow();
+    n.GetWindow("w", window);
+    return window->Title() + " " + Str(window->Left()) + " " + Str(window->Top()) + " " +
+           Str(window->Width()) + " " + Str(window->Height());
+  };
+  const auto set = [](N n) { n.SetWindow("w", NewWindow()); };
+  const auto append = [](N n) { n.AppendWindow(NewWindow()); };
   const std::string place =
       "WindowPos: {left: integer '1', top: integer '2', width: integer '3', height: integer '";
   const std::string own = "{windowName: 'A', " + place + "4'}}";
   Check({
       {"{}", get, "'A 1 2 3 4' {w: " + own + "}"},
-      {"{w: {windowName: 'B', " + place + "99999999999'}}}", get, "'B 1 2 3 2147483647' ="},
-      {"{w: {windowName: 'B', " + place + "-20'}}}", get, "'B 1 2 3 -20' ="},
+      {"{w: {windowName: 'B', WindowPos: {left: integer '-5', top: integer '6', "
+       "width: integer '7', height: integer '99999999999'}}}",
+       get, "'B -5 6 7 2147483647' ="},
       {"{w: {windowName: 'A', " + place + "77'}}}", set, "{w: " + own + "}"},
       {"{w: {WindowPos: 'x'}}", get,
        "' 1 2 3 4' {w: {WindowPos: 'x', windowName: ''}} Child exists: WindowPos already exists"},

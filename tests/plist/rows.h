@@ -54,7 +54,7 @@ struct Row {
   std::string after;
 };
 
-inline void Check(std::initializer_list<Row> rows) {
+inline void CheckRows(std::initializer_list<Row> rows) {
   for (const Row& row : rows) {
     const Ref<plist> document = Tree(row.before);
     const std::string sketch = Sketch(*document->root);
