@@ -77,7 +77,7 @@ TEST(Windows, ComeBackWhereTheyWereStoredOrElseAreStored) {
   const std::string place =
       "WindowPos: {left: integer '1', top: integer '2', width: integer '3', height: integer '";
   const std::string own = "{windowName: 'A', " + place + "4'}}";
-  Check({
+  CheckRows({
       {"{}", get, "'A 1 2 3 4' {w: " + own + "}"},
       {"{w: {windowName: 'B', WindowPos: {left: integer '-5', top: integer '6', "
        "width: integer '7', height: integer '99999999999'}}}",

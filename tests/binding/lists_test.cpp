@@ -54,7 +54,7 @@ TEST(Listbox, IsStoredInPlaceOfWhatHasItsKeyAndComesBackAsFarAsItHasColumns) {
   const auto one = [](N n) { return Got(n, List(1, 0), true); };
   const auto two = [](N n) { return Got(n, List(2, 0), true); };
   const auto unselected = [](N n) { return Got(n, List(1, 1), false); };
-  Check({
+  CheckRows({
       {"{}", set_one, "{1.3: {default: 'b', elements: ['a', 'b']}}"},
       {"{1.3: 'x'}", set_two, "{1.3: {default: '', elements: [['a', 'x'], ['b', 'x']]}}"},
       {"{}", append, "= root is not an array"},
@@ -74,7 +74,7 @@ TEST(PopupMenu, IsReplacedByItsRecord) {
   const auto append = [](N n) { n.AppendPopup(Menu(0)); };
   const auto get = [](N n) { return Got(n, Menu(1, 0), true); };
   const auto unselected = [](N n) { return Got(n, Menu(1, 0), false); };
-  Check({
+  CheckRows({
       {"{M.-2147483648: {}}", set, "{M.-2147483648: {default: 'b', elements: ['a', 'b']}}"},
       {"{}", get, "'a 0' {M.-2147483648: {default: 'a', elements: ['a']}}"},
       {"{M.-2147483648: {default: 'C', elements: ['b', 'c', []]}}", get, "'b c  1' ="},
@@ -94,7 +94,7 @@ std::string Got(N n, const char* key, std::int64_t base) {
 }
 
 TEST(StringList, IsCutToItsRange) {
-  Check({
+  CheckRows({
       {"{L: 'x'}", [](N n) { n.SetList("l", kFive, 2, 99); }, "{l: ['c', 'd', 'e']}"},
       {"{12: ['x']}", [](N n) { n.SetList("12", kFive, 5, 1); }, "{12: ['a', 'b']}"},
       {"{}", [](N n) { n.SetList("l", kFive, 3, 1); }, "{l: []}"},
