@@ -19,8 +19,8 @@ class Libplist {
   Libplist(const Libplist&) = delete;
   Libplist& operator=(const Libplist&) = delete;
 
-  std::string ToXml() const;
-  std::string ToBinary() const;
+  [[nodiscard]] std::string ToXml() const;
+  [[nodiscard]] std::string ToBinary() const;
 
  private:
   explicit Libplist(void* node) : node_(node) {}

@@ -31,40 +31,40 @@ ContactsWindow::ContactsWindow(const QString& path) {
   contacts = Named(new QTreeWidget, "Contacts", *layout);
   contacts->setColumnCount(2);
   contacts->setHeaderLabels({"Name", "City"});
-  onlyFriends = Named(new QCheckBox("Only friends"), "Only Friends", *layout);
-  byName = Named(new QRadioButton("By name"), "By Name", *layout);
-  byCity = Named(new QRadioButton("By city"), "By City", *layout);
+  only_friends = Named(new QCheckBox("Only friends"), "Only Friends", *layout);
+  by_name = Named(new QRadioButton("By name"), "By Name", *layout);
+  by_city = Named(new QRadioButton("By city"), "By City", *layout);
   status = Named(new QLabel("Nothing yet"), "Status", *layout);
 
   window_ = AttachWindow(*this);
-  contactsState_ = Attach(*contacts);
-  groupState_ = Attach(*group);
-  searchState_ = Attach(*search);
-  friendsState_ = Attach(*onlyFriends);
-  nameState_ = Attach(*byName);
-  cityState_ = Attach(*byCity);
-  statusState_ = Attach(*status);
+  contacts_state_ = Attach(*contacts);
+  group_state_ = Attach(*group);
+  search_state_ = Attach(*search);
+  friends_state_ = Attach(*only_friends);
+  name_state_ = Attach(*by_name);
+  city_state_ = Attach(*by_city);
+  status_state_ = Attach(*status);
 
   settings_ = New<plist>(New<FolderItem>(path.toStdString()), false);
   settings_->root->GetWindow("window", window_);
-  settings_->root->GetListbox(contactsState_, true);
-  settings_->root->GetPopup(groupState_, true);
-  settings_->root->GetEditField(searchState_);
-  settings_->root->GetCheckbox(friendsState_);
-  settings_->root->GetRadio(nameState_);
-  settings_->root->GetRadio(cityState_);
-  settings_->root->GetStaticText(statusState_);
+  settings_->root->GetListbox(contacts_state_, true);
+  settings_->root->GetPopup(group_state_, true);
+  settings_->root->GetEditField(search_state_);
+  settings_->root->GetCheckbox(friends_state_);
+  settings_->root->GetRadio(name_state_);
+  settings_->root->GetRadio(city_state_);
+  settings_->root->GetStaticText(status_state_);
 }
 
 void ContactsWindow::Save() {
   settings_->root->SetWindow("window", window_);
-  settings_->root->SetListbox(contactsState_);
-  settings_->root->SetPopup(groupState_);
-  settings_->root->SetEditField(searchState_);
-  settings_->root->SetCheckbox(friendsState_);
-  settings_->root->SetRadio(nameState_);
-  settings_->root->SetRadio(cityState_);
-  settings_->root->SetStaticText(statusState_);
+  settings_->root->SetListbox(contacts_state_);
+  settings_->root->SetPopup(group_state_);
+  settings_->root->SetEditField(search_state_);
+  settings_->root->SetCheckbox(friends_state_);
+  settings_->root->SetRadio(name_state_);
+  settings_->root->SetRadio(city_state_);
+  settings_->root->SetStaticText(status_state_);
   settings_->Save();
 }
 

@@ -25,9 +25,9 @@ class ContactsWindow : public QWidget {
   QTreeWidget* contacts;
   QComboBox* group;
   QLineEdit* search;
-  QCheckBox* onlyFriends;
-  QRadioButton* byName;
-  QRadioButton* byCity;
+  QCheckBox* only_friends;
+  QRadioButton* by_name;
+  QRadioButton* by_city;
   QLabel* status;
 
  protected:
@@ -36,13 +36,13 @@ class ContactsWindow : public QWidget {
  private:
   morvantile::Ref<morvantile::plist> settings_;
   morvantile::Ref<morvantile::Window> window_;
-  morvantile::Ref<morvantile::Listbox> contactsState_;
-  morvantile::Ref<morvantile::PopupMenu> groupState_;
-  morvantile::Ref<morvantile::EditField> searchState_;
-  morvantile::Ref<morvantile::CheckBox> friendsState_;
-  morvantile::Ref<morvantile::RadioButton> nameState_;
-  morvantile::Ref<morvantile::RadioButton> cityState_;
-  morvantile::Ref<morvantile::StaticText> statusState_;
+  morvantile::Ref<morvantile::Listbox> contacts_state_;
+  morvantile::Ref<morvantile::PopupMenu> group_state_;
+  morvantile::Ref<morvantile::EditField> search_state_;
+  morvantile::Ref<morvantile::CheckBox> friends_state_;
+  morvantile::Ref<morvantile::RadioButton> name_state_;
+  morvantile::Ref<morvantile::RadioButton> city_state_;
+  morvantile::Ref<morvantile::StaticText> status_state_;
 };
 
 #endif  // MORVANTILE_DOCS_SAMPLES_CONTACTS_WINDOW_H

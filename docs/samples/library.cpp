@@ -56,8 +56,8 @@ void RetireProxy(const Ref<plist>& settings) {
   network->Move("old proxy", settings->root);
 }
 
-std::string SaveOrExplain(const Ref<plist>& settings, bool asBinary) {
+std::string SaveOrExplain(const Ref<plist>& settings, bool as_binary) {
   settings->error = false;
-  settings->Save(false, asBinary);
+  settings->Save(false, as_binary);
   return settings->error ? settings->errorMessage : "saved";
 }

@@ -17,6 +17,6 @@ std::string LastBackup(const morvantile::Ref<morvantile::plist>& settings);
 std::vector<std::string> KeysWith(const morvantile::Ref<morvantile::plist>& settings,
                                   const std::string& text);
 void RetireProxy(const morvantile::Ref<morvantile::plist>& settings);
-std::string SaveOrExplain(const morvantile::Ref<morvantile::plist>& settings, bool asBinary);
+std::string SaveOrExplain(const morvantile::Ref<morvantile::plist>& settings, bool as_binary);
 
 #endif  // MORVANTILE_DOCS_SAMPLES_LIBRARY_H

@@ -16,9 +16,9 @@ std::string Pair(std::int64_t one, std::int64_t other) { return Str(one) + " x "
 struct Recorder : Graphics {
   std::string place;
 
-  void DrawPicture(const Ref<Picture>& /*picture*/, int x, int y, int /*destWidth*/,
-                   int /*destHeight*/, int /*sourceX*/, int /*sourceY*/, int /*sourceWidth*/,
-                   int /*sourceHeight*/) override {
+  void DrawPicture(const Ref<Picture>& /*picture*/, int x, int y, int /*dest_width*/,
+                   int /*dest_height*/, int /*source_x*/, int /*source_y*/, int /*source_width*/,
+                   int /*source_height*/) override {
     place = " at " + Pair(x, y);
   }
 };
@@ -34,7 +34,7 @@ class ResizerWindowTest : public testing::Test {
   }
 
   // Which segment is lit, the two labels, and the size of the new picture and its place.
-  std::string Outcome() const {
+  [[nodiscard]] std::string Outcome() const {
     std::string lit;
     for (int i = 0; i < 3; ++i) lit += window->ModeSelector()->Items(i).Selected() ? "WH%"[i] : '.';
     const Ref<Picture> clip = window->NewClip;

@@ -29,8 +29,8 @@ TEST(WindowState, ComesBackAsItWasLeft) {
   window->group->addItems({"All", "Work"});
   window->group->setCurrentIndex(1);
   QTest::keyClicks(window->search, "ada");
-  QTest::mouseClick(window->onlyFriends, Qt::LeftButton, {}, QPoint(8, 8));
-  window->byCity->setChecked(true);
+  QTest::mouseClick(window->only_friends, Qt::LeftButton, {}, QPoint(8, 8));
+  window->by_city->setChecked(true);
   window->close();
 
   window = std::make_unique<ContactsWindow>(file);
@@ -41,8 +41,8 @@ TEST(WindowState, ComesBackAsItWasLeft) {
   EXPECT_EQ(window->group->currentText(), "Work");
   EXPECT_EQ(window->group->count(), 2);
   EXPECT_EQ(window->search->text(), "ada");
-  EXPECT_TRUE(window->onlyFriends->isChecked() && window->byCity->isChecked());
-  EXPECT_FALSE(window->byName->isChecked());
+  EXPECT_TRUE(window->only_friends->isChecked() && window->by_city->isChecked());
+  EXPECT_FALSE(window->by_name->isChecked());
 }
 
 }  // namespace

@@ -18,9 +18,12 @@ using Names = std::vector<std::string>;
 
 class Documents : public testing::Test {
  protected:
-  Ref<plist> Loaded(const std::string& name) const { return New<plist>(folder.Item(name), false); }
+  [[nodiscard]] Ref<plist> Loaded(const std::string& name) const {
+    return New<plist>(folder.Item(name), false);
+  }
 
   // Makes a document in binary form, with the key "k"; returns its content.
+  // NOLINTNEXTLINE(modernize-use-nodiscard): often only put
   std::string PutBinary(const std::string& name) const {
     const Ref<plist> document = Loaded(name);
     document->root->SetString("k", "Größe");

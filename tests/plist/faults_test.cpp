@@ -57,6 +57,7 @@ namespace fs = std::filesystem;
 class Faults : public testing::TestWithParam<bool> {
  protected:
   // A file of many values; returns its content.
+  // NOLINTNEXTLINE(modernize-use-nodiscard): often only put
   std::string Put(const std::string& value) const {
     const Ref<plist> document = New<plist>(folder.Item("a"), false);
     for (int i = 0; i < 2000; ++i) document->root->SetString(Str(i), value);

@@ -29,21 +29,24 @@ class ScratchFolder {
   ScratchFolder(const ScratchFolder&) = delete;
   ScratchFolder& operator=(const ScratchFolder&) = delete;
 
-  std::string Path(std::string_view name) const { return (path_ / name).string(); }
-  Ref<FolderItem> Item(std::string_view name) const { return New<FolderItem>(Path(name)); }
+  [[nodiscard]] std::string Path(std::string_view name) const { return (path_ / name).string(); }
+  [[nodiscard]] Ref<FolderItem> Item(std::string_view name) const {
+    return New<FolderItem>(Path(name));
+  }
 
+  // NOLINTNEXTLINE(modernize-use-nodiscard): often only put
   Ref<FolderItem> Put(std::string_view name, std::string_view content) const {
     std::ofstream(Path(name), std::ios::binary) << content;
     return Item(name);
   }
 
-  std::string Content(std::string_view name) const {
+  [[nodiscard]] std::string Content(std::string_view name) const {
     std::ifstream file(Path(name), std::ios::binary);
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
   }
 
   // The names of what is in the folder, sorted.
-  std::vector<std::string> Names() const {
+  [[nodiscard]] std::vector<std::string> Names() const {
     std::vector<std::string> names;
     for (const auto& entry : std::filesystem::directory_iterator(path_)) {
       names.push_back(entry.path().filename().string());
@@ -52,7 +55,7 @@ class ScratchFolder {
     return names;
   }
 
-  std::filesystem::perms Permissions(std::string_view name) const {
+  [[nodiscard]] std::filesystem::perms Permissions(std::string_view name) const {
     return std::filesystem::status(Path(name)).permissions();
   }
 
