@@ -94,7 +94,13 @@ std::string Got(N n, const char* key, std::int64_t base) {
 }
 
 TEST(StringList, IsCutToItsRange) {
+  const auto set_found = [](N n) {
+    n.searched.SetValue("l", true);
+    n.SetList("l", kFive, 5, 1);
+    return n.searched.Value("l");
+  };
   CheckRows({
+      {"{l: 'x'}", set_found, "false {l: ['a', 'b']}"},
       {"{L: 'x'}", [](N n) { n.SetList("l", kFive, 2, 99); }, "{l: ['c', 'd', 'e']}"},
       {"{12: ['x']}", [](N n) { n.SetList("12", kFive, 5, 1); }, "{12: ['a', 'b']}"},
       {"{}", [](N n) { n.SetList("l", kFive, 3, 1); }, "{l: []}"},

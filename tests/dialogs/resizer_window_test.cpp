@@ -54,6 +54,8 @@ TEST_F(ResizerWindowTest, OpensAtHalfTheSizeInTheMiddleAsFarAsTheScreenLeavesRoo
   EXPECT_EQ(Outcome(), "..% 50%, New Size: 320 x 240, 320 x 240 at 40 x 10");
   EXPECT_EQ(window->OriginalSize()->Text(), "Original Size: 640 x 480");
   EXPECT_EQ(Pair(window->Left(), window->Top()), "500 x 184");
+  EXPECT_EQ(window->ScaleButton()->Caption + window->CancelButton()->Caption, "OKDon't Scale");
+  EXPECT_EQ(window->ScaleSlider()->Minimum, 1);
   host.screens = {{1440, 600, 0, 32, 1440, 568}};
   OpenOn(10, 10);
   EXPECT_EQ(Pair(window->Left(), window->Top()), "500 x 62");
@@ -94,7 +96,10 @@ TEST_F(ResizerWindowTest, TheSliderMeansWidthHeightOrPercentAndSidesAreCutAndNot
     window->ScaleSlider()->SetValue(slider);
     EXPECT_EQ(Outcome(), outcome) << Pair(width, height);
   }
-  host.scripts.emplace_back([&](Window&) { window->ScaleButton()->UserPress(); });
+  host.scripts.emplace_back([&](Window& shown) {
+    window->ScaleButton()->UserPress();
+    EXPECT_TRUE(shown.Closed());
+  });
   EXPECT_EQ(window->GetClip(), nullptr) << "what can't be made";
 }
 

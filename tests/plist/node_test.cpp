@@ -31,6 +31,7 @@ TEST(Child, IsFoundAmongNodesAddedToTheArraysAndTheFirstOfItsName) {
   EXPECT_TRUE(node.child("a") == repeated);
   node.childrenNames.pop_back();
   node.children.pop_back();
+  EXPECT_TRUE(node.child("stray") == node.children[1]);
   EXPECT_EQ(Sketch(*node.child("a")), "{}") << "made anew";
 }
 
