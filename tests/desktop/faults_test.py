@@ -58,7 +58,7 @@ class Faults(OnDesktop):
         for name, data in (('65535 x 65535', png_of_size(65535, 65535)),
                            ('16000 x 16000, cut off', png_of_size(16000, 16000)),
                            ('40000000 x 1, cut off', png_of_size(40_000_000, 1)),
-                           ('truncated', encoded(noise(640, 480))[:3000]), ('empty', b'')):
+                           ('empty', b'')):
             with self.subTest(picture=name):
                 self.desktop.copy(data, 'image/png')
                 self.finish(self.begin(), SOON)
@@ -68,7 +68,7 @@ class Faults(OnDesktop):
         picture = self.desktop.folder + '/picture.png'
         with open(picture, 'wb') as file:
             file.write(encoded(noise(1500, 1500), 'BMP'))
-        for when in ('at-once', 'at-the-picture', 'half-way'):
+        for when in ('at-the-picture', 'half-way'):
             with self.subTest(hangs=when):
                 owner = self.desktop.start(sys.executable, HERE + '/hanging_owner.py', when, picture,
                                            stdout=subprocess.PIPE)
@@ -89,21 +89,20 @@ class Faults(OnDesktop):
         self.assertGreaterEqual(run.returncode, 0, 'ended by itself')
         self.nothing_has_changed()
 
-    def test_the_end_of_the_login_ends_run_and_owner(self):
-        for signal_of_end in (signal.SIGHUP, signal.SIGTERM):
-            with self.subTest(signal=signal_of_end):
+    def test_the_end_of_the_login_or_a_kill_ends_run_and_owner(self):
+        for end in (signal.SIGHUP, signal.SIGTERM, signal.SIGKILL):
+            with self.subTest(signal=end):
+                self.old = self.put_settings()
                 original = self.copy_picture()
                 run, _ = self.start()
-                for pid in self.processes():
-                    os.kill(pid, signal_of_end)
+                for pid in [run.pid] if end == signal.SIGKILL else self.processes():
+                    os.kill(pid, end)
                 run.communicate(timeout=PATIENCE)
                 self.nothing_has_changed(original)
                 run, _ = self.start()
                 self.scales(run, 320, 240)
-                self.leaves(1)
-                os.kill(self.processes()[0], signal_of_end)
+                os.kill(self.processes()[0], end)
                 self.leaves(0)
-                self.old = self.settings_bytes()
 
     # Pasting
 

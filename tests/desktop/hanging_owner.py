@@ -1,8 +1,7 @@
 """An owner of the clipboard of X11 that stops answering.
 
-Run as: hanging_owner.py WHEN FILE. Offers the PNG picture in the file, and stops: `at-once`, without
-an answer to anything; `at-the-picture`, having told the forms that it has; or `half-way`, in an
-incremental transfer. Prints a line once it owns the clipboard.
+Run as: hanging_owner.py WHEN FILE. Offers the PNG picture in the file, and stops: `at-the-picture`,
+having told the forms that it has, or `half-way`, in an incremental transfer. Prints a line once it owns the clipboard.
 """
 
 import sys
@@ -48,7 +47,7 @@ connection.sync()
 print('owner', flush=True)
 while True:
     asked = next_event(X.SelectionRequest)
-    if asked.target == atom('TARGETS') and when != 'at-once':
+    if asked.target == atom('TARGETS'):
         answer(asked, Xatom.ATOM, 32, [atom(name) for name in FORMS])
     elif asked.target == atom('image/png') and when == 'half-way':
         begin_transfer(asked)

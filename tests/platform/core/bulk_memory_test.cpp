@@ -2,8 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstring>
+#include <string>
+#include <string_view>
 #include <thread>
 #include <vector>
 
@@ -13,17 +14,17 @@ namespace {
 TEST(BulkMemory, PiecesOutliveTheirScopeAndGoInAnyOrderOnAnyThread) {
   constexpr std::size_t kCount = 5000;
   const auto size_of = [](std::size_t number) { return number % 3000; };
-  std::vector<unsigned char*> pieces;
+  std::vector<char*> pieces;
   {
     const BulkScope scope;
     for (std::size_t i = 0; i < kCount; ++i) {
-      pieces.push_back(static_cast<unsigned char*>(AllocateBulk(size_of(i))));
-      std::memset(pieces[i], static_cast<unsigned char>(i), size_of(i));
+      pieces.push_back(static_cast<char*>(AllocateBulk(size_of(i))));
+      std::memset(pieces[i], static_cast<char>(i), size_of(i));
     }
   }
   for (std::size_t i = 0; i < kCount; ++i) {
-    const std::vector<unsigned char> filled(size_of(i), static_cast<unsigned char>(i));
-    ASSERT_TRUE(std::equal(filled.begin(), filled.end(), pieces[i])) << i;
+    const std::string filled(size_of(i), static_cast<char>(i));
+    ASSERT_EQ(std::string_view(pieces[i], size_of(i)), filled);
   }
   const auto release_each_second = [&](std::size_t first) {
     for (std::size_t i = first; i < kCount; i += 2) ReleaseBulk(pieces[i], size_of(i));

@@ -9,12 +9,11 @@
 namespace morvantile {
 namespace {
 
-double Lanczos3(double x) {
-  if (x == 0) return 1;
-  if (std::abs(x) >= 3) return 0;
-  const double angle = std::numbers::pi * x;
-  return 3 * std::sin(angle) * std::sin(angle / 3) / (angle * angle);
+double Sinc(double x) {
+  return x == 0 ? 1 : std::sin(std::numbers::pi * x) / (std::numbers::pi * x);
 }
+
+double Lanczos3(double x) { return std::abs(x) < 3 ? Sinc(x) * Sinc(x / 3) : 0; }
 
 // Every sample along the axis for every result sample: plain rather than fast.
 std::vector<std::vector<double>> Weights(int from, int to) {
@@ -40,12 +39,11 @@ ExactPixel PremultipliedPixel(const Picture& picture, int x, int y) {
   return {bytes[0] * alpha / 255, bytes[1] * alpha / 255, bytes[2] * alpha / 255, alpha};
 }
 
-ExactPixel Straight(const ExactPixel& pixel) {
+ExactPixel Straight(ExactPixel pixel) {
   if (pixel[3] <= 0) return {};
-  const auto colour = [&](std::size_t c) {
-    return std::clamp(pixel[c] * 255 / pixel[3], 0., 255.);
-  };
-  return {colour(0), colour(1), colour(2), std::min(pixel[3], 255.0)};
+  for (const auto c : {0U, 1U, 2U}) pixel[c] = std::clamp(pixel[c] * 255 / pixel[3], 0., 255.);
+  pixel[3] = std::min(pixel[3], 255.);
+  return pixel;
 }
 
 void Add(const ExactPixel& pixel, double weight, ExactPixel& sum) {
@@ -65,9 +63,10 @@ std::vector<ExactPixel> WeightedRows(const Picture& picture, const std::vector<d
 }
 
 bool IsClose(const std::uint8_t* got, const ExactPixel& want) {
-  if (std::abs(got[3] - want[3]) > 1) return false;
+  const bool hides_colour = got[3] == 0 && (got[0] != 0 || got[1] != 0 || got[2] != 0);
+  if (hides_colour || std::abs(got[3] - want[3]) > 1) return false;
+  const bool is_opaque = got[3] == 255;
   for (std::size_t c = 0; c < 3; ++c) {
-    const bool is_opaque = got[3] == 255;
     const double difference =
         is_opaque ? got[c] - want[c] : (got[c] * got[3] - want[c] * want[3]) / 255;
     if (std::abs(difference) > (is_opaque ? 1 : 1.5)) return false;
@@ -126,8 +125,9 @@ Ref<Picture> Sample(Content content, int width, int height, bool hasAlpha, int p
                                                                  std::uint8_t{0xA5});
   std::minstd_rand random(42);
   for (int y = 0; y < height; ++y) {
-    std::uint8_t* row = bytes->data() + stride * y;
-    for (int i = 0; i < 4 * width; ++i) row[i] = Byte(content, i / 4, y, i % 4, random);
+    for (int i = 0; i < 4 * width; ++i) {
+      bytes->data()[stride * y + i] = Byte(content, i / 4, y, i % 4, random);
+    }
   }
   return Picture::Wrap(width, height, stride, bytes->data(), hasAlpha, bytes);
 }

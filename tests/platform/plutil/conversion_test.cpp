@@ -17,24 +17,19 @@ struct Case {
   std::string document, elements;
 };
 
-// The elements of an XML file that the converter wrote, without their line ends and indentation.
-std::string Elements(const std::string& xml) {
-  const std::string footer = "</plist>\n";
-  const std::string header = XmlFile("").erase(XmlFile("").size() - footer.size());
-  if (!xml.starts_with(header) || !xml.ends_with(footer)) return xml;
-  const std::string all = xml.substr(header.size(), xml.size() - header.size() - footer.size());
-  return std::regex_replace(all, std::regex("\n\t*"), "");
+// The file without line ends and indentation.
+std::string Joined(const std::string& xml) {
+  return std::regex_replace(xml, std::regex("\n\t*"), "");
 }
 
-// Holds the XML form of the document against the case, and a way through the binary form against
-// that.
+// Holds the XML form of the document, and of its binary form, against the case.
 void Expect(const Case& expected) {
-  const std::string xml = ToXml(expected.document);
-  EXPECT_EQ(Elements(xml), expected.elements) << expected.document;
-  if (!Failed(xml)) {
-    EXPECT_EQ(ToXml(ToBinary(xml)), xml) << expected.document;
-    EXPECT_EQ(ToXml(xml), xml) << expected.document;
-  }
+  const auto& [document, elements] = expected;
+  const std::string xml = ToXml(document);
+  EXPECT_EQ(Joined(xml), Failed(elements) ? elements : Joined(XmlFile(elements))) << document;
+  if (Failed(xml)) return;
+  EXPECT_EQ(ToXml(ToBinary(xml)), xml) << document;
+  EXPECT_EQ(ToXml(xml), xml) << document;
 }
 
 std::string Repeated(std::string_view text, std::size_t times) {
@@ -50,18 +45,29 @@ std::vector<std::string> Split(std::string text) {
   return {std::sregex_token_iterator(text.begin(), text.end(), bar, -1), {}};
 }
 
+// The binary property list of objects that are written in hexadecimal digits.
+std::string Binary(const std::string& objects) {
+  std::vector<std::string> all = Split(objects);
+  for (std::string& object : all) object = Hex(object);
+  return BinaryFile(all);
+}
+
+// A document with every type.
+const std::string kSample = XmlFile(
+    "<dict>\n\t<key>array</key>\n\t<array>\n\t\t<integer>1</integer>\n\t\t<integer>-1</integer>\n"
+    "\t\t<integer>18446744073709551615</integer>\n\t\t<real>0.1</real>\n\t\t<true/>\n"
+    "\t\t<date>2009-03-07T08:05:09Z</date>\n\t</array>\n\t<key>data</key>\n"
+    "\t<data>\n\tQUJDREVG\n\t</data>\n\t<key>empty</key>\n\t<array>\n\t\t<string></string>\n"
+    "\t\t<data>\n\t\t</data>\n\t\t<dict/>\n\t\t<array/>\n\t</array>\n\t<key>k&amp;e&lt;y></key>\n"
+    "\t<string>a&gt;&lt;b &amp; \"'&#10;second line&#13;&#10;\t third</string>\n"
+    "\t<key>]]&gt;\u00E4&#10;b&#13;></key>\n\t<dict>\n\t\t<key>CF$UID</key>\n"
+    "\t\t<integer>3</integer>\n\t</dict>\n</dict>\n");
+
 TEST(Conversion, WritesOneElementALine) {
-  const std::string elements = XmlFile(
-      "<dict>\n\t<key>array</key>\n\t<array>\n\t\t<integer>-5</integer>\n\t\t<real>1.5</real>\n"
-      "\t\t<true/>\n\t\t<date>2009-03-07T08:05:09Z</date>\n\t</array>\n\t<key>data</key>\n"
-      "\t<data>\n\tQUJDREVG\n\t</data>\n\t<key>empty</key>\n\t<array>\n\t\t<string></string>\n"
-      "\t\t<data>\n\t\t</data>\n\t\t<dict/>\n\t\t<array/>\n\t</array>\n\t<key>k&amp;e&lt;y></key>\n"
-      "\t<string>a&gt;&lt;b &amp; \"'&#10;second line&#13;&#10;\t third</string>\n"
-      "\t<key>]]&gt;a&#10;b&#13;></key>\n\t<string></string>\n</dict>\n");
   const std::string line(76, 'A');
   const std::string data = XmlFile("<data>\n" + line + "\n" + line + "\nAA==\n</data>\n");
   for (const std::string& xml :
-       {elements, data, XmlFile("<dict>\n</dict>\n"), XmlFile("<array>\n</array>\n")}) {
+       {kSample, data, XmlFile("<dict>\n</dict>\n"), XmlFile("<array>\n</array>\n")}) {
     EXPECT_EQ(ToXml(xml), xml);
     EXPECT_EQ(ToXml(ToBinary(xml)), xml);
   }
@@ -71,32 +77,22 @@ TEST(BinaryReader, ReadsObjectsAndRefusesWhatItCannotKeep) {
   const std::string zeros(323, '0');
   const std::vector<Case> cases = {
       {"08", "<false/>"},
-      {"09", "<true/>"},
       {"10 FF", "<integer>255</integer>"},
-      {"13 FFFFFFFFFFFFFFFF", "<integer>-1</integer>"},
       {"13 8000000000000000", "<integer>-9223372036854775808</integer>"},
-      {"14 0000000000000000 FFFFFFFFFFFFFFFF", "<integer>18446744073709551615</integer>"},
       {"14 FFFFFFFFFFFFFFFF FFFFFFFFFFFFFFFE", "<integer>-2</integer>"},
       {"22 3FC00000", "<real>1.5</real>"},
-      {"23 3FB999999999999A", "<real>0.1</real>"},
       {"23 412E848000000000", "<real>1000000</real>"},
       {"23 7FEFFFFFFFFFFFFF", "<real>1.7976931348623157e+308</real>"},
       {"23 8000000000000000", "<real>-0</real>"},
       {"23 7FF8000000000000", "<real>nan</real>"},
-      {"33 0000000000000000", "<date>2001-01-01T00:00:00Z</date>"},
       {"33 BFE0000000000000", "<date>2000-12-31T23:59:59.5Z</date>"},
       {"33 41B0A7E0F0000001", "<date>2009-11-09T05:32:32.00000006Z</date>"},
       {"33 0000000000000001", "<date>2001-01-01T00:00:00." + zeros + "5Z</date>"},
-      {"42 0001", "<data>AAE=</data>"},
       {"54 61C3A462", "<string>a\u00E4b</string>"},
-      {"5F 10 02 6162", "<string>ab</string>"},
       {"5F 13 0000000000000002 6162", "<string>ab</string>"},
       {"63 00E4 D83DDE00", "<string>\u00E4\U0001F600</string>"},
-      {"80 2A", "<dict><key>CF$UID</key><integer>42</integer></dict>"},
       {"8F 0000000000000000000000000000002A",
        "<dict><key>CF$UID</key><integer>42</integer></dict>"},
-      {"A0", "<array></array>"},
-      {"C0", "<array></array>"},
       {"00", "failed: a null, which property lists do not know"},
       {"14 0000000000000001 0000000000000000", "failed: an integer of more than 64 bits"},
       {"15 00", "failed: an integer of more than 16 bytes"},
@@ -111,17 +107,16 @@ TEST(BinaryReader, ReadsObjectsAndRefusesWhatItCannotKeep) {
       {"70", "failed: an object of a type that is not known"},
       {"D1 00 00", "failed: a key that is no text"},
       {"A1 00", "failed: a container that contains itself"},
+      {"A1 01 | A2 02 03 | D1 03 04 | 51 61 | A1 01", "failed: a container that contains itself"},
       {"A1 01", "failed: a reference to an object that does not exist"},
       {"5F 13 7FFFFFFFFFFFFFFF", "failed: an object reaches beyond the file"},
-      {"6F 13 FFFFFFFFFFFFFFFF", "failed: an object reaches beyond the file"},
       {"DF 13 8000000000000000", "failed: an object reaches beyond the file"},
       {"AF 14 00", "failed: a size that is no integer"},
-      {"AF 08 00", "failed: a size that is no integer"},
   };
   for (const auto& [hex, elements] : cases) {
-    const std::string file = BinaryFile({Hex(hex)});
+    const std::string file = Binary(hex);
     SCOPED_TRACE(hex);
-    Expect({file, elements});
+    for (const char* end : {"", "20 0D 0A", "00 00 00"}) Expect({file + Hex(end), elements});
     if (elements.starts_with("<date>")) {
       EXPECT_EQ(ToBinary(ToXml(file)), file) << "no bit of a date is lost";
     }
@@ -139,47 +134,17 @@ TEST(BinaryReader, ReadsEveryWidthOfOffsetAndReference) {
   }
 }
 
-TEST(BinaryReader, PassesOverWhatTextProgramsAddAtTheEnd) {
-  for (const std::string& end : {std::string("\n"), std::string(" \r\n"), std::string(40, '\0')}) {
-    Expect({BinaryFile({Hex("09")}) + end, "<true/>"});
-  }
-}
-
-TEST(BinaryReader, RefusesAbsurdTrailers) {
-  const std::string file = BinaryFile({Hex("09")});
-  for (const std::size_t from_end : {24U, 16U, 8U}) {  // the count, the topmost object, the table
-    for (const std::uint64_t value :
-         {std::uint64_t{1} << 63U, ~std::uint64_t{0}, std::uint64_t{100}}) {
-      std::string changed = file;
-      changed.replace(file.size() - from_end, 8, BigEndian(value, 8));
-      EXPECT_TRUE(Failed(ToXml(changed))) << from_end << " " << value;
-    }
-  }
-}
-
-TEST(BinaryReader, FindsACycleWhereverItIs) {
-  const std::string cycle =
-      BinaryFile({Hex("A1 01"), Hex("A2 02 03"), Hex("D1 03 04"), Hex("51 61"), Hex("A1 01")});
-  EXPECT_EQ(ToXml(cycle), "failed: a container that contains itself");
-  EXPECT_EQ(ToBinary(cycle), "failed: a container that contains itself");
-}
-
 TEST(BinaryReader, ReadsNoBytesTwice) {
-  std::string array = Hex("AF 10 C8");
-  for (std::size_t i = 0; i < 200; ++i) array += BigEndian(i, 1);
-  std::string file = BinaryFile({array}).substr(0, 8 + array.size()) + std::string(200, '\x08');
-  file += std::string(6, '\0') + Hex("01 01") + BigEndian(200, 8) + BigEndian(0, 8) +
-          BigEndian(8 + array.size(), 8);
+  std::string file = BinaryFile({Hex("A2 01 02"), Hex("4F 10 64") + std::string(100, 'x'), "\x08"});
+  file[file.size() - 33] = file[file.size() - 34];  // the last object is where the second is
   EXPECT_EQ(ToXml(file), "failed: objects share bytes of the file");
 }
 
 TEST(Conversion, AReferenceBombIsRefusedAsXmlAndHarmlessAsBinary) {
   std::vector<std::string> objects;
-  for (std::uint64_t level = 1; level <= 100; ++level) {
-    objects.push_back(Hex("A2") + BigEndian(level, 1) + BigEndian(level, 1));
-  }
+  for (char level = 1; level <= 100; ++level) objects.push_back({'\xA2', level, level});
   objects.push_back(Hex("51 61"));
-  const std::string bomb = BinaryFile(objects, 2, 1);
+  const std::string bomb = BinaryFile(objects, 2);
   EXPECT_TRUE(ToXml(bomb).starts_with("failed: its XML text would be of more than "));
   EXPECT_EQ(ToBinary(bomb).size(), bomb.size());
 }
@@ -189,40 +154,30 @@ TEST(BinaryWriter, SharesEqualScalarsAndTakesTheFewestBytes) {
                      "<real>0.5</real><integer>1</integer><integer>256</integer>"
                      "<integer>1</integer><real>0.1</real><data>YQ==</data>"
                      "<dict><key>CF$UID</key><integer>42</integer></dict></array>"),
-            BinaryFile({Hex("A9 01 02 03 04 05 04 06 07 08"), Hex("51 61"), Hex("D1 01 03"),
-                        Hex("22 3F000000"), Hex("10 01"), Hex("11 0100"),
-                        Hex("23 3FB999999999999A"), Hex("41 61"), Hex("80 2A")}));
+            Binary("A9 01 02 03 04 05 04 06 07 08 | 51 61 | D1 01 03 | 22 3F000000 | 10 01 | "
+                   "11 0100 | 23 3FB999999999999A | 41 61 | 80 2A"));
 }
 
 TEST(XmlReader, ReadsWhatOthersWrite) {
   const std::string dict = "<dict><key>a b</key><string>x &amp; y</string></dict>";
   const std::string lines = "<string>a&#10;b&#10;&#10;c&#10;d</string>";
   const std::vector<Case> cases = {
-      {"<dict><key>a b</key><string>x &amp; y</string></dict>", dict},
       {"<plist><dict ><key >a b</key ><string a='1>2'>x &#38; y</string>\r\n</dict></plist>", dict},
       {"\xEF\xBB\xBF<?xml version='1.0'?><!-- c --><plist>\n" + dict + "</plist><!-- c -->", dict},
       {"<dict><key>a<!-- c --> b</key><!-- <string> --><string>x &amp; y</string></dict>", dict},
       {"<dict><key>a b</key><?pi ?><string><![CDATA[x & y]]></string></dict>", dict},
-      {"<dict><key>a b</key><String>x & y</String></dict>", dict},
-      {"<!DOCTYPE plist [<!ELEMENT plist (dict)> <!-- ] -->]><plist><true/></plist>", "<true/>"},
-      {"<!DOCTYPE plist SYSTEM '>'><true/>", "<true/>"},
-      {"<!DOCTYPE plist [<!ENTITY a \">\"><!ENTITY % b ''>]><true/>", "<true/>"},
-      {"<!DOCTYPE plist [<!-- '> --><?pi '>?>]><true/>", "<true/>"},
+      {"<!DOCTYPE a SYSTEM '>' [<!ELEMENT a (b)> <!-- ] -->]><plist><true/></plist>", "<true/>"},
+      {"<!DOCTYPE a [<!ENTITY a \">\"><!ENTITY % b ''><!-- '> --><?pi '>?>]><true/>", "<true/>"},
       {"<integer>\t7 </integer>", "<integer>7</integer>"},
       {"<INTEGER>0x1F</INTEGER>", "<integer>31</integer>"},
       {"<double>2.50</double>", "<real>2.5</real>"},
-      {"<date>2009-03-07T08:05:09.250Z</date>", "<date>2009-03-07T08:05:09.25Z</date>"},
-      {"<date>1999-03-07T08:05:09.001Z</date>", "<date>1999-03-07T08:05:09.001Z</date>"},
-      {"<date>2009-03-07T08:05:09.0</date>", "<date>2009-03-07T08:05:09Z</date>"},
       {"<date>2009-03-07T08:05:09+02:00</date>", "<date>2009-03-07T06:05:09Z</date>"},
       {"<date>2009-03-07T23:05:09.5-0159</date>", "<date>2009-03-08T01:04:09.5Z</date>"},
       {"<date>2009-03-07T08:05+14</date>", "<date>2009-03-06T18:05:00Z</date>"},
-      {"<date>987-3-7T08:05:09Z</date>", "<date>0987-03-07T08:05:09Z</date>"},
+      {"<date>987-3-7T08:05:09.250</date>", "<date>0987-03-07T08:05:09.25Z</date>"},
       {"<date>2009-03-07</date>", "<date>2009-03-07T00:00:00Z</date>"},
       {"<string>a & b &x; &lt;</string>", "<string>a &amp; b &amp;x; &lt;</string>"},
-      {"<string> <![CDATA[]]></string>", "<string> </string>"},
-      {"<string> <!-- c --> </string>", "<string>  </string>"},
-      {"<string>\t a&#10; </string>", "<string>\t a&#10; </string>"},
+      {"<string>\t <![CDATA[]]>a<!-- c -->&#10; </string>", "<string>\t a&#10; </string>"},
       {"<string>a\r\nb\r\rc\nd</string>", lines},
       {"<string><![CDATA[a\r\nb\r]]>\rc<!---->\r\nd</string >", lines},
       {"<dict><key>CF$UID</key><integer>-1</integer></dict>",
@@ -247,13 +202,13 @@ TEST(XmlReader, TakesTheEncodingsThatAreMet) {
 
 TEST(XmlReader, TakesUtf16InBothOrdersWhateverItDeclares) {
   for (const std::string encoding : {"UTF-16", "UTF-16LE", "utf-16be", "ISO-8859-1"}) {
+    const std::string element = "<string>\u00E4</string>";
     const std::string big =
-        *Utf16FromUtf8("<?xml version='1.0' encoding='" + encoding + "'?><string>\u00E4</string>");
+        *Utf16FromUtf8("<?xml version='1.0' encoding='" + encoding + "'?>" + element);
     std::string little = big;
     for (std::size_t i = 0; i < little.size(); i += 2) std::swap(little[i], little[i + 1]);
-    for (const std::string& xml : {big, little, "\xFE\xFF" + big, "\xFF\xFE" + little}) {
-      Expect({xml, "<string>\u00E4</string>"});
-      Expect({xml + '\0', "<string>\u00E4</string>"});
+    for (const std::string& xml : {big, little + '\0', "\xFE\xFF" + big, "\xFF\xFE" + little}) {
+      Expect({xml, element});
     }
   }
 }
@@ -295,18 +250,8 @@ TEST(XmlReader, RefusesWhatIsNotWellFormedAndWhatItCannotKeep) {
   EXPECT_EQ(ToBinary("<string>\xE4</string>"), "failed: a text that is not UTF-8");
 }
 
-// A document with every type.
-const std::string kSample = XmlFile(
-    "<dict>\n\t<key>a</key>\n\t<array>\n\t\t<integer>1</integer>\n\t\t<integer>-1</integer>\n"
-    "\t\t<integer>18446744073709551615</integer>\n\t\t<real>0.1</real>\n\t\t<true/>\n"
-    "\t\t<date>2009-03-07T08:05:09Z</date>\n\t\t<data>\n\t\tQUJD\n\t\t</data>\n\t</array>\n"
-    "\t<key>\u00E4 &amp; &#13;</key>\n\t<string>twenty characters or more</string>\n"
-    "\t<key>u</key>\n\t<dict>\n\t\t<key>CF$UID</key>\n\t\t<integer>3</integer>\n\t</dict>\n"
-    "</dict>\n");
-
 TEST(Conversion, RefusesAFileThatIsTruncatedAtAnyByte) {
   for (const std::string& file : {kSample, ToBinary(kSample)}) {
-    ASSERT_EQ(ToXml(file), kSample);
     for (std::size_t size = 0; size < file.size() - 1; ++size) {
       EXPECT_TRUE(Failed(ToXml(file.substr(0, size)))) << size;
     }

@@ -37,7 +37,6 @@ TEST(PictureImage, APictureComesBackFromEitherFormWithEveryBit) {
     std::function<QRgb(unsigned)> pixel;
     int bits, type;
   } cases[] = {
-      {"one colour", [&](unsigned) { return kRed; }, 1, 3},
       {"2 colours", [&](unsigned i) { return i % 2 == 0 ? kRed : kGreen; }, 1, 3},
       {"3 colours", [&](unsigned i) { return kOpaque | i % 3; }, 2, 3},
       {"16 colours", [&](unsigned i) { return kOpaque | i % 16; }, 4, 3},
@@ -46,7 +45,6 @@ TEST(PictureImage, APictureComesBackFromEitherFormWithEveryBit) {
       {"257 colours", [&](unsigned i) { return kOpaque | i % 257; }, 8, 2},
       {"greys", [&](unsigned i) { return kOpaque | grey(i); }, 8, 0},
       {"translucent greys", [&](unsigned i) { return grey(i) | i % 7 << 24; }, 8, 6},
-      {"a photo", [&](unsigned i) { return kOpaque | i * 0x9E3779B1U; }, 8, 2},
       {"translucent", [&](unsigned i) { return i * 0x9E3779B1U; }, 8, 6},
   };
   for (const auto& [name, pixel, bits, type] : cases) {
@@ -77,11 +75,9 @@ QByteArray File(const char* form, QImage::Format format, QRgb colour, const QByt
   image.setColorSpace(QColorSpace::fromIccProfile(profile));
   image.setDotsPerMeterX(11811);
   image.setDotsPerMeterY(5906);
-  QByteArray file;
-  QBuffer buffer(&file);
-  buffer.open(QIODevice::WriteOnly);
-  image.save(&buffer, form);
-  return file;
+  QBuffer file;
+  image.save(&file, form);
+  return file.data();
 }
 
 TEST(PictureImage, ColoursAndDensityOfTheSourceReachEveryForm) {
@@ -107,7 +103,7 @@ TEST(PictureImage, ThePreviewShowsWhatAProgramThatHonoursProfilesShows) {
   canvas->Paint = [&](Canvas&, Graphics& graphics) { graphics.DrawPicture(picture, 1, 1); };
   QWidget window;
   CanvasWidget widget(*canvas, window);
-  widget.resize(canvas->Width, canvas->Height);
+  widget.resize(8, 8);
   const QImage shown = widget.grab().toImage();
   EXPECT_EQ(shown.pixel(1, 1), kGreen);
   EXPECT_EQ(shown.pixel(4, 2), kGreen);
