@@ -3,9 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <cmath>
 #include <ctime>
 #include <string>
 
+#include "platform/core/time.h"
 #include "platform/text/text.h"
 
 namespace morvantile {
@@ -31,6 +33,12 @@ TEST(Date, CarriesOverLikeTheStandardCalendar) {
   date.SetMonth(2);
   date.SetMinute(-1);
   EXPECT_EQ(Fields(date), "2009-3-3 7:59:9") << "a setter carries over at once";
+}
+
+TEST(Delay, LastsAsLongAsIsAskedFor) {
+  const double begin = Microseconds();
+  for (const double seconds : {0.01, -1e300, std::nan("")}) Delay(seconds);
+  EXPECT_GE(Microseconds() - begin, 10'000);
 }
 
 TEST(Date, SurvivesNumbersOfAnySize) {

@@ -70,8 +70,8 @@ int fsync(int fd) { return CallFails() ? -1 : static_cast<int>(syscall(SYS_fsync
 int linkat(int fromfd, const char* from, int tofd, const char* to, int flags) noexcept {
   return CallFails() ? -1 : static_cast<int>(syscall(SYS_linkat, fromfd, from, tofd, to, flags));
 }
-int rename(const char* old, const char* _new) noexcept {
-  return CallFails() ? -1 : static_cast<int>(syscall(SYS_rename, old, _new));
+int rename(const char* from, const char* to) noexcept {
+  return CallFails() ? -1 : static_cast<int>(syscall(SYS_rename, from, to));
 }
 }
 

@@ -14,10 +14,11 @@ TEST(Picture, CreateTakesOverOnlyASpareThatIsLargeEnoughAndNobodyElses) {
   Ref<Picture> smaller = Picture::Create(7, 5, true, std::move(spare));
   EXPECT_EQ(smaller->Row(0), bytes);
   EXPECT_TRUE(smaller->Width() == 7 && smaller->HasAlpha());
-  Ref<Picture> asLargeAsTheFirst = Picture::Create(40, 30, true, std::move(smaller));
-  EXPECT_EQ(asLargeAsTheFirst->Row(0), bytes);
-  EXPECT_NE(Picture::Create(40, 30, true, asLargeAsTheFirst)->Row(0), bytes) << "it has an owner";
-  const Ref<Picture> larger = Picture::Create(400, 300, true, std::move(asLargeAsTheFirst));
+  Ref<Picture> as_large_as_the_first = Picture::Create(40, 30, true, std::move(smaller));
+  EXPECT_EQ(as_large_as_the_first->Row(0), bytes);
+  EXPECT_NE(Picture::Create(40, 30, true, as_large_as_the_first)->Row(0), bytes)
+      << "it has an owner";
+  const Ref<Picture> larger = Picture::Create(400, 300, true, std::move(as_large_as_the_first));
   larger->MutableRow(299)[1599] = 7;
   EXPECT_NE(Picture::Create(2, 2, false, Picture::Wrap(9, 9, 36, nullptr, false, nullptr))->Row(0),
             nullptr)

@@ -118,7 +118,7 @@ std::string FirstDifference(const Picture& result, const std::vector<ExactPixel>
   return "";
 }
 
-Ref<Picture> Sample(Content content, int width, int height, bool hasAlpha, int padding) {
+Ref<Picture> Sample(Content content, int width, int height, bool has_alpha, int padding) {
   const std::ptrdiff_t stride = std::ptrdiff_t{4} * width + padding;
   const std::ptrdiff_t size = stride * height - padding;
   const auto bytes = std::make_shared<std::vector<std::uint8_t>>(static_cast<std::size_t>(size),
@@ -129,7 +129,7 @@ Ref<Picture> Sample(Content content, int width, int height, bool hasAlpha, int p
       bytes->data()[stride * y + i] = Byte(content, i / 4, y, i % 4, random);
     }
   }
-  return Picture::Wrap(width, height, stride, bytes->data(), hasAlpha, bytes);
+  return Picture::Wrap(width, height, stride, bytes->data(), has_alpha, bytes);
 }
 
 }  // namespace morvantile

@@ -29,7 +29,7 @@ enum class Content { kNoise, kStripes, kBlocks };
 // A picture of the same bytes each time, its alpha bytes included. Rows have `padding` bytes
 // behind them; with padding, the picture is one made by Wrap whose storage ends with its last
 // pixel.
-Ref<Picture> Sample(Content content, int width, int height, bool hasAlpha, int padding = 0);
+Ref<Picture> Sample(Content content, int width, int height, bool has_alpha, int padding = 0);
 
 }  // namespace morvantile
 

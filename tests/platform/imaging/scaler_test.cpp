@@ -18,11 +18,11 @@ namespace {
 
 // From one size to another.
 struct Sizes {
-  int fromWidth, fromHeight, width, height;
+  int from_width, from_height, width, height;
 };
 
 std::ostream& operator<<(std::ostream& out, const Sizes& it) {
-  return out << it.fromWidth << 'x' << it.fromHeight << " to " << it.width << 'x' << it.height;
+  return out << it.from_width << 'x' << it.from_height << " to " << it.width << 'x' << it.height;
 }
 
 bool SamePixels(const Picture& a, const Picture& b) {
@@ -39,11 +39,11 @@ void Choose(std::int64_t target) {
   hwy::GetChosenTarget().Update(hwy::SupportedTargets());
 }
 
-void ExpectExactWithinOneLevel(Content content, bool hasAlpha, const Sizes& sizes) {
-  const Ref<Picture> source = Sample(content, sizes.fromWidth, sizes.fromHeight, hasAlpha, 4);
+void ExpectExactWithinOneLevel(Content content, bool has_alpha, const Sizes& sizes) {
+  const Ref<Picture> source = Sample(content, sizes.from_width, sizes.from_height, has_alpha, 4);
   const Ref<Picture> result = Resample(source, sizes.width, sizes.height);
   ASSERT_EQ(std::pair(result->Width(), result->Height()), std::pair(sizes.width, sizes.height));
-  EXPECT_EQ(result->HasAlpha(), hasAlpha);
+  EXPECT_EQ(result->HasAlpha(), has_alpha);
   const auto exact = ExactlyResampled(*source, sizes.width, sizes.height);
   EXPECT_EQ(FirstDifference(*result, exact), "") << sizes;
 }
@@ -67,7 +67,8 @@ TEST(Scaler, EqualsTheDefinitionWithinOneLevel) {
       Sizes{20000, 3, 4, 2}, Sizes{3, 20000, 2, 3}, Sizes{40, 6001, 1, 40}, Sizes{6001, 40, 40, 1}};
   for (const Sizes& sizes : kSizes) {
     for (const Content content : {Content::kNoise, Content::kStripes, Content::kBlocks}) {
-      for (const bool hasAlpha : {false, true}) ExpectExactWithinOneLevel(content, hasAlpha, sizes);
+      for (const bool has_alpha : {false, true})
+        ExpectExactWithinOneLevel(content, has_alpha, sizes);
     }
   }
 }
@@ -87,8 +88,9 @@ TEST(Scaler, MakesTheSameBytesWithEveryInstructionSetAndNumberOfThreads) {
                              Sizes{71, 113, 500, 701}, Sizes{1200, 700, 37, 21},
                              Sizes{3001, 70, 40, 3}, Sizes{70, 3001, 3, 40}, Sizes{5, 3, 2, 2}}) {
     for (const Content content : {Content::kNoise, Content::kBlocks}) {
-      for (const bool hasAlpha : {false, true}) {
-        const Ref<Picture> source = Sample(content, sizes.fromWidth, sizes.fromHeight, hasAlpha, 8);
+      for (const bool has_alpha : {false, true}) {
+        const Ref<Picture> source =
+            Sample(content, sizes.from_width, sizes.from_height, has_alpha, 8);
         const auto resampled = [&](int threads) {
           return ResampleWithThreads(source, sizes.width, sizes.height, threads);
         };
@@ -111,22 +113,22 @@ TEST(Scaler, WorksInLessThanASixteenthOfALargeSource) {
        {Sizes{1920, 1080, 960, 540}, Sizes{1920, 1080, 96, 54}, Sizes{3840, 2160, 3456, 1944},
         Sizes{3840, 2160, 300, 168}, Sizes{3840, 2160, 6, 3}, Sizes{16384, 16384, 8192, 8192},
         Sizes{16384, 16384, 6, 6}, Sizes{1000, 40000, 15, 600}, Sizes{40000, 1000, 600, 15}}) {
-    const std::int64_t stride = std::int64_t{4} * sizes.fromWidth;
+    const std::int64_t stride = std::int64_t{4} * sizes.from_width;
     const Ref<Picture> source =
-        Picture::Wrap(sizes.fromWidth, sizes.fromHeight, stride, nullptr, true, nullptr);
+        Picture::Wrap(sizes.from_width, sizes.from_height, stride, nullptr, true, nullptr);
     for (const int threads : {1, 2, 4}) {
       EXPECT_LT(WorkingBytes(*source, sizes.width, sizes.height, threads),
-                stride * sizes.fromHeight / 16)
+                stride * sizes.from_height / 16)
           << sizes;
     }
   }
 }
 
 TEST(Scaler, CopiesAPictureOfTheSizeAskedFor) {
-  for (const bool hasAlpha : {false, true}) {
-    const Ref<Picture> source = Sample(Content::kNoise, 37, 23, hasAlpha, 12);
+  for (const bool has_alpha : {false, true}) {
+    const Ref<Picture> source = Sample(Content::kNoise, 37, 23, has_alpha, 12);
     const Ref<Picture> result = Resample(source, 37, 23);
-    EXPECT_TRUE(SamePixels(*result, *source) && result->HasAlpha() == hasAlpha);
+    EXPECT_TRUE(SamePixels(*result, *source) && result->HasAlpha() == has_alpha);
     EXPECT_NE(result->Row(0), source->Row(0));
   }
 }

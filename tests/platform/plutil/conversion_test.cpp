@@ -101,6 +101,7 @@ TEST(BinaryReader, ReadsObjectsAndRefusesWhatItCannotKeep) {
       {"33 4415AF1D78B58C40", "failed: a date outside the years 0 to 9999"},
       {"51 E4", "failed: an ASCII text that holds other characters"},
       {"51 00", "failed: a text with a NUL, which XML does not know"},
+      {"D1 01 02 | 54 005D5D3E | 09", "failed: a key with a NUL, which XML does not know"},
       {"61 D83D", "failed: a text that is not sound UTF-16"},
       {"62 DE00 0061", "failed: a text that is not sound UTF-16"},
       {"88 010000000000000000", "failed: a UID of more than 64 bits"},
@@ -156,6 +157,10 @@ TEST(BinaryWriter, SharesEqualScalarsAndTakesTheFewestBytes) {
                      "<dict><key>CF$UID</key><integer>42</integer></dict></array>"),
             Binary("A9 01 02 03 04 05 04 06 07 08 | 51 61 | D1 01 03 | 22 3F000000 | 10 01 | "
                    "11 0100 | 23 3FB999999999999A | 41 61 | 80 2A"));
+  std::string numbers;
+  for (int i = 0; i < 255; ++i) numbers += "<integer>" + std::to_string(i) + "</integer>";
+  const std::string binary = ToBinary("<array>" + numbers + "</array>");
+  EXPECT_EQ(binary[binary.size() - 25], 1) << "the width of references to 256 objects";
 }
 
 TEST(XmlReader, ReadsWhatOthersWrite) {
@@ -170,7 +175,8 @@ TEST(XmlReader, ReadsWhatOthersWrite) {
       {"<!DOCTYPE a [<!ENTITY a \">\"><!ENTITY % b ''><!-- '> --><?pi '>?>]><true/>", "<true/>"},
       {"<integer>\t7 </integer>", "<integer>7</integer>"},
       {"<INTEGER>0x1F</INTEGER>", "<integer>31</integer>"},
-      {"<double>2.50</double>", "<real>2.5</real>"},
+      {"<double> 2.50\n</double>", "<real>2.5</real>"},
+      {"<real>1e999</real>", "<real>inf</real>"},
       {"<date>2009-03-07T08:05:09+02:00</date>", "<date>2009-03-07T06:05:09Z</date>"},
       {"<date>2009-03-07T23:05:09.5-0159</date>", "<date>2009-03-08T01:04:09.5Z</date>"},
       {"<date>2009-03-07T08:05+14</date>", "<date>2009-03-06T18:05:00Z</date>"},
@@ -179,6 +185,7 @@ TEST(XmlReader, ReadsWhatOthersWrite) {
       {"<string>a & b &x; &lt;</string>", "<string>a &amp; b &amp;x; &lt;</string>"},
       {"<string>\t <![CDATA[]]>a<!-- c -->&#10; </string>", "<string>\t a&#10; </string>"},
       {"<string>a\r\nb\r\rc\nd</string>", lines},
+      {"<string>\r</string>", "<string>&#10;</string>"},
       {"<string><![CDATA[a\r\nb\r]]>\rc<!---->\r\nd</string >", lines},
       {"<dict><key>CF$UID</key><integer>-1</integer></dict>",
        "<dict><key>CF$UID</key><integer>-1</integer></dict>"},
@@ -232,7 +239,7 @@ constexpr const char* kNoPropertyList =
     <string><true/></string> | <integer></integer> | <integer>1a</integer> |
     <integer>-9223372036854775809</integer> | <integer>--1</integer> | <real></real> |
     <real>1,5</real> | <date>today</date> | <date>2009-02-30T00:00:00Z</date> |
-    <date>2009-02-03T24:00:00Z</date> | <date>2009-02-03T23:00:00+24:00</date> |
+    <date>2009-02-03T24:00:00Z</date> | <date>12009-02-03T00:00:00Z</date> | <date>2009-02-03T23:00:00+24:00</date> |
     <date>2009-02-03T23:00:00+0160</date> | <date>2009-02-03-05:00</date> |
     <date>2009-02-03T23:00:00.5x</date> | <data>A</data> | <data>QUJ=D</data> |
     <data>Q*==</data> | <string>&#0;</string> | <string>&#xD800;</string> |
@@ -244,7 +251,9 @@ TEST(XmlReader, RefusesWhatIsNotWellFormedAndWhatItCannotKeep) {
   }
   EXPECT_TRUE(Failed(ToXml("<?xml version='1.0' encoding='Shift_JIS'?><string>\xE4</string>")));
   EXPECT_TRUE(Failed(ToXml(std::string("<string>a\0b</string>", 20))));
-  EXPECT_TRUE(Failed(ToXml(std::string("<\0\0\0>\0\0\0", 8))));
+  for (const char* utf32 : {"3C 000000", "FF FE 0000", "0000 003C"}) {
+    EXPECT_EQ(ToXml(Hex(utf32)), "failed: XML in UTF-32");
+  }
   EXPECT_EQ(ToXml("<integer>18446744073709551616</integer>"),
             "failed: no <integer> of 64 bits: 18446744073709551616");
   EXPECT_EQ(ToBinary("<string>\xE4</string>"), "failed: a text that is not UTF-8");

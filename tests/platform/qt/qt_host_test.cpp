@@ -31,11 +31,11 @@ class HostOfAllTests : public testing::Environment {
 
   void SetUp() override {
     static std::string name = "test";
-    static std::string rightToLeft = "-reverse";
-    static std::array<char*, 3> arguments = {name.data(), rightToLeft.data(), nullptr};
-    static StayBehind stayBehind;
+    static std::string right_to_left = "-reverse";
+    static std::array<char*, 3> arguments = {name.data(), right_to_left.data(), nullptr};
+    static StayBehind stay_behind;
     static SingleInstance instance;
-    host = std::make_unique<QtHost>(2, arguments.data(), stayBehind, instance);
+    host = std::make_unique<QtHost>(2, arguments.data(), stay_behind, instance);
     InstallHost(host.get());
   }
   void TearDown() override {

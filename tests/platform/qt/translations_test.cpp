@@ -73,14 +73,14 @@ void ExpectNothingCut(const QWidget& window, const std::string& where) {
   for (const auto* label : window.findChildren<QLabel*>()) {
     ExpectFits(*label, label->text(), label->size(), where);
   }
-  std::set<int> ofButtons;
+  std::set<int> of_buttons;
   for (const auto* button : window.findChildren<QAbstractButton*>()) {
     ExpectFits(*button, button->text(), button->size() - QSize(6, 4), where);
   }
   for (const auto* button : window.findChildren<QPushButton*>()) {
-    ofButtons.insert(QFontInfo(button->font()).pixelSize());
+    of_buttons.insert(QFontInfo(button->font()).pixelSize());
   }
-  EXPECT_LE(ofButtons.size(), 1U) << where << ": buttons of different sizes";
+  EXPECT_LE(of_buttons.size(), 1U) << where << ": buttons of different sizes";
 }
 
 TEST(Translations, NoTextOfAnyLanguageIsCutAndALargeFontIsHonoured) {

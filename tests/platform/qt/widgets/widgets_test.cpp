@@ -36,29 +36,29 @@ class Widgets : public testing::TestWithParam<QRgb> {
  protected:
   Widgets() {
     QApplication::setPalette(QPalette(QColor(GetParam())));
-    sampler_->Build();
-    shown_ = std::make_unique<WindowWidget>(sampler_, nullptr);
-    shown_->show();
-    shown_->activateWindow();
+    sampler->Build();
+    shown = std::make_unique<WindowWidget>(sampler, nullptr);
+    shown->show();
+    shown->activateWindow();
     QApplication::processEvents();
   }
   ~Widgets() override {
-    shown_ = nullptr;
-    sampler_->Close();
+    shown = nullptr;
+    sampler->Close();
   }
 
-  QWidget& Named(const char* name) { return *shown_->findChild<QWidget*>(name); }
+  QWidget& Named(const char* name) { return *shown->findChild<QWidget*>(name); }
   double ContrastOf(const QColor& colour) const {
-    return Contrast(colour, shown_->palette().color(QPalette::Window));
+    return Contrast(colour, shown->palette().color(QPalette::Window));
   }
 
-  Ref<Sampler> sampler_ = New<Sampler>();
-  std::unique_ptr<WindowWidget> shown_;
+  Ref<Sampler> sampler = New<Sampler>();
+  std::unique_ptr<WindowWidget> shown;
 };
 
 TEST_P(Widgets, TheFocusCanBeSeen) {
   for (const char* name : {"Slider", "Button"}) {
-    shown_->setFocus();
+    shown->setFocus();
     const QImage without = Named(name).grab().toImage();
     Named(name).setFocus();
     EXPECT_NE(Named(name).grab().toImage(), without) << name;
@@ -68,7 +68,7 @@ TEST_P(Widgets, TheFocusCanBeSeen) {
 TEST_P(Widgets, DimmedTextTicksAndLinksCanBeRead) {
   EXPECT_GE(ContrastOf(Named("Dimmed").palette().windowText().color()), 3.0);
   EXPECT_GE(ContrastOf(Named("Link").palette().windowText().color()), 4.5);
-  shown_->setFocus();
+  shown->setFocus();
   const QImage slider = Named("Slider").grab().toImage();
   double ticks = 0;
   for (int x = 0; x < slider.width(); ++x) {
@@ -82,7 +82,7 @@ TEST_P(Widgets, ANotchOfTheWheelIsOneStep) {
     QWheelEvent event({5, 5}, {5, 5}, {}, {0, eighths}, Qt::NoButton, Qt::NoModifier,
                       Qt::NoScrollPhase, false);
     QApplication::sendEvent(&Named("Slider"), &event);
-    return sampler_->slider->Value();
+    return sampler->slider->Value();
   };
   EXPECT_EQ(turn(240), 2);
   EXPECT_EQ(turn(-120), 1);
@@ -92,7 +92,7 @@ TEST_P(Widgets, ANotchOfTheWheelIsOneStep) {
 
 TEST_P(Widgets, AWindowTooLargeForTheScreenIsDrawnSmaller) {
   const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
-  EXPECT_TRUE(screen.contains(shown_->geometry()));
+  EXPECT_TRUE(screen.contains(shown->geometry()));
   EXPECT_LT(Named("Link").height(), 10);
 }
 
