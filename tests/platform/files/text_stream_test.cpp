@@ -70,6 +70,7 @@ int fsync(int fd) { return CallFails() ? -1 : static_cast<int>(syscall(SYS_fsync
 int linkat(int fromfd, const char* from, int tofd, const char* to, int flags) noexcept {
   return CallFails() ? -1 : static_cast<int>(syscall(SYS_linkat, fromfd, from, tofd, to, flags));
 }
+// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): its names are reserved
 int rename(const char* from, const char* to) noexcept {
   return CallFails() ? -1 : static_cast<int>(syscall(SYS_rename, from, to));
 }

@@ -210,8 +210,9 @@ TEST(XmlReader, TakesTheEncodingsThatAreMet) {
 TEST(XmlReader, TakesUtf16InBothOrdersWhateverItDeclares) {
   for (const std::string encoding : {"UTF-16", "UTF-16LE", "utf-16be", "ISO-8859-1"}) {
     const std::string element = "<string>\u00E4</string>";
-    const std::string big =
-        *Utf16FromUtf8("<?xml version='1.0' encoding='" + encoding + "'?>" + element);
+    std::string declared = "<?xml version='1.0' encoding='";
+    declared.append(encoding).append("'?>").append(element);
+    const std::string big = *Utf16FromUtf8(declared);
     std::string little = big;
     for (std::size_t i = 0; i < little.size(); i += 2) std::swap(little[i], little[i + 1]);
     for (const std::string& xml : {big, little + '\0', "\xFE\xFF" + big, "\xFF\xFE" + little}) {

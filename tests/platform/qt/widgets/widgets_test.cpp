@@ -48,7 +48,7 @@ class Widgets : public testing::TestWithParam<QRgb> {
   }
 
   QWidget& Named(const char* name) { return *shown->findChild<QWidget*>(name); }
-  double ContrastOf(const QColor& colour) const {
+  [[nodiscard]] double ContrastOf(const QColor& colour) const {
     return Contrast(colour, shown->palette().color(QPalette::Window));
   }
 
