@@ -126,7 +126,7 @@ Ref<Picture> Sample(Content content, int width, int height, bool has_alpha, int 
   std::minstd_rand random(42);
   for (int y = 0; y < height; ++y) {
     for (int i = 0; i < 4 * width; ++i) {
-      (*bytes)[stride * y + i] = Byte(content, i / 4, y, i % 4, random);
+      (*bytes)[static_cast<std::size_t>(stride * y + i)] = Byte(content, i / 4, y, i % 4, random);
     }
   }
   return Picture::Wrap(width, height, stride, bytes->data(), has_alpha, bytes);
