@@ -1,4 +1,4 @@
-"""Checks that each piece of C++ in a page is in the samples, word for word: quotes.py PAGE SAMPLE..."""
+"""Checks that each piece of C++ in a page is in the samples, word for word: check_quotes.py PAGE SAMPLE..."""
 
 import re
 import sys
