@@ -174,22 +174,6 @@ class Faults(OnDesktop):
                 self.assertEqual(os.stat(self.settings).st_mode & 0o777, 0o600)
                 self.assertEqual(self.desktop.programs('sleep'), [])
 
-    def test_a_full_disk_leaves_the_settings(self):
-        folder = os.path.dirname(self.settings)
-        mount = ['mount', '-t', 'tmpfs', '-o', 'size=64k,mode=700', 'full', folder]
-        if subprocess.run(mount, stderr=subprocess.DEVNULL, check=False).returncode != 0:
-            self.skipTest('a small disk can be mounted by root alone')
-        self.addCleanup(subprocess.run, ['umount', '--lazy', folder], check=True)
-        old = self.put_settings(Filler='x' * 20_000)
-        with self.assertRaises(OSError), open(folder + '/filler', 'wb', buffering=0) as filler:
-            while True:
-                filler.write(bytes(4096))
-        self.copy_picture()
-        run, _ = self.start()
-        self.scales(run, 326, 244, 'Right')
-        self.assertEqual(self.settings_bytes(), old)
-        self.assertEqual(sorted(os.listdir(folder)), ['Morvantile Preferences', 'filler'])
-
     def test_out_of_memory_ends_clearly_with_everything_as_it_was(self):
         original = self.copy_picture(4000, 3000)
         for kilobytes in (20_000, 60_000, 100_000, 150_000, 200_000, 250_000, 300_000, 400_000):

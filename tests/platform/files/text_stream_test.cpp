@@ -2,20 +2,17 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
-#include <sys/wait.h>
 #include <sys/xattr.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
 #include <iterator>
 #include <new>
-#include <random>
 #include <string>
 #include <utility>
 #include <vector>
@@ -30,7 +27,7 @@
 namespace {
 
 // What happens from then on when `until_fault` has counted down to zero; below zero, nothing does.
-enum class Fault { kMemoryRunsOut, kCallFails, kKill };
+enum class Fault { kMemoryRunsOut, kCallFails };
 thread_local Fault fault;
 thread_local int until_fault = -1;
 thread_local bool a_call_has_failed = false;
@@ -44,7 +41,6 @@ bool IsDue() {
 // Whether the call of the file system that is being made fails.
 bool CallFails() {
   if (fault == Fault::kMemoryRunsOut || !IsDue()) return false;
-  if (fault == Fault::kKill) std::raise(SIGKILL);
   errno = EIO;
   return a_call_has_failed = true;
 }
@@ -183,25 +179,6 @@ TEST(Streams, AFaultAtAnyMomentLeavesTheOldFileAndNoDescriptorOpen) {
       }
     }
   }
-}
-
-TEST(TextOutputStream, AKillLeavesTheOldFileOrTheNewOne) {
-  const ScratchFolder folder;
-  const std::string text(300'000, 'x');
-  const Ref<FolderItem> file = folder.Put("a", "old");
-  int calls = 0;
-  for (int status = -1; status != 0; ++calls) {
-    const pid_t writer = fork();
-    if (writer == 0) {
-      fault = Fault::kKill;
-      until_fault = calls;
-      _exit(WriteText(file, text) ? 0 : 1);
-    }
-    ASSERT_EQ(waitpid(writer, &status, 0), writer);
-    EXPECT_TRUE(status == 0 || WIFSIGNALED(status));
-    EXPECT_TRUE(folder.Content("a") == (status == 0 ? text : "old")) << calls;
-  }
-  EXPECT_GT(calls, 6) << "three writes, a sync, a link and a renaming";
 }
 
 TEST(TextOutputStream, WritesAPrivateFileThatAppearsOnClose) {

@@ -1,27 +1,11 @@
 #include "platform/imaging/workers.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <set>
 
 namespace morvantile {
 namespace {
-
-TEST(Workers, EachCallHasANumberOfItsOwn) {
-  Workers workers(3);
-  std::mutex mutex;
-  std::set<int> numbers;
-  std::atomic<int> arrived{0};
-  workers.Run(2, [&](int number) {
-    arrived.fetch_add(1);
-    while (arrived < 3) std::this_thread::yield();
-    const std::lock_guard lock(mutex);
-    numbers.insert(number);
-  });
-  EXPECT_THAT(numbers, testing::ElementsAre(0, 1, 2));
-}
 
 TEST(Workers, ACallDuringAnotherOrWithoutThreadsIsDoneAlone) {
   std::atomic<int> calls{0};
