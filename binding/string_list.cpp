@@ -28,7 +28,6 @@ void plistDict::SetList(std::string_view key, const std::vector<std::string>& li
   const std::string kept(key);
   if (Exists(kept)) Remove(kept, true);
   if (!AddArray(kept)) return;
-  searched.SetValue(kept, false);
   AppendRange(*children.back(), list, first, last);
 }
 

@@ -1,6 +1,7 @@
 #include "plist/xml/reader.h"
 
 #include <algorithm>
+#include <cstring>
 #include <utility>
 
 #include "platform/core/background.h"
@@ -89,6 +90,24 @@ bool IsEmptyDict(std::string_view line) {
          SameText(line, "<dict/>");
 }
 
+// Whether the line is an element of that name, as the writer lays it out, whose text holds neither
+// a tag nor an entity; then that is in `text`.
+template <std::size_t kSize>
+inline bool IsUsual(std::string_view line, const char (&name)[kSize], std::string_view& text) {
+  constexpr std::size_t kName = kSize - 1;
+  constexpr std::size_t kOpening = kName + 2;
+  constexpr std::size_t kClosing = kName + 3;
+  if (line.size() < kOpening + kClosing) return false;
+  const char* const begin = line.data();
+  const char* const end = begin + line.size() - kClosing;
+  if (begin[kOpening - 1] != '>' || end[0] != '<' || end[1] != '/' || end[kClosing - 1] != '>' ||
+      std::memcmp(begin + 1, name, kName) != 0 || std::memcmp(end + 2, name, kName) != 0) {
+    return false;
+  }
+  text = line.substr(kOpening, line.size() - kOpening - kClosing);
+  return !HasEither(text, '<', '&');
+}
+
 }  // namespace
 
 void plistDict::Load(TextInputStream* stream, std::string_view own_name, bool as_array,
@@ -150,9 +169,52 @@ void Reader::ReadLine(Activation& in) {
   std::string_view line;
   stream_.ReadLine(line);
   in.fields = WithoutLeadingBlanks(line);
-  in.has_fields = true;
+  in.has_fields = in.in_value || !ReadUsualLine(in, in.fields);
   if (!in.kept_fields.empty()) in.kept_fields = std::string();
   RuntimeBackgroundTask();
+}
+
+// A shortcut for the lines that most files consist of, a key or a scalar on one line, with the same
+// result as ReadField. Returns whether the line was one.
+bool Reader::ReadUsualLine(Activation& in, std::string_view line) {
+  if (line.size() < 2 || line[0] != '<') return false;
+  std::string_view text;
+  switch (line[1]) {
+    case 'k':
+      if (!IsUsual(line, "key", text)) return false;
+      RuntimeBackgroundTask();
+      in.key = text;
+      in.node->entries_.Listed().Expect(text);
+      return true;
+    case 's':
+      if (!IsUsual(line, "string", text)) return false;
+      ReadUsualScalar(in, TypeWord::kString, text);
+      return true;
+    case 'i':
+      if (!IsUsual(line, "integer", text)) return false;
+      ReadUsualScalar(in, TypeWord::kInteger, text);
+      return true;
+    case 'r':
+      if (!IsUsual(line, "real", text)) return false;
+      ReadUsualScalar(in, TypeWord::kReal, text);
+      return true;
+    case 'd':
+      if (!IsUsual(line, "date", text)) return false;
+      ReadUsualScalar(in, TypeWord::kDate, text);
+      return true;
+    default:
+      return false;
+  }
+}
+
+void Reader::ReadUsualScalar(Activation& in, TypeWord::Known type, std::string_view text) {
+  RuntimeBackgroundTask();
+  in.self_closed = false;
+  in.type = TypeWord(type);
+  Entry& entry = in.node->entries_.List(in.key);
+  entry.SetScalarType(type);
+  entry.SetText(text);
+  in.value = text;
 }
 
 void Reader::ReadField(Activation& in) {
