@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <limits>
 #include <utility>
 #include <vector>
@@ -17,10 +18,12 @@ constexpr std::string_view kMagic = "bplist";
 constexpr std::string_view kHeader = "bplist00";
 constexpr std::size_t kTrailerSize = 32;
 
+// The number in 1 to 8 bytes, the most significant first. Eight are read: all numbers lie in front
+// of the trailer or at most at its end.
 std::uint64_t NumberOf(std::string_view bytes) {
   std::uint64_t number = 0;
-  for (const char byte : bytes) number = (number << 8U) | static_cast<unsigned char>(byte);
-  return number;
+  std::memcpy(&number, bytes.data(), sizeof number);
+  return __builtin_bswap64(number) >> (8 * (sizeof number - bytes.size()));
 }
 
 // Whether the last byte may have been added by a program that handled the file as text.
@@ -103,6 +106,8 @@ bool BinaryReader::ReadTrailer() {
   offsets_ = content_.substr(table, count * offset_width_);
   content_ = content_.substr(0, end);
   index_of_.assign(count, kUnseen);
+  numbers_.reserve(count);
+  document_.objects.reserve(count);
   return true;
 }
 
