@@ -1,7 +1,7 @@
 #include "platform/core/date.h"
 
 #include <algorithm>
-#include <array>
+#include <chrono>
 #include <ctime>
 #include <optional>
 #include <string>
@@ -28,38 +28,6 @@ void Carry(std::int64_t& low, std::int64_t& high, std::int64_t size) {
   high += surplus;
 }
 
-// The two conversions count days from 1 March of the year 0, so that a leap day ends its year.
-// Source: H. Hinnant, "chrono-Compatible Low-Level Date Algorithms".
-constexpr std::int64_t kYearsOfEra = 400;
-constexpr std::int64_t kDaysOfEra = 146097;
-
-struct YearMonthDay {
-  std::int64_t year;
-  std::int64_t month;
-  std::int64_t day;
-};
-
-std::int64_t DaysBefore(std::int64_t year, std::int64_t month) {
-  if (month <= 2) --year;
-  const std::int64_t era = FloorOfQuotient(year, kYearsOfEra);
-  const std::int64_t year_of_era = year - era * kYearsOfEra;
-  const std::int64_t day_of_year = (153 * (month + (month > 2 ? -3 : 9)) + 2) / 5;
-  return era * kDaysOfEra + year_of_era * 365 + year_of_era / 4 - year_of_era / 100 + day_of_year;
-}
-
-YearMonthDay DayAfter(std::int64_t days) {
-  const std::int64_t era = FloorOfQuotient(days, kDaysOfEra);
-  const std::int64_t day_of_era = days - era * kDaysOfEra;
-  const std::int64_t year_of_era =
-      (day_of_era - day_of_era / 1460 + day_of_era / 36524 - day_of_era / 146096) / 365;
-  const std::int64_t day_of_year =
-      day_of_era - (365 * year_of_era + year_of_era / 4 - year_of_era / 100);
-  const std::int64_t month_from_march = (5 * day_of_year + 2) / 153;
-  const std::int64_t month = month_from_march < 10 ? month_from_march + 3 : month_from_march - 9;
-  const std::int64_t year = year_of_era + era * kYearsOfEra + (month <= 2 ? 1 : 0);
-  return {year, month, day_of_year - (153 * month_from_march + 2) / 5 + 1};
-}
-
 std::optional<std::int64_t> WholeNumber(std::string_view text) {
   const bool has_other = text.find_first_not_of("0123456789 \t\r\n") != std::string_view::npos;
   if (has_other || !ReadsAsNumber(text)) return std::nullopt;
@@ -77,14 +45,8 @@ Date::Date() : Date(1970, 1, 1) {
 }
 
 Date::Date(std::int64_t year, std::int64_t month, std::int64_t day, std::int64_t hour,
-           std::int64_t minute, std::int64_t second)
-    : year_(Bounded(year)),
-      month_(Bounded(month)),
-      day_(Bounded(day)),
-      hour_(Bounded(hour)),
-      minute_(Bounded(minute)),
-      second_(Bounded(second)) {
-  CarryOver();
+           std::int64_t minute, std::int64_t second) {
+  Set(year, month, day, hour, minute, second);
 }
 
 void Date::SetYear(std::int64_t year) { Set(year, month_, day_, hour_, minute_, second_); }
@@ -110,16 +72,26 @@ void Date::Set(std::int64_t year, std::int64_t month, std::int64_t day, std::int
   CarryOver();
 }
 
+// The calendar repeats itself every 400 years, and a chrono::year holds a few thousand, so what goes
+// beyond 400 years is set aside meanwhile.
 void Date::CarryOver() {
+  constexpr std::int64_t kYears = 400;
+  constexpr std::int64_t kDays = 146097;  // in 400 years
   Carry(second_, minute_, 60);
   Carry(minute_, hour_, 60);
   Carry(hour_, day_, 24);
   std::int64_t month_from_zero = month_ - 1;
   Carry(month_from_zero, year_, 12);
-  const YearMonthDay date = DayAfter(DaysBefore(year_, month_from_zero + 1) + day_ - 1);
-  year_ = date.year;
-  month_ = date.month;
-  day_ = date.day;
+  std::int64_t eras = 0;
+  Carry(year_, eras, kYears);
+  Carry(day_, eras, kDays);
+  const std::chrono::year_month_day date(
+      std::chrono::sys_days(std::chrono::year(static_cast<int>(year_)) /
+                            static_cast<int>(month_from_zero + 1) / 1) +
+      std::chrono::days(day_ - 1));
+  year_ = static_cast<int>(date.year()) + eras * kYears;
+  month_ = static_cast<unsigned>(date.month());
+  day_ = static_cast<unsigned>(date.day());
 }
 
 bool ParseDate(std::string_view text, Date& date) {

@@ -50,12 +50,12 @@ class MORVANTILE_API Date : public Object {
  private:
   void CarryOver();
 
-  std::int64_t year_;
-  std::int64_t month_;
-  std::int64_t day_;
-  std::int64_t hour_;
-  std::int64_t minute_;
-  std::int64_t second_;
+  std::int64_t year_ = 0;
+  std::int64_t month_ = 0;
+  std::int64_t day_ = 0;
+  std::int64_t hour_ = 0;
+  std::int64_t minute_ = 0;
+  std::int64_t second_ = 0;
 };
 
 // Sets `date` to midnight of the day that `text` names by month, day and year, in this order: three

@@ -88,16 +88,10 @@ bool FileReplacement::CreateFile() {
 }
 
 bool FileReplacement::CreateNamedFile() {
-  for (int i = 0; i < kMostNames; ++i) {
-    std::string name = UnpredictableNameIn(FolderOf(target_));
-    file_ = open(name.c_str(), O_CREAT | O_EXCL | O_NOFOLLOW | O_WRONLY | O_CLOEXEC, kPrivate);
-    if (file_ >= 0) {
-      new_name_ = std::move(name);
-      return true;
-    }
-    if (errno != EEXIST) return false;
-  }
-  return false;
+  return TakeNewName([&](const char* name) {
+    file_ = open(name, O_CREAT | O_EXCL | O_NOFOLLOW | O_WRONLY | O_CLOEXEC, kPrivate);
+    return file_ >= 0;
+  });
 }
 
 void FileReplacement::KeepAttributes() {
@@ -125,9 +119,17 @@ bool FileReplacement::Commit() {
 
 bool FileReplacement::LinkUnderNewName() {
   const std::string open_file = PathOfOpenFile(file_);
+  return TakeNewName([&](const char* name) {
+    return linkat(AT_FDCWD, open_file.c_str(), AT_FDCWD, name, AT_SYMLINK_FOLLOW) == 0;
+  });
+}
+
+// Tries unpredictable names until `make` makes a file of one that did not exist.
+template <typename Make>
+bool FileReplacement::TakeNewName(const Make& make) {
   for (int i = 0; i < kMostNames; ++i) {
     std::string name = UnpredictableNameIn(FolderOf(target_));
-    if (linkat(AT_FDCWD, open_file.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) == 0) {
+    if (make(name.c_str())) {
       new_name_ = std::move(name);
       return true;
     }

@@ -16,6 +16,7 @@
 #include "platform/core/owned_descriptor.h"
 #include "platform/files/file_replacement.h"
 #include "platform/files/private_folder.h"
+#include "platform/text/text.h"
 
 namespace morvantile {
 namespace {
@@ -77,17 +78,7 @@ Ref<FolderItem> FolderItem::Child(std::string_view name) const {
 
 std::string FolderItem::AbsolutePath() const { return path_; }
 
-std::string FolderItem::ShellPath() const {
-  std::string quoted = "'";
-  for (const char byte : path_) {
-    if (byte == '\'') {
-      quoted += "'\\''";
-    } else {
-      quoted += byte;
-    }
-  }
-  return quoted += '\'';
-}
+std::string FolderItem::ShellPath() const { return "'" + ReplaceAll(path_, "'", "'\\''") + "'"; }
 
 bool FolderItem::CopyFileTo(const Ref<FolderItem>& destination) const {
   return CopyTo(*destination, Links::kReplace);

@@ -49,8 +49,7 @@ class BinaryReader {
   bool ReadDate(Object& object);
   bool ReadBytes(unsigned marker, Object& object);
   bool ReadUid(unsigned marker, Object& object);
-  bool ReadArray(unsigned marker, Object& object);
-  bool ReadDict(unsigned marker, Object& object);
+  bool ReadContainer(unsigned marker, Kind kind, std::size_t parts, Object& object);
   bool ReadSize(unsigned marker, std::size_t unit, std::size_t& size);
   bool ReadReference(ObjectIndex& index);
   bool KeysAreTexts();
@@ -152,9 +151,9 @@ bool BinaryReader::ReadByMarker(unsigned marker, Object& object) {
     case 0xA:
     case 0xB:
     case 0xC:
-      return ReadArray(marker, object);
+      return ReadContainer(marker, Kind::kArray, 1, object);
     case 0xD:
-      return ReadDict(marker, object);
+      return ReadContainer(marker, Kind::kDict, 2, object);
     default:
       break;
   }
@@ -232,30 +231,18 @@ bool BinaryReader::ReadUid(unsigned marker, Object& object) {
   return true;
 }
 
-bool BinaryReader::ReadArray(unsigned marker, Object& object) {
+// `parts` is 1 for an array; for a dict it is 2, since all keys come before all values.
+bool BinaryReader::ReadContainer(unsigned marker, Kind kind, std::size_t parts, Object& object) {
   std::size_t size = 0;
-  if (!ReadSize(marker, reference_width_, size)) return false;
+  if (!ReadSize(marker, parts * reference_width_, size)) return false;
   const std::size_t first = document_.references.size();
-  document_.references.resize(first + size);
-  for (std::size_t i = 0; i < size; ++i) {
-    if (!ReadReference(document_.references[first + i])) return false;
+  document_.references.resize(first + parts * size);
+  for (std::size_t part = 0; part < parts; ++part) {
+    for (std::size_t i = 0; i < size; ++i) {
+      if (!ReadReference(document_.references[first + parts * i + part])) return false;
+    }
   }
-  object = Object::Container(Kind::kArray, first, size);
-  return true;
-}
-
-bool BinaryReader::ReadDict(unsigned marker, Object& object) {
-  std::size_t size = 0;
-  if (!ReadSize(marker, 2 * reference_width_, size)) return false;
-  const std::size_t first = document_.references.size();
-  document_.references.resize(first + 2 * size);
-  for (std::size_t i = 0; i < size; ++i) {
-    if (!ReadReference(document_.references[first + 2 * i])) return false;
-  }
-  for (std::size_t i = 0; i < size; ++i) {
-    if (!ReadReference(document_.references[first + 2 * i + 1])) return false;
-  }
-  object = Object::Container(Kind::kDict, first, 2 * size);
+  object = Object::Container(kind, first, parts * size);
   return true;
 }
 

@@ -10,6 +10,7 @@
 
 #include "platform/plutil/equal_scalars.h"
 #include "platform/plutil/unicode.h"
+#include "platform/text/characters.h"
 
 namespace morvantile::plutil {
 namespace {
@@ -38,9 +39,7 @@ class BinaryWriter {
   void WriteReal(const Object& object);
   bool WriteText(std::string_view text);
   void WriteUid(std::uint64_t number);
-  void WriteReferences(const Object& array);
-  void WriteKeysAndValues(const Object& dict);
-  void WriteReference(ObjectIndex index);
+  void WriteContainer(unsigned type, std::size_t parts, const Object& container);
   void WriteMarker(unsigned type, std::size_t size);
   void WriteOffsets();
   void WriteTrailer(std::uint64_t table);
@@ -115,10 +114,10 @@ bool BinaryWriter::WriteObject(const Object& object) {
     case Kind::kText:
       return WriteText(object.AsBytes());
     case Kind::kArray:
-      WriteReferences(object);
+      WriteContainer(0xA, 1, object);
       break;
     case Kind::kDict:
-      WriteKeysAndValues(object);
+      WriteContainer(0xD, 2, object);
       break;
   }
   return true;
@@ -162,20 +161,15 @@ void BinaryWriter::WriteUid(std::uint64_t number) {
   output_.AppendNumber(number, width);
 }
 
-void BinaryWriter::WriteReferences(const Object& array) {
-  WriteMarker(0xA, array.Size());
-  for (const ObjectIndex index : document_.ReferencesOf(array)) WriteReference(index);
-}
-
-void BinaryWriter::WriteKeysAndValues(const Object& dict) {
-  const auto references = document_.ReferencesOf(dict);
-  WriteMarker(0xD, references.size() / 2);
-  for (std::size_t i = 0; i < references.size(); i += 2) WriteReference(references[i]);
-  for (std::size_t i = 1; i < references.size(); i += 2) WriteReference(references[i]);
-}
-
-void BinaryWriter::WriteReference(ObjectIndex index) {
-  output_.AppendNumber(number_of_[index], reference_width_);
+// `parts` is 1 for an array; for a dict it is 2, since all keys come before all values.
+void BinaryWriter::WriteContainer(unsigned type, std::size_t parts, const Object& container) {
+  const auto references = document_.ReferencesOf(container);
+  WriteMarker(type, references.size() / parts);
+  for (std::size_t part = 0; part < parts; ++part) {
+    for (std::size_t i = part; i < references.size(); i += parts) {
+      output_.AppendNumber(number_of_[references[i]], reference_width_);
+    }
+  }
 }
 
 void BinaryWriter::WriteMarker(unsigned type, std::size_t size) {

@@ -4,11 +4,14 @@
 #include <array>
 #include <bit>
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 #include <utility>
 
 #include "platform/plutil/unicode.h"
 #include "platform/plutil/xml_scanner.h"
+#include "platform/text/characters.h"
+#include "platform/text/folding.h"
 
 namespace morvantile::plutil {
 namespace {
@@ -34,19 +37,19 @@ std::string DeclaredEncoding(std::string& content) {
 }
 
 bool IsAnyOf(std::string_view name, std::initializer_list<std::string_view> names) {
-  return std::ranges::any_of(names, [&](auto known) { return EqualWithoutCase(name, known); });
+  return std::ranges::any_of(names, [&](auto known) { return SameText(name, known); });
 }
 
 // The characters of windows-1252 from 80 to 9F; those that it leaves open are as in ISO-8859-1, as
 // the WHATWG's encoding standard has them.
-constexpr std::array<char32_t, 32> kWindows1252 = {
+constexpr std::array<std::uint32_t, 32> kWindows1252 = {
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
-char32_t FromLatin1(unsigned char byte) { return byte; }
+std::uint32_t FromLatin1(unsigned char byte) { return byte; }
 
-char32_t FromWindows1252(unsigned char byte) {
+std::uint32_t FromWindows1252(unsigned char byte) {
   return byte >= 0x80 && byte < 0xA0 ? kWindows1252[byte - std::size_t{0x80}] : byte;
 }
 
@@ -54,7 +57,7 @@ template <typename Decode>
 std::string Utf8FromBytes(std::string_view bytes, const Decode& decode) {
   std::string text;
   text.reserve(bytes.size());
-  for (const char byte : bytes) AppendUtf8(decode(static_cast<unsigned char>(byte)), text);
+  for (const char byte : bytes) AppendCharacter(decode(static_cast<unsigned char>(byte)), text);
   return text;
 }
 

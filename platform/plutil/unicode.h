@@ -10,13 +10,8 @@
 
 namespace morvantile::plutil {
 
-bool IsAscii(std::string_view text);
-
 // Whether `text` is sound UTF-8: overlong forms, surrogates and numbers above 10FFFF are not.
 bool IsUtf8(std::string_view text);
-
-// Whether `text` is `lower`, which is lower-case ASCII, without regard to letter case.
-bool EqualWithoutCase(std::string_view text, std::string_view lower);
 
 // The UTF-16 text `units`, two bytes each in the order `order`, as UTF-8; or nothing if it ends
 // within a unit or half a surrogate pair is in it.
@@ -25,9 +20,6 @@ std::optional<std::string> Utf8FromUtf16(std::string_view units, std::endian ord
 // The UTF-8 text `text` as UTF-16, the more significant byte first; or nothing if it is not sound
 // UTF-8.
 std::optional<std::string> Utf16FromUtf8(std::string_view text);
-
-// Adds the UTF-8 form of `code_point`, which is at most 10FFFF.
-void AppendUtf8(char32_t code_point, std::string& text);
 
 }  // namespace morvantile::plutil
 

@@ -11,9 +11,9 @@
 
 #include "platform/plutil/encoding.h"
 #include "platform/plutil/scalar_text.h"
-#include "platform/plutil/unicode.h"
 #include "platform/plutil/xml_scanner.h"
 #include "platform/plutil/xml_text.h"
+#include "platform/text/folding.h"
 
 namespace morvantile::plutil {
 namespace {
@@ -50,10 +50,7 @@ constexpr std::string_view kNotAlone = "not a property list: there is not just o
 
 Element ElementOf(std::string_view name) {
   for (const auto& [known, element] : kElements) {
-    if (name == known) return element;
-  }
-  for (const auto& [known, element] : kElements) {
-    if (EqualWithoutCase(name, known)) return element;
+    if (SameText(name, known)) return element;
   }
   return Element::kUnknown;
 }
@@ -146,7 +143,7 @@ void XmlReader::MakeRoom() {
 bool XmlReader::ReadFile() {
   if (!NextTag(kNotAlone)) return false;
   const bool is_in_plist =
-      scanner_.Is() == Markup::kStartTag && EqualWithoutCase(scanner_.Name(), "plist");
+      scanner_.Is() == Markup::kStartTag && SameText(scanner_.Name(), "plist");
   if (is_in_plist && !NextTag(kNotAlone)) return false;
   if (!IsAtElement()) return Fail(kNotAlone);
   return ReadTree() && (!is_in_plist || ExpectAlone(Markup::kEndTag)) && ExpectAlone(Markup::kEnd);

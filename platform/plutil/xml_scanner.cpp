@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <cstring>
 
-#include "platform/plutil/unicode.h"
+#include "platform/text/folding.h"
 
 namespace morvantile::plutil {
 namespace {
@@ -91,7 +91,7 @@ bool XmlScanner::TakeInstruction() {
   ++at_;
   const std::string_view target = TakeName();
   if (target.empty()) return Fail("a processing instruction without a target");
-  if (EqualWithoutCase(target, "xml")) return TakeXmlDeclaration();
+  if (SameText(target, "xml")) return TakeXmlDeclaration();
   return SkipPast("?>") ? Found(Markup::kOther) : Fail("a processing instruction is not closed");
 }
 

@@ -8,7 +8,7 @@
 #include <system_error>
 #include <utility>
 
-#include "platform/plutil/unicode.h"
+#include "platform/text/characters.h"
 
 namespace morvantile::plutil {
 namespace {
@@ -119,12 +119,11 @@ bool EntityDecoder::DecodeCharacter(std::string_view reference) {
     Put("&", 1);
     return true;
   }
-  const bool is_surrogate = code_point >= 0xD800 && code_point < 0xE000;
-  if (error != std::errc() || code_point == 0 || code_point > 0x10FFFF || is_surrogate) {
+  if (error != std::errc() || code_point == 0 || !IsCodePoint(code_point)) {
     return Fail("a reference to a character that does not exist");
   }
   std::string character;
-  AppendUtf8(code_point, character);
+  AppendCharacter(code_point, character);
   Put(character, static_cast<std::size_t>(end - reference.begin()) + 3);
   return true;
 }

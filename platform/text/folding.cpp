@@ -3,8 +3,9 @@
 #include <utf8proc.h>
 
 #include <array>
-#include <cstring>
-#include <random>
+
+#include "platform/core/byte_hash.h"
+#include "platform/text/characters.h"
 
 namespace morvantile {
 namespace {
@@ -12,8 +13,6 @@ namespace {
 constexpr std::uint64_t kHighBits = 0x8080808080808080;
 
 char FoldedAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
-
-bool IsAscii(char c) { return static_cast<unsigned char>(c) < 0x80; }
 
 // The full folding where that is one character, else the lower-case form: of the letters whose full
 // folding is longer, those with a simple folding have just that one, and the others have none but
@@ -28,20 +27,6 @@ std::uint32_t FoldedCode(std::uint32_t code) {
       utf8proc_decompose_char(point, folded.data(), static_cast<utf8proc_ssize_t>(folded.size()),
                               UTF8PROC_CASEFOLD, &last_class);
   return static_cast<std::uint32_t>(length == 1 ? folded[0] : utf8proc_tolower(point));
-}
-
-void AppendFolded(std::string& result, std::string_view text, Character character, std::size_t at) {
-  const std::uint32_t folded = FoldedCode(character.code);
-  if (folded == character.code) {
-    result.append(text, at, character.length);
-    return;
-  }
-  std::array<utf8proc_uint8_t, 4> bytes{};
-  const utf8proc_ssize_t length =
-      utf8proc_encode_char(static_cast<utf8proc_int32_t>(folded), bytes.data());
-  for (utf8proc_ssize_t i = 0; i < length; ++i) {
-    result += static_cast<char>(bytes[static_cast<std::size_t>(i)]);
-  }
 }
 
 // How much of two texts, from their beginning, has the same folding.
@@ -70,13 +55,6 @@ Common CommonFolding(std::string_view a, std::string_view b) {
   return common;
 }
 
-template <typename Word>
-std::uint64_t Load(const char* bytes) {
-  Word word;
-  std::memcpy(&word, bytes, sizeof word);
-  return word;
-}
-
 // The capital ASCII letters among the eight bytes in small; the other bytes stay.
 std::uint64_t FoldedAsciiWord(std::uint64_t word) {
   constexpr std::uint64_t kOnes = 0x0101010101010101;
@@ -86,64 +64,7 @@ std::uint64_t FoldedAsciiWord(std::uint64_t word) {
   return word | ((~word & (from_a ^ above_z) & kHighBits) >> 2);
 }
 
-std::uint64_t Mixed(std::uint64_t a, std::uint64_t b) {
-  __extension__ using Product = unsigned __int128;
-  const Product product = static_cast<Product>(a) * b;
-  return static_cast<std::uint64_t>(product) ^ static_cast<std::uint64_t>(product >> 64);
-}
-
-std::uint64_t Seed() {
-  static const std::uint64_t seed = [] {
-    std::random_device random;
-    return (std::uint64_t{random()} << 32) | random();
-  }();
-  return seed;
-}
-
-struct AsciiHash {
-  std::uint32_t hash;
-  bool is_ascii;
-};
-
-// The hash of `text` with its capital ASCII letters in small, after the manner of wyhash: sixteen
-// bytes at a time, the last of them once more where the length is no multiple.
-AsciiHash HashOfAsciiFolding(std::string_view text) {
-  constexpr std::uint64_t kFactor = 0x9E3779B97F4A7C15;
-  const char* bytes = text.data();
-  std::size_t left = text.size();
-  std::uint64_t state = Seed() ^ left;
-  std::uint64_t seen = 0;
-  const auto add = [&](std::uint64_t first, std::uint64_t second) {
-    seen |= first | second;
-    state = Mixed(state ^ FoldedAsciiWord(first), kFactor ^ FoldedAsciiWord(second));
-  };
-  for (; left > 16; left -= 16, bytes += 16) {
-    add(Load<std::uint64_t>(bytes), Load<std::uint64_t>(bytes + 8));
-  }
-  if (left >= 8) {
-    add(Load<std::uint64_t>(bytes), Load<std::uint64_t>(bytes + left - 8));
-  } else if (left >= 4) {
-    add(Load<std::uint32_t>(bytes), Load<std::uint32_t>(bytes + left - 4));
-  } else if (left > 0) {
-    add(Load<std::uint8_t>(bytes) | Load<std::uint8_t>(bytes + left / 2) << 8,
-        Load<std::uint8_t>(bytes + left - 1));
-  }
-  state = Mixed(state, kFactor);
-  return {static_cast<std::uint32_t>(state ^ (state >> 32)), (seen & kHighBits) == 0};
-}
-
 }  // namespace
-
-Character CharacterAt(std::string_view text, std::size_t at) {
-  const auto byte = static_cast<unsigned char>(text[at]);
-  if (byte < 0x80) return {byte, 1};
-  utf8proc_int32_t code = 0;
-  const utf8proc_ssize_t length =
-      utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data()) + at,
-                       static_cast<utf8proc_ssize_t>(text.size() - at), &code);
-  if (length <= 0) return {kStrayByte + byte, 1};
-  return {static_cast<std::uint32_t>(code), static_cast<std::size_t>(length)};
-}
 
 std::string Folded(std::string_view text) {
   std::string result;
@@ -153,7 +74,12 @@ std::string Folded(std::string_view text) {
       result += FoldedAscii(text[at++]);
     } else {
       const Character character = CharacterAt(text, at);
-      AppendFolded(result, text, character, at);
+      const std::uint32_t folded = FoldedCode(character.code);
+      if (folded == character.code) {
+        result.append(text, at, character.length);
+      } else {
+        AppendCharacter(folded, result);
+      }
       at += character.length;
     }
   }
@@ -171,8 +97,13 @@ std::size_t LengthOfFoldedPrefix(std::string_view text, std::string_view part) {
 }
 
 std::uint32_t HashOfText(std::string_view text) {
-  const AsciiHash ascii = HashOfAsciiFolding(text);
-  return ascii.is_ascii ? ascii.hash : HashOfAsciiFolding(Folded(text)).hash;
+  std::uint64_t seen = 0;
+  const auto fold = [&](std::uint64_t word) {
+    seen |= word;
+    return FoldedAsciiWord(word);
+  };
+  const std::uint32_t hash = HashOfBytes(text, fold);
+  return (seen & kHighBits) == 0 ? hash : HashOfBytes(Folded(text), fold);
 }
 
 }  // namespace morvantile

@@ -10,18 +10,6 @@
 
 namespace morvantile {
 
-// A character of a text in UTF-8. A byte that is no part of valid UTF-8 counts as one character of
-// its own, whose code is kStrayByte more than the byte.
-struct Character {
-  std::uint32_t code;
-  std::size_t length;  // in bytes
-};
-
-inline constexpr std::uint32_t kStrayByte = 0x110000;
-
-// The character that begins at byte `at` of `text`, which must lie inside it.
-Character CharacterAt(std::string_view text, std::size_t at);
-
 // `text` in lower case, roughly: the simple case folding of Unicode (CaseFolding.txt, the mappings
 // C and S), which is the same for all cases of a letter. It maps one character to one, so that "ß"
 // stays "ß" and differs from "ss". Stray bytes stay as they are.

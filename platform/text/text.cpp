@@ -1,11 +1,8 @@
 #include "platform/text/text.h"
 
-#include <utf8proc.h>
-
 #include <algorithm>
-#include <array>
 
-#include "platform/text/folding.h"
+#include "platform/text/characters.h"
 #include "platform/text/text_search.h"
 
 namespace morvantile {
@@ -84,12 +81,9 @@ std::string ReplaceAll(std::string_view text, std::string_view part, std::string
 }
 
 std::string Chr(std::int64_t code) {
-  if (code < 0 || code > 0x10FFFF) return "";
-  const auto point = static_cast<utf8proc_int32_t>(code);
-  if (!utf8proc_codepoint_valid(point)) return "";
-  std::array<utf8proc_uint8_t, 4> bytes{};
-  const utf8proc_ssize_t length = utf8proc_encode_char(point, bytes.data());
-  return {bytes.begin(), bytes.begin() + length};
+  std::string text;
+  if (IsCodePoint(code)) AppendCharacter(static_cast<std::uint32_t>(code), text);
+  return text;
 }
 
 std::int64_t Asc(std::string_view text) {

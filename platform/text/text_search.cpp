@@ -1,9 +1,9 @@
 #include "platform/text/text_search.h"
 
-#include <algorithm>
 #include <array>
 #include <cstring>
 
+#include "platform/text/characters.h"
 #include "platform/text/folding.h"
 
 namespace morvantile {
@@ -92,10 +92,7 @@ void Occurrences::WalkTo(Place& place, std::size_t folded) const {
 }
 
 TextPattern::TextPattern(std::string_view part)
-    : part_(part),
-      folded_part_(Folded(part)),
-      is_ascii_(std::all_of(folded_part_.begin(), folded_part_.end(),
-                            [](char c) { return static_cast<unsigned char>(c) < 0x80; })) {}
+    : part_(part), folded_part_(Folded(part)), is_ascii_(IsAscii(folded_part_)) {}
 
 bool TextPattern::OccursIn(std::string_view text) const {
   if (part_.empty()) return true;

@@ -39,12 +39,6 @@ struct Entry {
     has_type = true;
     is_container = type.IsContainer();
   }
-  // As SetType, for the word of a scalar.
-  void SetScalarType(TypeWord::Known known) {
-    type = TypeWord(known);
-    has_type = true;
-    is_container = false;
-  }
   void SetText(std::string_view value) {
     text.Assign(value);
     has_text = true;

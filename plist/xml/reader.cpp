@@ -1,7 +1,6 @@
 #include "plist/xml/reader.h"
 
 #include <algorithm>
-#include <cstring>
 #include <utility>
 
 #include "platform/core/background.h"
@@ -90,22 +89,24 @@ bool IsEmptyDict(std::string_view line) {
          SameText(line, "<dict/>");
 }
 
-// Whether the line is an element of that name, as the writer lays it out, whose text holds neither
-// a tag nor an entity; then that is in `text`.
-template <std::size_t kSize>
-inline bool IsUsual(std::string_view line, const char (&name)[kSize], std::string_view& text) {
-  constexpr std::size_t kName = kSize - 1;
-  constexpr std::size_t kOpening = kName + 2;
-  constexpr std::size_t kClosing = kName + 3;
-  if (line.size() < kOpening + kClosing) return false;
-  const char* const begin = line.data();
-  const char* const end = begin + line.size() - kClosing;
-  if (begin[kOpening - 1] != '>' || end[0] != '<' || end[1] != '/' || end[kClosing - 1] != '>' ||
-      std::memcmp(begin + 1, name, kName) != 0 || std::memcmp(end + 2, name, kName) != 0) {
-    return false;
-  }
-  text = line.substr(kOpening, line.size() - kOpening - kClosing);
+// Whether the line is an element, as the writer lays it out, whose text holds neither a tag nor an
+// entity; then that is in `text`.
+inline bool IsUsual(std::string_view line, std::string_view opening, std::string_view closing,
+                    std::string_view& text) {
+  const std::size_t tags = opening.size() + closing.size();
+  if (line.size() < tags || !line.starts_with(opening) || !line.ends_with(closing)) return false;
+  text = line.substr(opening.size(), line.size() - tags);
   return !HasEither(text, '<', '&');
+}
+
+// The type of the scalar that the line is as the writer lays it out, with its text in `text`; or
+// kNone.
+TypeWord::Known UsualType(std::string_view line, std::string_view& text) {
+  if (IsUsual(line, "<string>", "</string>", text)) return TypeWord::kString;
+  if (IsUsual(line, "<integer>", "</integer>", text)) return TypeWord::kInteger;
+  if (IsUsual(line, "<real>", "</real>", text)) return TypeWord::kReal;
+  if (IsUsual(line, "<date>", "</date>", text)) return TypeWord::kDate;
+  return TypeWord::kNone;
 }
 
 }  // namespace
@@ -177,44 +178,23 @@ void Reader::ReadLine(Activation& in) {
 // A shortcut for the lines that most files consist of, a key or a scalar on one line, with the same
 // result as ReadField. Returns whether the line was one.
 bool Reader::ReadUsualLine(Activation& in, std::string_view line) {
-  if (line.size() < 2 || line[0] != '<') return false;
   std::string_view text;
-  switch (line[1]) {
-    case 'k':
-      if (!IsUsual(line, "key", text)) return false;
-      RuntimeBackgroundTask();
-      in.key = text;
-      in.node->entries_.Listed().Expect(text);
-      return true;
-    case 's':
-      if (!IsUsual(line, "string", text)) return false;
-      ReadUsualScalar(in, TypeWord::kString, text);
-      return true;
-    case 'i':
-      if (!IsUsual(line, "integer", text)) return false;
-      ReadUsualScalar(in, TypeWord::kInteger, text);
-      return true;
-    case 'r':
-      if (!IsUsual(line, "real", text)) return false;
-      ReadUsualScalar(in, TypeWord::kReal, text);
-      return true;
-    case 'd':
-      if (!IsUsual(line, "date", text)) return false;
-      ReadUsualScalar(in, TypeWord::kDate, text);
-      return true;
-    default:
-      return false;
+  if (IsUsual(line, "<key>", "</key>", text)) {
+    RuntimeBackgroundTask();
+    in.key = text;
+    in.node->entries_.Listed().Expect(text);
+    return true;
   }
-}
-
-void Reader::ReadUsualScalar(Activation& in, TypeWord::Known type, std::string_view text) {
+  const TypeWord::Known type = UsualType(line, text);
+  if (type == TypeWord::kNone) return false;
   RuntimeBackgroundTask();
   in.self_closed = false;
   in.type = TypeWord(type);
   Entry& entry = in.node->entries_.List(in.key);
-  entry.SetScalarType(type);
+  entry.SetType(in.type);
   entry.SetText(text);
   in.value = text;
+  return true;
 }
 
 void Reader::ReadField(Activation& in) {

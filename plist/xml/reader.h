@@ -68,7 +68,6 @@ class Reader {
   void Leave();
   void ReadLine(Activation& in);
   static bool ReadUsualLine(Activation& in, std::string_view line);
-  static void ReadUsualScalar(Activation& in, TypeWord::Known type, std::string_view text);
   void ReadField(Activation& in);
   static plistDict* StepField(Activation& in, std::string_view& line, std::size_t bracket);
   static void ReadKey(Activation& in, std::string_view& line, std::size_t length);
