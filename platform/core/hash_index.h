@@ -30,9 +30,6 @@ class HashIndex {
   // Prefetches the cell where a search for `hash` will begin.
   void Expect(std::uint32_t hash) const { __builtin_prefetch(cells_.data() + (hash & mask_)); }
 
-  // Whether searches are likely to miss the processor's caches.
-  [[nodiscard]] bool IsLarge() const { return cells_.size() > kCellsInCaches; }
-
   // Adds a number that isn't there yet, other than kNone.
   void Add(std::uint32_t hash, std::uint32_t number);
 
@@ -43,8 +40,6 @@ class HashIndex {
   void Reset(std::size_t count);
 
  private:
-  static constexpr std::size_t kCellsInCaches = std::size_t{1} << 17;
-
   struct Cell {
     std::uint32_t hash = 0;
     std::uint32_t number = kNone;

@@ -64,11 +64,6 @@ class Dictionary {
     return at == kNone ? Append(key, hash) : slots_[at].value;
   }
 
-  // Prefetches what a look-up of the key will need.
-  void Expect(std::string_view key) const {
-    if (index_.IsLarge()) index_.Expect(HashOfText(key));
-  }
-
   // Takes the key out and returns true, or returns false if it isn't there.
   bool Remove(std::string_view key);
 

@@ -2,20 +2,12 @@
 
 #include "platform/text/folding.h"
 #include "plist/plistDict.h"
-#include "plist/xml/either_byte.h"
 
 namespace morvantile {
 namespace {
 
 constexpr std::string_view kLess = "&lt;";
 constexpr std::string_view kGreater = "&gt;";
-
-// The place of the first bracket, or the end of the text.
-std::size_t FindBracket(std::string_view text) {
-  std::size_t at = 0;
-  while (at < text.size() && text[at] != '<' && text[at] != '>') ++at;
-  return at;
-}
 
 }  // namespace
 
@@ -31,13 +23,15 @@ std::string plistDict::CodeToBrackets(std::string_view text) const {
   return result;
 }
 
-bool HasBracket(std::string_view text) { return HasEither(text, '<', '>'); }
+bool HasBracket(std::string_view text) {
+  return text.find('<') != std::string_view::npos || text.find('>') != std::string_view::npos;
+}
 
 void AppendEncoded(std::string& result, std::string_view text) {
   while (true) {
-    const std::size_t bracket = FindBracket(text);
+    const std::size_t bracket = text.find_first_of("<>");
     result.append(text, 0, bracket);
-    if (bracket == text.size()) return;
+    if (bracket == std::string_view::npos) return;
     result.append(text[bracket] == '<' ? kLess : kGreater);
     text.remove_prefix(bracket + 1);
   }

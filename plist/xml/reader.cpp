@@ -10,7 +10,6 @@
 #include "platform/text/text_search.h"
 #include "plist/plist.h"
 #include "plist/xml/brackets.h"
-#include "plist/xml/either_byte.h"
 
 namespace morvantile {
 namespace {
@@ -96,7 +95,7 @@ inline bool IsUsual(std::string_view line, std::string_view opening, std::string
   const std::size_t tags = opening.size() + closing.size();
   if (line.size() < tags || !line.starts_with(opening) || !line.ends_with(closing)) return false;
   text = line.substr(opening.size(), line.size() - tags);
-  return !HasEither(text, '<', '&');
+  return text.find('<') == std::string_view::npos && text.find('&') == std::string_view::npos;
 }
 
 // The type of the scalar that the line is as the writer lays it out, with its text in `text`; or
@@ -182,7 +181,6 @@ bool Reader::ReadUsualLine(Activation& in, std::string_view line) {
   if (IsUsual(line, "<key>", "</key>", text)) {
     RuntimeBackgroundTask();
     in.key = text;
-    in.node->entries_.Listed().Expect(text);
     return true;
   }
   const TypeWord::Known type = UsualType(line, text);
@@ -231,7 +229,6 @@ void Reader::ReadKey(Activation& in, std::string_view& line, std::size_t length)
   line.remove_prefix(length);
   line.remove_suffix(LengthOfKeyEnd(line));
   in.key = line;
-  in.node->entries_.Listed().Expect(line);
 }
 
 void Reader::Continue(Activation& in, std::string_view& line) {
