@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "platform/files/text_output_stream.h"
+#include "platform/text/text.h"
 #include "plist/plist.h"
 
 namespace morvantile {
@@ -81,29 +82,36 @@ void String(plist& document, std::int64_t count) {
   document.root->SetString("Text", std::string(static_cast<std::size_t>(count), 'x'));
 }
 
-// The two that the library wouldn't lay out so: it puts each element on a line, behind as many tabs
-// as there are levels.
-void WriteLine(TextOutputStream& out, std::int64_t count) {
-  std::string line;
-  for (std::int64_t i = 0; i < count; ++i) {
-    line.append("<key>Key ").append(std::to_string(i)).append("</key><string>a text</string>");
-  }
-  out.WriteLine(line);
-}
-
-void WriteLevels(TextOutputStream& out, std::int64_t count) {
-  for (std::int64_t i = 0; i < count; ++i) out.Write("<key>Level</key>\n<dict>\n");
-  for (std::int64_t i = 0; i < count; ++i) out.WriteLine("</dict>");
-}
-
-using Write = std::function<void(TextOutputStream&, std::int64_t)>;
-
 using Fill = std::function<void(plist&, std::int64_t)>;
 
 const std::map<std::string, Fill> kFilled = {
     {"records", Records}, {"keys", Keys}, {"numbers", Numbers}, {"string", String}};
 
-const std::map<std::string, Write> kWritten = {{"line", WriteLine}, {"levels", WriteLevels}};
+// A text that the library wouldn't write: `repeated`, with the number in place of "#", and
+// `closing` are in it many times.
+struct Pieces {
+  const char *before, *repeated, *after, *closing;
+};
+
+const std::map<std::string, Pieces> kWritten = {
+    {"line", {"<dict>\n", "<key>Key #</key><string>a text</string>", "\n</dict>\n", ""}},
+    {"levels", {"<dict>\n", "<key>Level</key>\n<dict>\n", "", "</dict>\n"}},
+    {"open levels", {"<dict>\n", "<array>\n", "", ""}},
+    {"long key", {"<dict>\n<key>", "k", "</key>\n<true/>\n", ""}},
+    {"one key", {"<dict>\n", "<key>a</key>\n", "", ""}},
+    {"many keys", {"<dict>\n", "<key>#</key>\n", "", ""}},
+    {"one scalar", {"<dict>\n", "<key>a</key>\n<string>#</string>\n", "", ""}},
+    {"one container", {"<dict>\n", "<key>a</key>\n<dict/>\n", "", ""}},
+    {"headers", {"", "<plist>\n", "", ""}},
+    {"open value", {"<dict>\n<key>a</key>\n<string>\n", "x\n", "", ""}},
+};
+
+void WritePieces(const Pieces& pieces, std::int64_t count, TextOutputStream& out) {
+  out.Write(pieces.before);
+  for (std::int64_t i = 0; i < count; ++i) out.Write(ReplaceAll(pieces.repeated, "#", Str(i)));
+  out.Write(pieces.after);
+  for (std::int64_t i = 0; i < count; ++i) out.Write(pieces.closing);
+}
 
 void CheckWritten(bool written) {
   if (!written) throw std::runtime_error("could not write the document");
@@ -115,9 +123,7 @@ void MakeDocument(const std::string& shape, std::int64_t count, const Ref<Folder
   if (const auto written = kWritten.find(shape); written != kWritten.end()) {
     const Ref<TextOutputStream> out = file->CreateTextFile();
     CheckWritten(out != nullptr);
-    out->Write("<plist version=\"1.0\">\n<dict>\n");
-    written->second(*out, count);
-    out->Write("</dict>\n</plist>\n");
+    WritePieces(written->second, count, *out);
     CheckWritten(out->Close());
     return;
   }

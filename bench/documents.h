@@ -20,6 +20,17 @@ namespace morvantile {
 //   levels   `count` dicts, each in the one before
 //   string   one string of `count` bytes, on one line
 //   line     `count` keys with strings, all of them on one line
+//
+// Made to exhaust a reader:
+//
+//   open levels    `count` arrays that are never closed, each in the one before
+//   long key       a key of `count` bytes
+//   one key        a key `count` times, without a value
+//   many keys      `count` different keys without values
+//   one scalar     a key with a string `count` times
+//   one container  a key with an empty dict `count` times
+//   headers        `count` lines without a <dict>
+//   open value     a string of `count` lines that is never closed
 void MakeDocument(const std::string& shape, std::int64_t count, const Ref<FolderItem>& file);
 
 }  // namespace morvantile

@@ -66,7 +66,7 @@ bool XmlScanner::TakeStartTag() {
   may_be_declared_ = false;
   for (;;) {
     const bool may_be_attribute = SkipBlanks();
-    if (Take('>')) {
+    if (Take(">")) {
       open_.push_back(name_);
       return Found(Markup::kStartTag);
     }
@@ -81,7 +81,7 @@ bool XmlScanner::TakeEndTag() {
   ++at_;
   if (open_.empty() || !Take(open_.back())) return Fail("an end tag closes another element");
   SkipBlanks();
-  if (!Take('>')) return Fail("an end tag is broken");
+  if (!Take(">")) return Fail("an end tag is broken");
   name_ = open_.back();
   open_.pop_back();
   return Found(Markup::kEndTag);
@@ -140,9 +140,9 @@ bool XmlScanner::TakeDocumentType() {
       case '<':
         if (Take("!--")) {
           if (!SkipPast("-->")) return false;
-        } else if (Take('?')) {
+        } else if (Take("?")) {
           if (!SkipPast("?>")) return false;
-        } else if (Take('!')) {
+        } else if (Take("!")) {
           ++depth;
           TakeEntityName();
         } else {
@@ -175,12 +175,6 @@ bool XmlScanner::LiesInText(char character, char*& next) {
   return next < text_.data() + text_.size();
 }
 
-bool XmlScanner::Take(char expected) {
-  if (*at_ != expected) return false;
-  ++at_;
-  return true;
-}
-
 bool XmlScanner::Take(std::string_view expected) {
   if (!std::string_view(at_, end_).starts_with(expected)) return false;
   at_ += expected.size();
@@ -198,10 +192,10 @@ std::string_view XmlScanner::TakeName() {
 bool XmlScanner::TakeAttribute(std::string_view& name, std::string_view& value) {
   name = TakeName();
   SkipBlanks();
-  if (name.empty() || !Take('=')) return false;
+  if (name.empty() || !Take("=")) return false;
   SkipBlanks();
   const char* quote = at_;
-  if (!Take('"') && !Take('\'')) return false;
+  if (!Take("\"") && !Take("'")) return false;
   if (!SkipPast({quote, 1})) return false;
   value = {quote + 1, at_ - 1};
   return true;

@@ -71,7 +71,6 @@ class XmlScanner {
   void TakeEntityName();
 
   bool LiesInText(char character, char*& next);
-  bool Take(char expected);
   bool Take(std::string_view expected);
   std::string_view TakeName();
   bool TakeAttribute(std::string_view& name, std::string_view& value);

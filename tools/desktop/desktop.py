@@ -12,7 +12,7 @@ import uuid
 
 from PIL import Image, ImageChops, ImageGrab
 
-PATIENCE = 20  # seconds until something that must happen counts as not happening
+PATIENCE = 60  # seconds until something that must happen counts as not happening, on a busy machine too
 
 
 class Late(AssertionError):
