@@ -55,12 +55,7 @@ Element ElementOf(std::string_view name) {
   return Element::kUnknown;
 }
 
-bool IsBlank(std::span<const char> text) {
-  const auto is_blank = [](char letter) {
-    return letter == ' ' || letter == '\t' || letter == '\r' || letter == '\n';
-  };
-  return std::ranges::all_of(text, is_blank);
-}
+bool AreBlanks(std::span<const char> text) { return std::ranges::all_of(text, IsBlank); }
 
 // The text of an element, put together in the file's content from the pieces that comments and
 // CDATA cut it into. Each piece moves towards the beginning, so none is overwritten.
@@ -142,8 +137,7 @@ void XmlReader::MakeRoom() {
 // The file's one element, in a <plist> or not.
 bool XmlReader::ReadFile() {
   if (!NextTag(kNotAlone)) return false;
-  const bool is_in_plist =
-      scanner_.Is() == Markup::kStartTag && SameText(scanner_.Name(), "plist");
+  const bool is_in_plist = scanner_.Is() == Markup::kStartTag && SameText(scanner_.Name(), "plist");
   if (is_in_plist && !NextTag(kNotAlone)) return false;
   if (!IsAtElement()) return Fail(kNotAlone);
   return ReadTree() && (!is_in_plist || ExpectAlone(Markup::kEndTag)) && ExpectAlone(Markup::kEnd);
@@ -168,7 +162,7 @@ bool XmlReader::ReadTree() {
 bool XmlReader::NextTag(std::string_view problem) {
   while (NextMarkup()) {
     const bool is_cdata = scanner_.Is() == Markup::kCData;
-    if (!IsBlank(scanner_.Text()) || (is_cdata && !IsBlank(scanner_.CData()))) {
+    if (!AreBlanks(scanner_.Text()) || (is_cdata && !AreBlanks(scanner_.CData()))) {
       return Fail(problem);
     }
     const bool says_nothing =
@@ -235,7 +229,7 @@ bool XmlReader::ReadScalar(Element element) {
       break;
     case Element::kTrue:
     case Element::kFalse:
-      if (IsBlank(text.View())) object = Object::Boolean(element == Element::kTrue);
+      if (AreBlanks(text.View())) object = Object::Boolean(element == Element::kTrue);
       break;
     default:
       object = Object::Bytes(Kind::kText, text.View());

@@ -1,31 +1,22 @@
 #include "platform/plutil/xml_scanner.h"
 
-#include <array>
 #include <cstddef>
 #include <cstring>
 
+#include "platform/text/characters.h"
 #include "platform/text/folding.h"
 
 namespace morvantile::plutil {
 namespace {
 
-enum CharacterClass : unsigned char { kNone, kBlank, kNameStart, kNameOnly };
-
-// The bytes of ASCII by the classes of XML 1.0; all other characters may stand in a name.
-constexpr std::array<CharacterClass, 256> MakeClasses() {
-  std::array<CharacterClass, 256> classes{};
-  classes[' '] = classes['\t'] = classes['\r'] = classes['\n'] = kBlank;
-  for (std::size_t i = '0'; i <= '9'; ++i) classes[i] = kNameOnly;
-  for (std::size_t i = 'A'; i <= 'Z'; ++i) classes[i] = classes[i - 'A' + 'a'] = kNameStart;
-  for (std::size_t i = 0x80; i <= 0xFF; ++i) classes[i] = kNameStart;
-  classes['_'] = classes[':'] = kNameStart;
-  classes['-'] = classes['.'] = kNameOnly;
-  return classes;
+// By XML 1.0, but that all characters beyond ASCII may stand in a name.
+bool BeginsName(char c) {
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || c == ':' || !IsAscii(c);
 }
 
-constexpr std::array<CharacterClass, 256> kClasses = MakeClasses();
-
-CharacterClass ClassOf(char character) { return kClasses[static_cast<unsigned char>(character)]; }
+bool ContinuesName(char c) {
+  return BeginsName(c) || (c >= '0' && c <= '9') || c == '-' || c == '.';
+}
 
 }  // namespace
 
@@ -183,8 +174,8 @@ bool XmlScanner::Take(std::string_view expected) {
 
 std::string_view XmlScanner::TakeName() {
   const char* begin = at_;
-  if (ClassOf(*at_) == kNameStart) {
-    while (ClassOf(*at_) >= kNameStart) ++at_;
+  if (BeginsName(*at_)) {
+    while (ContinuesName(*at_)) ++at_;
   }
   return {begin, at_};
 }
@@ -204,7 +195,7 @@ bool XmlScanner::TakeAttribute(std::string_view& name, std::string_view& value) 
 // Returns whether there were any.
 bool XmlScanner::SkipBlanks() {
   const char* begin = at_;
-  while (ClassOf(*at_) == kBlank) ++at_;
+  while (IsBlank(*at_)) ++at_;
   return at_ != begin;
 }
 

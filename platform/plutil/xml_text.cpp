@@ -19,32 +19,29 @@ constexpr std::array kEntities = {std::pair{"amp;"sv, '&'}, std::pair{"lt;"sv, '
                                   std::pair{"gt;"sv, '>'}, std::pair{"quot;"sv, '"'},
                                   std::pair{"apos;"sv, '\''}};
 
-// The escape of a character in an XML text; empty if the character needs none.
-using Escapes = std::array<std::string_view, 256>;
-
-constexpr Escapes MakeKeyEscapes() {
-  Escapes escapes{};
-  escapes['&'] = "&amp;";
-  escapes['<'] = "&lt;";
-  escapes['\r'] = "&#13;";
-  escapes['\n'] = "&#10;";
-  return escapes;
+// The escape of a character in a key, and of a ">" if `greater` is one; empty if it needs none.
+std::string_view EscapeOf(char character, std::string_view greater) {
+  switch (character) {
+    case '&':
+      return "&amp;";
+    case '<':
+      return "&lt;";
+    case '>':
+      return greater;
+    case '\r':
+      return "&#13;";
+    case '\n':
+      return "&#10;";
+    default:
+      return {};
+  }
 }
 
-constexpr Escapes MakeTextEscapes() {
-  Escapes escapes = MakeKeyEscapes();
-  escapes['>'] = "&gt;";
-  return escapes;
-}
-
-constexpr Escapes kKeyEscapes = MakeKeyEscapes();
-constexpr Escapes kTextEscapes = MakeTextEscapes();
-
-bool AppendWith(const Escapes& escapes, std::string_view text, Output& output) {
+bool AppendWith(std::string_view greater, std::string_view text, Output& output) {
   if (text.find('\0') != std::string_view::npos) return false;
   std::size_t begin = 0;
   for (std::size_t i = 0; i < text.size(); ++i) {
-    const std::string_view escape = escapes[static_cast<unsigned char>(text[i])];
+    const std::string_view escape = EscapeOf(text[i], greater);
     if (escape.empty()) continue;
     output.Append(text.substr(begin, i - begin));
     output.Append(escape);
@@ -161,18 +158,18 @@ Decoded DecodeEntities(char* text, std::size_t size, const EntityNames& defined)
 }
 
 bool AppendEscaped(std::string_view text, Output& output) {
-  return AppendWith(kTextEscapes, text, output);
+  return AppendWith("&gt;", text, output);
 }
 
 bool AppendEscapedKey(std::string_view key, Output& output) {
   constexpr std::string_view kForbidden = "]]>";
   for (std::size_t at = key.find(kForbidden); at != std::string_view::npos;
        at = key.find(kForbidden)) {
-    if (!AppendWith(kKeyEscapes, key.substr(0, at), output)) return false;
+    if (!AppendWith("", key.substr(0, at), output)) return false;
     output.Append("]]&gt;");
     key.remove_prefix(at + kForbidden.size());
   }
-  return AppendWith(kKeyEscapes, key, output);
+  return AppendWith("", key, output);
 }
 
 }  // namespace morvantile::plutil

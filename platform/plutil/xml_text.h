@@ -11,6 +11,9 @@
 
 namespace morvantile::plutil {
 
+// Whether XML counts the character as white space.
+inline bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+
 // Makes each line end of the text of `size` bytes, a carriage return, a line feed or both, a line
 // feed, in place, and returns the size of the result.
 std::size_t NormalizeLineEnds(char* text, std::size_t size);
