@@ -18,41 +18,34 @@
 namespace morvantile::plutil {
 namespace {
 
-enum class Element {
-  kKey,
-  kString,
-  kInteger,
-  kReal,
-  kDate,
-  kData,
-  kTrue,
-  kFalse,
-  kArray,
-  kDict,
-  kUnknown,
+struct Element {
+  std::string_view name;
+  Kind kind;
 };
 
-constexpr std::array<std::pair<std::string_view, Element>, 11> kElements = {{
-    {"key", Element::kKey},
-    {"string", Element::kString},
-    {"integer", Element::kInteger},
-    {"real", Element::kReal},
-    {"date", Element::kDate},
-    {"data", Element::kData},
-    {"true", Element::kTrue},
-    {"false", Element::kFalse},
-    {"array", Element::kArray},
-    {"dict", Element::kDict},
-    {"double", Element::kReal},
+constexpr std::array<Element, 11> kElements = {{
+    {"key", Kind::kText},
+    {"string", Kind::kText},
+    {"integer", Kind::kInteger},
+    {"real", Kind::kReal},
+    {"date", Kind::kDate},
+    {"data", Kind::kData},
+    {"true", Kind::kTrue},
+    {"false", Kind::kFalse},
+    {"array", Kind::kArray},
+    {"dict", Kind::kDict},
+    {"double", Kind::kReal},
 }};
+
+constexpr const Element* kKey = kElements.data();
 
 constexpr std::string_view kNotAlone = "not a property list: there is not just one topmost element";
 
-Element ElementOf(std::string_view name) {
-  for (const auto& [known, element] : kElements) {
-    if (SameText(name, known)) return element;
-  }
-  return Element::kUnknown;
+// The element of that name in any letter case, or null.
+const Element* ElementOf(std::string_view name) {
+  const auto* const found = std::ranges::find_if(
+      kElements, [&](const Element& element) { return SameText(name, element.name); });
+  return found == kElements.end() ? nullptr : found;
 }
 
 bool AreBlanks(std::span<const char> text) { return std::ranges::all_of(text, IsBlank); }
@@ -103,10 +96,10 @@ class XmlReader {
   bool NextMarkup();
   bool IsAtElement() const;
   bool ReadElement();
-  bool MayStandHere(Element element);
-  bool ReadScalar(Element element);
+  bool MayStandHere(bool is_key);
+  bool ReadScalar(Kind kind);
   bool ReadText(TextInPlace& text);
-  void OpenContainer(Element element);
+  void OpenContainer(Kind kind);
   bool CloseContainer();
   bool MakeUid(const Level& level);
   void AppendObject(const Object& object);
@@ -182,54 +175,54 @@ bool XmlReader::IsAtElement() const {
 }
 
 bool XmlReader::ReadElement() {
-  const Element element = ElementOf(scanner_.Name());
-  if (element == Element::kUnknown) {
+  const Element* const element = ElementOf(scanner_.Name());
+  if (element == nullptr) {
     return Fail("an element that property lists do not know: <" + std::string(scanner_.Name()) +
                 ">");
   }
-  if (!MayStandHere(element)) return false;
-  if (element != Element::kArray && element != Element::kDict) return ReadScalar(element);
-  OpenContainer(element);
+  if (!MayStandHere(element == kKey)) return false;
+  if (!IsContainer(element->kind)) return ReadScalar(element->kind);
+  OpenContainer(element->kind);
   return scanner_.Is() == Markup::kStartTag || CloseContainer();
 }
 
-bool XmlReader::MayStandHere(Element element) {
+bool XmlReader::MayStandHere(bool is_key) {
   const bool is_in_dict = !open_.empty() && open_.back().is_dict;
   const bool key_is_due = is_in_dict && !open_.back().has_key;
   if (is_in_dict) open_.back().has_key = key_is_due;
-  if (key_is_due == (element == Element::kKey)) return true;
+  if (key_is_due == is_key) return true;
   return Fail(key_is_due ? "a value without a <key>" : "a <key> where a value belongs");
 }
 
-bool XmlReader::ReadScalar(Element element) {
+bool XmlReader::ReadScalar(Kind kind) {
   const std::string_view name = scanner_.Name();
   TextInPlace text;
   if (scanner_.Is() == Markup::kStartTag && !ReadText(text)) return false;
   const auto wrong = [&] {
     constexpr std::size_t kMostShown = 40;
-    const std::string_view limit = element == Element::kInteger ? " of 64 bits" : "";
+    const std::string_view limit = kind == Kind::kInteger ? " of 64 bits" : "";
     return Fail(std::string("no <").append(name).append(">").append(limit).append(": ").append(
         text.View().substr(0, kMostShown)));
   };
   std::optional<Object> object;
-  switch (element) {
-    case Element::kInteger:
+  switch (kind) {
+    case Kind::kInteger:
       object = IntegerFromText(text.View());
       break;
-    case Element::kReal:
+    case Kind::kReal:
       if (const auto value = RealFromText(text.View())) object = Object::Real(Kind::kReal, *value);
       break;
-    case Element::kDate:
+    case Kind::kDate:
       if (const auto value = DateFromText(text.View())) object = Object::Real(Kind::kDate, *value);
       break;
-    case Element::kData:
+    case Kind::kData:
       if (const auto size = DecodeBase64(text.Begin(), text.Size())) {
         object = Object::Bytes(Kind::kData, text.View().substr(0, *size));
       }
       break;
-    case Element::kTrue:
-    case Element::kFalse:
-      if (AreBlanks(text.View())) object = Object::Boolean(element == Element::kTrue);
+    case Kind::kTrue:
+    case Kind::kFalse:
+      if (AreBlanks(text.View())) object = Object::Boolean(kind == Kind::kTrue);
       break;
     default:
       object = Object::Bytes(Kind::kText, text.View());
@@ -265,11 +258,10 @@ bool XmlReader::ReadText(TextInPlace& text) {
   return false;
 }
 
-void XmlReader::OpenContainer(Element element) {
-  const bool is_dict = element == Element::kDict;
+void XmlReader::OpenContainer(Kind kind) {
   const auto index = static_cast<ObjectIndex>(document_.objects.size());
-  AppendObject(Object::Container(is_dict ? Kind::kDict : Kind::kArray, 0, 0));
-  open_.push_back({index, is_dict, false, children_.size()});
+  AppendObject(Object::Container(kind, 0, 0));
+  open_.push_back({index, kind == Kind::kDict, false, children_.size()});
 }
 
 bool XmlReader::CloseContainer() {
