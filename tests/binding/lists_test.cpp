@@ -47,6 +47,16 @@ std::string Got(N n, const Ref<PopupMenu>& menu, bool select) {
   return rows + Str(menu->ListIndex());
 }
 
+TEST(Listbox, SelectsNoRowThatIsNotThere) {
+  const Ref<Listbox> list = List(1, 3, 2);
+  list->RemoveRow(0);
+  EXPECT_EQ(list->ListIndex(), 1);
+  list->RemoveRow(1);
+  EXPECT_EQ(list->ListIndex(), -1);
+  list->SetListIndex(1);
+  EXPECT_EQ(list->ListIndex(), -1);
+}
+
 TEST(Listbox, IsStoredInPlaceOfWhatHasItsKeyAndComesBackAsFarAsItHasColumns) {
   const auto set_one = [](N n) { n.SetListbox(List(1, 2, 1)); };
   const auto set_two = [](N n) { n.SetListbox(List(2, 2)); };

@@ -1,5 +1,7 @@
 #include "tests/plist/sketch.h"
 
+#include <algorithm>
+
 #include "platform/text/folding.h"
 #include "platform/text/text.h"
 #include "plist/store/entries.h"
@@ -14,7 +16,10 @@ std::string SketchOfEntry(plistDict& node, const std::string& key) {
     return word + (node.values.HasKey(key) ? "'" + node.values.Value(key) + "'" : "!");
   }
   const Ref<plistDict> child = node.child(key);
+  const auto* const place = std::find(node.children.begin(), node.children.end(), child);
+  const auto number = static_cast<std::size_t>(place - node.children.begin());
   const bool is_sound = child && child->name == key && child->parent == &node &&
+                        SameText(node.childrenNames[number], key) &&
                         child->isArray == SameText(type, "array") && !node.values.HasKey(key);
   return is_sound ? Sketch(*child) : "!";
 }

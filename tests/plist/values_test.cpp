@@ -117,6 +117,7 @@ TEST(Values, AreKeptApartFromTypesAndMarks) {
   node->searched.SetValue("k", true);
   node->types.SetValue("K", "string");
   EXPECT_EQ(Sketch(*node), "{K: 'v'}") << "what was known of a key comes with its type";
+  EXPECT_EQ(node->values.Count() + node->searched.Count(), 2U) << "and is known once";
   node->types.Clear();
   EXPECT_EQ(node->values.Count() + node->searched.Count(), 2U);
   node->values.Remove("k");

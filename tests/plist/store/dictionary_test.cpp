@@ -29,13 +29,15 @@ TEST(Dictionary, AgreesWithAPlainListOverRandomOperations) {
     };
     for (int step = 0; step < 12000; ++step) {
       const int range = step / 4000 % 2 == 0 ? 1500 : 12;
-      const std::string key = prefix + Str(static_cast<std::int64_t>(random()) % range);
+      const bool shrinks = step / 2000 % 3 == 2 && list.size() > 5;
+      const std::string key = shrinks ? list[random() % list.size()].first
+                                      : prefix + Str(static_cast<std::int64_t>(random()) % range);
       const std::string other = prefix + Str(static_cast<std::int64_t>(random()) % range);
       const auto at = find(key);
       const bool is_there = at != list.end();
       const bool is_renamed = is_there && (key == other || find(other) == list.end());
       const std::size_t place = random() % (list.size() + 1);
-      switch (step < 3000 ? 4 : random() % 5) {
+      switch (shrinks ? 0 : step < 3000 ? 4 : random() % 5) {
         case 0:
           ASSERT_EQ(dictionary.Remove(key), is_there);
           if (is_there) list.erase(at);
