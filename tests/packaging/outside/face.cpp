@@ -38,34 +38,23 @@ using namespace morvantile;
 
 namespace {
 
-// Wrong use that has to be refused by the compiler.
-template <typename Node>
-concept TakesTextForBoolean = requires(Node node) {
+// Wrong use that the compiler has to refuse: a text for a Boolean, zero for a text, a path for the
+// text of a document, and a change through a reference to const.
+template <typename Node, typename Document>
+concept TakesWrongUse = requires(Node& node) {
   node.SetBoolean("key", "false");
 }
-|| requires(Node node) { node.AppendBoolean("false"); }
-|| requires(Node node) { node.GetBoolean("key", "false"); };
-template <typename Node>
-concept TakesZeroForText = requires(Node node) {
-  node.child(0);
-}
-|| requires(Node node) { node.SetString("key", 0); }
-|| requires(Node node) { node.AppendString(nullptr); };
-template <typename Document>
-concept TakesPathForText = requires {
-  new Document("settings.plist");
-};
-template <typename Node>
-concept ChangesThroughConst = requires(Ref<const Node> node) {
-  node->SetString("key", "text");
-}
+|| requires(Node& node) { node.AppendBoolean("false"); }
+|| requires(Node& node) { node.GetBoolean("key", "false"); }
+|| requires(Node& node) { node.child(0); }
+|| requires(Node& node) { node.SetString("key", 0); }
+|| requires(Node& node) { node.AppendString(nullptr); }
+|| requires { new Document("settings.plist"); }
+|| requires(Ref<const Node> node) { node->SetString("key", "text"); }
 || requires(Ref<const Node> node) { Ref<Node>(node); };
 
+static_assert(!TakesWrongUse<plistDict, plist>);
 static_assert(!std::is_destructible_v<plistDict> && !std::is_destructible_v<plist>);
-static_assert(!TakesTextForBoolean<plistDict&>);
-static_assert(!TakesZeroForText<plistDict&>);
-static_assert(!TakesPathForText<plist>);
-static_assert(!ChangesThroughConst<plistDict>);
 
 void Require(bool holds, const char* what) {
   if (holds) return;
