@@ -27,7 +27,10 @@ class RunTest : public testing::Test {
   // returns the size of the picture then.
   std::string Run(const std::function<void(Window&)>& user) {
     host.clipboard_picture = original;
-    host.scripts = {user};
+    host.scripts = {[&](Window& shown) {
+      user(shown);
+      EXPECT_TRUE(shown.Closed());
+    }};
     const Ref<App> app = New<App>();
     EXPECT_EQ(host.Run(*app), 0);
     EXPECT_TRUE(host.messages.empty());
