@@ -6,7 +6,6 @@ Run as: controls_test.py PROGRAM [unittest arguments]
 import os
 import pty
 import re
-import subprocess
 import unittest
 
 from on_desktop import DIALOG, PATIENCE, OnDesktop, encoded, plain, until
@@ -58,10 +57,8 @@ class Controls(OnDesktop):
     def test_the_mouse_moves_the_slider_and_switches_the_mode(self):
         self.copy_picture(1000, 500)
         run, dialog = self.start()
-        self.desktop.do('mousemove', '--window', dialog, 219, 318, 'mousedown', 1)
-        for x in range(219, 450, 20):
-            self.desktop.do('mousemove', '--window', dialog, x, 318)
-        self.desktop.do('mouseup', 1)
+        steps = ('mousemove_relative', 20, 0) * 11
+        self.desktop.do('mousemove', '--window', dialog, 219, 318, 'mousedown', 1, *steps, 'mouseup', 1)
         self.click(dialog, 180, 383)  # W
         self.scales(run, 600, 300)
 
@@ -91,11 +88,10 @@ class Controls(OnDesktop):
         self.scales(run, 320, 240)
 
     def test_without_a_display_it_says_so(self):
-        run = subprocess.run(self.program, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
-                             env={**self.desktop.environment, 'DISPLAY': ''}, timeout=PATIENCE,
-                             check=False)
+        run = self.begin('env', 'DISPLAY=', self.program)
+        printed, _ = run.communicate(timeout=PATIENCE)
         self.assertEqual(run.returncode, 1)
-        self.assertRegex(run.stdout, rb'^morvantile: [^\n]*\n$')
+        self.assertRegex(printed, rb'^morvantile: [^\n]*\n$')
 
 
 if __name__ == '__main__':

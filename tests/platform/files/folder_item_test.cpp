@@ -2,8 +2,6 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -78,21 +76,6 @@ TEST(FolderItem, ACopyHasThePermissionsOfItsSourceAndReplacesALinkInsteadOfWriti
   }
   EXPECT_EQ(folder.Content("victim"), "precious");
   EXPECT_THAT(folder.Names(), ElementsAre("file", "link", "link to nothing", "source", "victim"));
-}
-
-TEST(FolderItem, ACopyThatFailsChangesNothing) {
-  const ScratchFolder folder;
-  const Ref<FolderItem> target = folder.Put("target", "old");
-  folder.Item("folder")->CreateAsFolder();
-  ASSERT_EQ(mkfifo(folder.Path("pipe").c_str(), 0600), 0);
-  for (const char* source : {"missing", "folder", "pipe"}) {
-    EXPECT_FALSE(folder.Item(source)->CopyFileTo(target)) << source;
-  }
-  EXPECT_FALSE(target->CopyFileTo(folder.Item("folder")));
-  EXPECT_FALSE(target->CopyFileTo(folder.Item("missing/target")));
-  EXPECT_THROW(static_cast<void>(target->CopyFileTo(nullptr)), NilObjectException);
-  EXPECT_EQ(folder.Content("target"), "old");
-  EXPECT_THAT(folder.Names(), ElementsAre("folder", "pipe", "target"));
 }
 
 TEST(FolderItem, AFolderIsMadeWithThoseAboveItForTheUserAlone) {

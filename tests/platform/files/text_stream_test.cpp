@@ -26,21 +26,19 @@
 
 namespace {
 
-// What happens from then on when `until_fault` has counted down to zero; below zero, nothing does.
-enum class Fault { kMemoryRunsOut, kCallFails };
-thread_local Fault fault;
-thread_local int until_fault = -1;
+// How many allocations, and calls of the file system, succeed until all fail; below zero, all do.
+thread_local int until_memory_runs_out = -1;
+thread_local int until_calls_fail = -1;
 thread_local bool a_call_has_failed = false;
 
-bool IsDue() {
+bool IsDue(int& until_fault) {
   if (until_fault <= 0) return until_fault == 0;
   --until_fault;
   return false;
 }
 
-// Whether the call of the file system that is being made fails.
 bool CallFails() {
-  if (fault == Fault::kMemoryRunsOut || !IsDue()) return false;
+  if (!IsDue(until_calls_fail)) return false;
   errno = EIO;
   return a_call_has_failed = true;
 }
@@ -48,7 +46,7 @@ bool CallFails() {
 }  // namespace
 
 void* operator new(std::size_t size) {
-  void* const memory = fault == Fault::kMemoryRunsOut && IsDue() ? nullptr : std::malloc(size);
+  void* const memory = IsDue(until_memory_runs_out) ? nullptr : std::malloc(size);
   return memory != nullptr ? memory : throw std::bad_alloc();
 }
 void operator delete(void* memory) noexcept { std::free(memory); }
@@ -151,19 +149,18 @@ TEST(Streams, AFaultAtAnyMomentLeavesTheOldFileAndNoDescriptorOpen) {
     return std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator());
   };
   const auto before = open_descriptors();
-  for (const Fault kind : {Fault::kCallFails, Fault::kMemoryRunsOut}) {
+  for (int* const until_fault : {&until_calls_fail, &until_memory_runs_out}) {
     for (std::size_t i = 0; i < operations.size(); ++i) {
       bool has_succeeded = false;
       for (int count = 0; !has_succeeded; ++count) {
         folder.Put("a", "old");
-        fault = kind;
-        until_fault = count;
         a_call_has_failed = false;
+        *until_fault = count;
         try {
           has_succeeded = operations[i]();
         } catch (const std::bad_alloc&) {
         }
-        until_fault = -1;
+        *until_fault = -1;
         SCOPED_TRACE(std::to_string(i) + ": " + std::to_string(count));
         ASSERT_TRUE(folder.Content("a") == (has_succeeded ? text : "old"));
         ASSERT_EQ(folder.Names().size(), 2U);
@@ -207,61 +204,59 @@ TEST(TextOutputStream, ALinkStaysALink) {
   EXPECT_EQ(folder.Item("circle")->CreateTextFile(), nullptr);
 }
 
-TEST(TextOutputStream, PermissionsAndAttributesStay) {
+TEST(TextOutputStream, OwnerPermissionsAndAttributesStayWhereTheSystemAllowsIt) {
   const ScratchFolder folder;
   const Ref<FolderItem> file = folder.Put("a", "old");
   const std::string path = file->AbsolutePath();
-  fs::permissions(path, static_cast<fs::perms>(0644));
+  const bool is_root = chown(path.c_str(), 12, 34) == 0;
+  fs::permissions(path, static_cast<fs::perms>(0664));
   for (const std::string note : {"mine", ""}) {
     const bool is_kept = setxattr(path.c_str(), "user.note", note.data(), note.size(), 0) == 0;
     EXPECT_TRUE(WriteText(file, "new"));
-    EXPECT_EQ(folder.Permissions("a"), static_cast<fs::perms>(0644));
+    EXPECT_EQ(folder.Permissions("a"), static_cast<fs::perms>(0664));
     char value[9] = "";
     EXPECT_EQ(getxattr(path.c_str(), "user.note", value, 9), is_kept ? std::ssize(note) : -1);
     EXPECT_TRUE(!is_kept || value == note) << value;
   }
-}
-
-TEST(TextOutputStream, TheOwnerStaysWhereTheSystemAllowsIt) {
-  if (geteuid() != 0) GTEST_SKIP() << "only root may give files away";
-  const ScratchFolder folder;
-  const Ref<FolderItem> file = folder.Put("a", "old");
-  const std::string path = file->AbsolutePath();
-  ASSERT_EQ(chown(path.c_str(), 12, 34), 0);
-  EXPECT_TRUE(WriteText(file, "new"));
+  if (!is_root) GTEST_SKIP() << "only root may give files away";
   struct stat status {};
   ASSERT_EQ(stat(path.c_str(), &status), 0);
   EXPECT_EQ(std::pair(status.st_uid, status.st_gid), std::pair(12U, 34U));
 
   // Another user may replace the file, but its group's rights must not go to that user's group.
-  fs::permissions(path, static_cast<fs::perms>(0664));
   ASSERT_EQ(chown(path.c_str(), 65534, 34), 0);
   AsOrdinaryUser([&] { EXPECT_TRUE(WriteText(file, "newer")); });
   EXPECT_EQ(folder.Content("a"), "newer");
   EXPECT_EQ(folder.Permissions("a"), static_cast<fs::perms>(0644));
 }
 
-TEST(Streams, AreNilForWhatCannotBeReadOrWritten) {
+TEST(Streams, AreNilAndCopiesFailForWhatCannotBeReadOrWrittenWhichStays) {
   const ScratchFolder folder;
+  const Ref<FolderItem> old = folder.Put("old", "old");
   fs::create_directories(folder.Path("folder/closed"));
+  folder.Put("folder/closed/file", "old");
   ASSERT_EQ(mkfifo(folder.Path("pipe").c_str(), 0666), 0);
+  for (const char* name : {"folder", "pipe", "missing"}) {
+    EXPECT_EQ(TextInputStream::Open(folder.Item(name)), nullptr) << name;
+    EXPECT_FALSE(folder.Item(name)->CopyFileTo(old)) << name;
+  }
   for (const auto& [name, mode] :
-       {std::pair{"read-only", 0444}, {"folder/closed/file", 0666}, {"folder/closed", 0555}}) {
-    if (mode != 0555) folder.Put(name, "old");
+       {std::pair{"old", 0444}, {"folder/closed/file", 0666}, {"folder/closed", 0555}}) {
     fs::permissions(folder.Path(name), static_cast<fs::perms>(mode));
   }
   AsOrdinaryUser([&] {
     for (const char* name :
-         {"folder", "pipe", "read-only", "folder/closed/file", "folder/closed/new", "no/file"}) {
+         {"folder", "pipe", "old", "folder/closed/file", "folder/closed/new", "no/file"}) {
       EXPECT_EQ(folder.Item(name)->CreateTextFile(), nullptr) << name;
+      EXPECT_FALSE(old->CopyFileTo(folder.Item(name))) << name;
     }
   });
-  for (const char* name : {"folder", "pipe", "missing"}) {
-    EXPECT_EQ(TextInputStream::Open(folder.Item(name)), nullptr) << name;
-  }
-  EXPECT_EQ(BinaryStream::Create(folder.Put("old", ""), false), nullptr);
+  EXPECT_EQ(BinaryStream::Create(old, false), nullptr);
   EXPECT_THROW(static_cast<void>(TextInputStream::Open(nullptr)), NilObjectException);
   EXPECT_THROW(static_cast<void>(BinaryStream::Create(nullptr, true)), NilObjectException);
+  EXPECT_THROW(static_cast<void>(old->CopyFileTo(nullptr)), NilObjectException);
+  EXPECT_EQ(folder.Content("old") + folder.Content("folder/closed/file"), "oldold");
+  EXPECT_THAT(folder.Names(), ElementsAre("folder", "old", "pipe"));
   fs::permissions(folder.Path("folder/closed"), fs::perms::owner_all);
 }
 

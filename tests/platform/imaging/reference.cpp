@@ -75,15 +75,10 @@ bool IsClose(const std::uint8_t* got, const ExactPixel& want) {
 }
 
 std::uint8_t Byte(Content content, int x, int y, int channel, std::minstd_rand& random) {
-  switch (content) {
-    case Content::kNoise:
-      return static_cast<std::uint8_t>(random() >> 16);
-    case Content::kStripes:
-      return (channel == 3 ? x % 8 < 6 : (x + y * channel) % 2 == 1) ? 255 : 0;
-    case Content::kBlocks:
-      return (x / (7 + channel) + y / 5) % 2 == 0 ? 255 : 0;
-  }
-  return 0;
+  if (content == Content::kNoise) return static_cast<std::uint8_t>(random() >> 16);
+  const bool in_stripe = channel == 3 ? x % 8 < 6 : (x + y * channel) % 2 == 1;
+  const bool in_block = (x / (7 + channel) + y / 5) % 2 == 0;
+  return (content == Content::kStripes ? in_stripe : in_block) ? 255 : 0;
 }
 
 }  // namespace

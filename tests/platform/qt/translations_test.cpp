@@ -19,7 +19,7 @@
 #include "dialogs/info_window.h"
 #include "dialogs/resizer_window.h"
 #include "platform/qt/widgets/window_widget.h"
-#include "platform/ui/headless_host.h"
+#include "tests/installed_host.h"
 
 namespace morvantile {
 namespace {
@@ -27,14 +27,12 @@ namespace {
 constexpr int kReadablePixels = 9;
 
 // A desktop of its own, without a screen, whose texts come from the catalogues of the build.
-class Desktop : public HeadlessHost {
+class Desktop : public InstalledHost {
  public:
   explicit Desktop(const QStringList& languages) : application_(count_, arguments_) {
     LoadTranslations(MORVANTILE_CATALOGUES, languages);
     clipboard_picture = Picture::Create(640, 480, false);
-    InstallHost(this);
   }
-  ~Desktop() override { InstallHost(nullptr); }
 
   std::string Translate(const std::string& text) override {
     return QCoreApplication::translate("Morvantile", text.c_str()).toStdString();
