@@ -70,7 +70,6 @@ class HangingOwner:
 
 class Faults(OnDesktop):
     def setUp(self):
-        super().setUp()
         self.settings = pathlib.Path(
             self.desktop.folder, 'config', 'Morvantile', 'Morvantile Preferences')
         self.settings.parent.mkdir(parents=True, exist_ok=True)

@@ -39,7 +39,6 @@ class Gestures(OnDesktop):
         reason = EXCEPTIONS.get(self._testMethodName, {}).get(NAME)
         if reason:
             self.skipTest(reason)
-        super().setUp()
         self.settings = pathlib.Path(self.desktop.environment['XDG_CONFIG_HOME'], 'Morvantile')
 
     def start(self):
