@@ -4,7 +4,6 @@ meet them, and the program without a display.
 Run as: controls_test.py PROGRAM [unittest arguments]
 """
 
-import functools
 import os
 import pty
 import re
@@ -15,7 +14,7 @@ import gi
 gi.require_version('Atspi', '2.0')
 from gi.repository import Atspi
 
-from on_desktop import DIALOG, PATIENCE, X11, OnDesktop, encoded, plain, until
+from on_desktop import DIALOG, PATIENCE, OnDesktop, encoded, plain, until
 
 
 class Controls(OnDesktop):
@@ -116,19 +115,6 @@ def told(node):
 
 
 class ThroughAssistiveTechnology(OnDesktop):
-    make_desktop = functools.partial(
-        X11, extra_environment={'QT_LINUX_ACCESSIBILITY_ALWAYS_ON': '1'})
-
-    def setUp(self):
-        bus = self.desktop.serve('dbus-daemon', '--session',  # a session bus of its own
-                                 '--nofork', '--print-address=1', stdout=subprocess.PIPE)
-        self.addCleanup(bus.stdout.close)
-        address = bus.stdout.readline().decode().strip()
-        self.desktop.environment['DBUS_SESSION_BUS_ADDRESS'] = address
-        os.environ.update(self.desktop.environment)
-        self.copy_picture()
-        self.run_, _ = self.start()
-
     def find(self, name, role=None):
         return until(lambda: next((node for node in below(Atspi.get_desktop(0))
                                    if node.get_name() == name
@@ -141,6 +127,15 @@ class ThroughAssistiveTechnology(OnDesktop):
         until(lambda: self.find(name).get_description() == wanted, f'{name}: {wanted}')
 
     def test_assistants_find_every_control_and_do_what_a_click_does(self):
+        bus = self.desktop.serve('dbus-daemon', '--session',  # a session bus of its own
+                                 '--nofork', '--print-address=1', stdout=subprocess.PIPE)
+        self.addCleanup(bus.stdout.close)
+        address = bus.stdout.readline().decode().strip()
+        self.desktop.environment.update(DBUS_SESSION_BUS_ADDRESS=address,
+                                        QT_LINUX_ACCESSIBILITY_ALWAYS_ON='1')
+        os.environ.update(self.desktop.environment)
+        self.copy_picture()
+        run, _ = self.start()
         self.find('Morvantile', 'application')
         group = [told(node) for node in below(self.find('Scale by'))]
         self.assertEqual(group, [('panel', 'Scale by', False), ('radio button', 'Width', True),
@@ -164,7 +159,7 @@ class ThroughAssistiveTechnology(OnDesktop):
         self.desktop.key('x')
         self.desktop.active_window(DIALOG)
         self.press('OK')
-        self.finish(self.run_)
+        self.finish(run)
         self.assertEqual(self.pasted().size, (120, 90))
 
 

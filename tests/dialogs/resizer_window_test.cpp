@@ -16,9 +16,7 @@ std::string Pair(std::int64_t one, std::int64_t other) { return Str(one) + " x "
 struct Recorder : Graphics {
   std::string place;
 
-  void DrawPicture(const Ref<Picture>& /*picture*/, int x, int y, int /*dest_width*/,
-                   int /*dest_height*/, int /*source_x*/, int /*source_y*/, int /*source_width*/,
-                   int /*source_height*/) override {
+  void DrawPicture(const Ref<Picture>&, int x, int y, int, int, int, int, int, int) override {
     place = " at " + Pair(x, y);
   }
 };

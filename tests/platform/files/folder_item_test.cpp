@@ -115,9 +115,7 @@ TEST(TemporaryFolderItem, IsInAPrivateFolderThatGoesWithTheLastFile) {
     EXPECT_THAT(folder.Names(), ElementsAre(item->Parent()->Name()));
     EXPECT_EQ(folder.Permissions(item->Parent()->Name()), fs::perms::owner_all);
     const Ref<FolderItem> sibling = item->Parent()->Child(item->Name() + " temp.plist");
-    EXPECT_TRUE(item->CopyFileTo(sibling));
-    EXPECT_TRUE(item->Delete());
-    EXPECT_TRUE(sibling->Exists());
+    EXPECT_TRUE(item->CopyFileTo(sibling) && item->Delete() && sibling->Exists());
     EXPECT_TRUE(!deleted || (sibling->Delete() && folder.Names().empty()));
   }
   item = nullptr;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <cstring>
 #include <memory>
 #include <ostream>
@@ -11,6 +12,7 @@
 
 #include "hwy/targets.h"
 #include "platform/imaging/resample_internal.h"
+#include "platform/imaging/workers.h"
 #include "tests/platform/imaging/reference.h"
 
 namespace morvantile {
@@ -154,6 +156,20 @@ TEST(Scaler, KeepsAUniformPictureUniform) {
       EXPECT_TRUE(SamePixels(*result, *uniform(width, height, pixel)));
     }
   }
+}
+
+TEST(Workers, ACallDuringAnotherOrWithoutThreadsIsDoneAlone) {
+  std::atomic<int> calls{0};
+  const auto count = [&](int number) {
+    EXPECT_EQ(number, 0);
+    calls.fetch_add(1);
+  };
+  Workers workers(1);
+  workers.Run(1, [&](int number) {
+    if (number == 0) workers.Run(1, count);
+  });
+  Workers(0).Run(4, count);
+  EXPECT_EQ(calls, 2);
 }
 
 }  // namespace
