@@ -19,8 +19,7 @@ void PressOk(Window& shown) { shown.FindDefaultButton()->UserPress(); }
 void PressDontScale(Window& shown) { shown.FindCancelButton()->UserPress(); }
 void CloseWindow(Window& shown) { shown.UserClose(); }
 
-class RunTest : public testing::Test {
- protected:
+struct RunTest : testing::Test {
   RunTest() { setenv("XDG_CONFIG_HOME", folder.Path("config").c_str(), 1); }
 
   // A run with a picture of 640 by 480 on the clipboard, and a user who does that to the window;

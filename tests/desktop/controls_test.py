@@ -1,5 +1,4 @@
-"""The dialog's controls and its pictures on an X display, as mouse, keyboard and assistive technology
-meet them, and the program without a display.
+"""The dialog on an X display: its controls, its pictures, and what assistive technology is told.
 
 Run as: controls_test.py PROGRAM [unittest arguments]
 """
@@ -62,7 +61,8 @@ class Controls(OnDesktop):
         self.copy_picture(1000, 500)
         run, dialog = self.start()
         steps = ('mousemove_relative', 20, 0) * 11
-        self.desktop.do('mousemove', '--window', dialog, 219, 318, 'mousedown', 1, *steps, 'mouseup', 1)
+        self.desktop.do('mousemove', '--window', dialog, 219, 318, 'mousedown', 1, *steps,
+                        'mouseup', 1)
         self.click(dialog, 180, 383)  # W
         self.scales(run, 600, 300)
 

@@ -46,8 +46,7 @@ class Gestures(OnDesktop):
         self.desktop.wait_until_still()
 
     def pointer_to(self, x, y, *actions):
-        """Moves the mouse pointer to a place in the dialog, and does more in the words of xdotool.
-        The preview shows 320 x 240 pixels."""
+        """Moves the mouse pointer to a place in the dialog, and goes on in the words of xdotool."""
         left, top, right, bottom = self.desktop.find(PICTURE)
         self.assertEqual((right - left, bottom - top), (320, 240))
         self.desktop.do('mousemove', left - 60 + x, top - 30 + y, *actions)

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "platform/ui/application.h"
 #include "tests/installed_host.h"
 
@@ -14,8 +16,7 @@ TEST(InfoWindowTest, IsOneInTheMiddleThatAClickOnTheAddressLeavesOpenAndAnyKeyCl
   EXPECT_EQ(InfoWindow::Instance(), window);
   EXPECT_EQ(window->Label1()->Text(), "Morvantile");
   EXPECT_EQ(window->Label3()->Text(), "Version " + Application::Version());
-  EXPECT_EQ(window->Left(), 561);
-  EXPECT_EQ(window->Top(), 326);
+  EXPECT_EQ(std::pair(window->Left(), window->Top()), std::pair(561, 326));
   host.scripts.emplace_back([&](Window& shown) {
     window->URLLabel()->UserMouseDown(3, 3);
     shown.UserDeactivated();

@@ -8,6 +8,7 @@
 #include <limits>
 #include <random>
 #include <string>
+#include <utility>
 
 #include "platform/text/folding.h"
 #include "platform/text/text_search.h"
@@ -15,9 +16,8 @@
 namespace morvantile {
 namespace {
 
-struct Pair {
-  std::string a, b;
-};
+using Pair = std::pair<std::string, std::string>;
+using Row = std::pair<std::string, double>;
 
 void ExpectEqual(std::initializer_list<Pair> results) {
   for (const auto& [result, expected] : results) EXPECT_EQ(result, expected);
@@ -103,11 +103,6 @@ TEST(ChrAndAsc, ConvertBetweenCodeAndCharacter) {
 }
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
-
-struct Row {
-  std::string text;
-  double number;
-};
 
 TEST(Str, IsTheShortestTextWithoutNeedlessExponent) {
   for (const auto& [text, number] :
