@@ -26,27 +26,25 @@
 
 namespace {
 
-// How many allocations, and calls of the file system, succeed until all fail; below zero, all do.
-thread_local int until_memory_runs_out = -1;
-thread_local int until_calls_fail = -1;
-thread_local bool a_call_has_failed = false;
+// How many allocations, and calls of the file system, succeed until one fails, or all; -1 if none.
+thread_local int until_allocation_fails = -1;
+thread_local int until_call_fails = -1;
+thread_local bool fault_stays = false;
+thread_local bool has_failed = false;
 
-bool IsDue(int& until_fault) {
-  if (until_fault <= 0) return until_fault == 0;
-  --until_fault;
-  return false;
-}
-
-bool CallFails() {
-  if (!IsDue(until_calls_fail)) return false;
+bool Fails(int& until_fault) {
+  if (until_fault < 0 || until_fault-- > 0) return false;
+  if (fault_stays) until_fault = 0;
   errno = EIO;
-  return a_call_has_failed = true;
+  return has_failed = true;
 }
+
+bool CallFails() { return Fails(until_call_fails); }
 
 }  // namespace
 
 void* operator new(std::size_t size) {
-  void* const memory = IsDue(until_memory_runs_out) ? nullptr : std::malloc(size);
+  void* const memory = Fails(until_allocation_fails) ? nullptr : std::malloc(size);
   return memory != nullptr ? memory : throw std::bad_alloc();
 }
 void operator delete(void* memory) noexcept { std::free(memory); }
@@ -76,8 +74,6 @@ namespace {
 namespace fs = std::filesystem;
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-constexpr auto kPrivate = static_cast<fs::perms>(0600);
 
 std::vector<std::string> LinesOf(const Ref<FolderItem>& file) {
   std::vector<std::string> lines;
@@ -139,7 +135,7 @@ TEST(Streams, AFaultAtAnyMomentLeavesTheOldFileAndNoDescriptorOpen) {
       [&] {
         const Ref<TextInputStream> stream = TextInputStream::Open(source);
         const std::string read = stream->ReadAll();
-        EXPECT_EQ(stream->ReadError(), a_call_has_failed);
+        EXPECT_EQ(stream->ReadError(), has_failed);
         Shell shell;
         shell.Execute("echo text");
         return !stream->ReadError() && shell.Result() == "text\n" && WriteText(file, read);
@@ -149,19 +145,21 @@ TEST(Streams, AFaultAtAnyMomentLeavesTheOldFileAndNoDescriptorOpen) {
     return std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator());
   };
   const auto before = open_descriptors();
-  for (int* const until_fault : {&until_calls_fail, &until_memory_runs_out}) {
-    for (std::size_t i = 0; i < operations.size(); ++i) {
-      bool has_succeeded = false;
-      for (int count = 0; !has_succeeded; ++count) {
+  for (int* const until_fault : {&until_call_fails, &until_allocation_fails}) {
+    for (std::size_t i = 0; i < 2 * operations.size(); ++i) {
+      fault_stays = i % 2 == 1;
+      has_failed = true;
+      for (int count = 0; has_failed; ++count) {
         folder.Put("a", "old");
-        a_call_has_failed = false;
+        bool has_succeeded = has_failed = false;
         *until_fault = count;
         try {
-          has_succeeded = operations[i]();
+          has_succeeded = operations[i / 2]();
         } catch (const std::bad_alloc&) {
         }
         *until_fault = -1;
-        SCOPED_TRACE(std::to_string(i) + ": " + std::to_string(count));
+        SCOPED_TRACE("operation " + std::to_string(i / 2) + ", fault " + std::to_string(count));
+        ASSERT_TRUE(has_failed || has_succeeded);
         ASSERT_TRUE(folder.Content("a") == (has_succeeded ? text : "old"));
         ASSERT_EQ(folder.Names().size(), 2U);
         ASSERT_EQ(open_descriptors(), before);
@@ -185,7 +183,7 @@ TEST(TextOutputStream, WritesAPrivateFileThatAppearsOnClose) {
   EXPECT_TRUE(stream->Close());
   stream->WriteLine("too late");
   EXPECT_TRUE(folder.Content("new") == text);
-  EXPECT_EQ(folder.Permissions("new"), kPrivate);
+  EXPECT_EQ(folder.Permissions("new"), static_cast<fs::perms>(0600));
   EXPECT_THAT(folder.Names(), ElementsAre("new"));
 }
 
