@@ -104,7 +104,7 @@ TEST(TextInputStream, EndsLinesAtAnyLineEndWhereverItsBufferEnds) {
   for (const std::size_t buffers : {1U, 2U}) {
     for (std::size_t in_text = 0; in_text <= text.size(); ++in_text) {
       const std::string line(buffers * 262'144 - 2 - in_text, 'x');
-      const Ref<FolderItem> file = folder.Put("a", "\r\n" + line + text);
+      const Ref<FolderItem> file = folder.Put("a", std::string("\r\n").append(line).append(text));
       EXPECT_THAT(LinesOf(file), ElementsAre("", line + "\xff\xfe", "", "", "", last)) << in_text;
     }
   }
