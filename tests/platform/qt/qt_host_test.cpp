@@ -11,7 +11,7 @@
 #include <stdexcept>
 
 #include "platform/ui/application.h"
-#include "platform/ui/controls/push_button.h"
+#include "platform/ui/controls/slider.h"
 #include "platform/ui/window.h"
 
 // An exception that passes through the toolkit on its way out leaves one of its guards behind. The
@@ -51,11 +51,11 @@ struct Script : Application {
   void Event_Close() override { ++closed; }
 };
 
-// A window with a button whose handler fails.
+// A window with a slider whose handler fails.
 struct Failing : Window {
   void CreateControls() override {
-    const Ref<PushButton> button = AddControl<PushButton>("Button", 10, 10, 200, 20);
-    button->Action = [](PushButton&) { throw std::runtime_error("escaped"); };
+    const Ref<Slider> slider = AddControl<Slider>("Slider", 10, 10, 200, 20);
+    slider->ValueChanged = [](Slider&) { throw std::runtime_error("escaped"); };
   }
 };
 
@@ -73,7 +73,7 @@ TEST(QtHost, ARunEndsByQuitWithItsStatusOrByAnExceptionInAHandler) {
     window->Build();
     QTimer::singleShot(0, [] {
       ASSERT_TRUE(QTest::qWaitForWindowActive(QApplication::activeModalWidget()));
-      QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+      QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
     });
     HostOfAllTests::host->ShowModal(window);
     ADD_FAILURE() << "went on after an exception";
