@@ -19,15 +19,17 @@ void PressOk(Window& shown) { shown.FindDefaultButton()->UserPress(); }
 void PressDontScale(Window& shown) { shown.FindCancelButton()->UserPress(); }
 void CloseWindow(Window& shown) { shown.UserClose(); }
 
-class RunTest : public testing::Test {
- protected:
+struct RunTest : testing::Test {
   RunTest() { setenv("XDG_CONFIG_HOME", folder.Path("config").c_str(), 1); }
 
   // A run with a picture of 640 by 480 on the clipboard, and a user who does that to the window;
   // returns the size of the picture then.
   std::string Run(const std::function<void(Window&)>& user) {
     host.clipboard_picture = original;
-    host.scripts = {user};
+    host.scripts = {[&](Window& shown) {
+      user(shown);
+      EXPECT_TRUE(shown.Closed());
+    }};
     const Ref<App> app = New<App>();
     EXPECT_EQ(host.Run(*app), 0);
     EXPECT_TRUE(host.messages.empty());

@@ -1,4 +1,4 @@
-"""The dialog's controls and its pictures on an X display, and the program without one.
+"""The dialog on an X display: its controls, its pictures, and what assistive technology is told.
 
 Run as: controls_test.py PROGRAM [unittest arguments]
 """
@@ -9,20 +9,22 @@ import re
 import subprocess
 import unittest
 
+import gi
+gi.require_version('Atspi', '2.0')
+from gi.repository import Atspi
+
 from on_desktop import DIALOG, PATIENCE, OnDesktop, encoded, plain, until
 
 
 class Controls(OnDesktop):
     def test_any_picture_format_is_read(self):
         picture = plain('#5078b4', 120, 60)
-        pictures = {f'image/{form.lower()}': encoded(picture, form)
-                    for form in ('JPEG', 'BMP', 'WEBP', 'TIFF')}
-        pictures['image/x-portable-pixmap'] = encoded(picture, 'PPM')
-        pictures['image/svg+xml'] = (
-            b'<svg xmlns="http://www.w3.org/2000/svg" width="120" height="60"/>')
-        for target, data in pictures.items():
-            with self.subTest(target=target):
-                self.desktop.copy(data, target)
+        forms = [(form.lower(), encoded(picture, form)) for form in ('JPEG', 'BMP', 'WEBP', 'TIFF')]
+        forms += [('x-portable-pixmap', encoded(picture, 'PPM')),
+                  ('svg+xml', b'<svg xmlns="http://www.w3.org/2000/svg" width="120" height="60"/>')]
+        for form, data in forms:
+            with self.subTest(form=form):
+                self.desktop.copy(data, 'image/' + form)
                 run, _ = self.start()
                 self.scales(run, 60, 30)
 
@@ -58,10 +60,9 @@ class Controls(OnDesktop):
     def test_the_mouse_moves_the_slider_and_switches_the_mode(self):
         self.copy_picture(1000, 500)
         run, dialog = self.start()
-        self.desktop.do('mousemove', '--window', dialog, 219, 318, 'mousedown', 1)
-        for x in range(219, 450, 20):
-            self.desktop.do('mousemove', '--window', dialog, x, 318)
-        self.desktop.do('mouseup', 1)
+        steps = ('mousemove_relative', 20, 0) * 11
+        self.desktop.do('mousemove', '--window', dialog, 219, 318, 'mousedown', 1, *steps,
+                        'mouseup', 1)
         self.click(dialog, 180, 383)  # W
         self.scales(run, 600, 300)
 
@@ -91,11 +92,75 @@ class Controls(OnDesktop):
         self.scales(run, 320, 240)
 
     def test_without_a_display_it_says_so(self):
-        run = subprocess.run(self.program, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
-                             env={**self.desktop.environment, 'DISPLAY': ''}, timeout=PATIENCE,
-                             check=False)
+        run = self.begin('env', 'DISPLAY=', self.program)
+        printed, _ = run.communicate(timeout=PATIENCE)
         self.assertEqual(run.returncode, 1)
-        self.assertRegex(run.stdout, rb'^morvantile: [^\n]*\n$')
+        self.assertRegex(printed, rb'^morvantile: [^\n]*\n$')
+
+
+def below(node):
+    """The node and all below it; a program that has just left the bus is None."""
+    if node is not None:
+        yield node
+        for index in range(node.get_child_count()):
+            yield from below(node.get_child_at_index(index))
+
+
+def told(node):
+    """What an assistant is told of a node."""
+    action = node.get_action_iface()
+    names = [Atspi.Action.get_action_name(action, i)
+             for i in range(action.get_n_actions())] if action else []
+    return node.get_role_name(), node.get_name(), 'Press' in names or 'Toggle' in names
+
+
+class ThroughAssistiveTechnology(OnDesktop):
+    def find(self, name, role=None):
+        return until(lambda: next((node for node in below(Atspi.get_desktop(0))
+                                   if node.get_name() == name
+                                   and role in (None, node.get_role_name())), None), name)
+
+    def press(self, name):
+        self.find(name).get_action_iface().do_action(0)
+
+    def description(self, name, wanted):
+        until(lambda: self.find(name).get_description() == wanted, f'{name}: {wanted}')
+
+    def test_assistants_find_every_control_and_do_what_a_click_does(self):
+        bus = self.desktop.serve('dbus-daemon', '--session',  # a session bus of its own
+                                 '--nofork', '--print-address=1', stdout=subprocess.PIPE)
+        self.addCleanup(bus.stdout.close)
+        address = bus.stdout.readline().decode().strip()
+        self.desktop.environment.update(DBUS_SESSION_BUS_ADDRESS=address,
+                                        QT_LINUX_ACCESSIBILITY_ALWAYS_ON='1')
+        os.environ.update(self.desktop.environment)
+        self.copy_picture()
+        run, _ = self.start()
+        self.find('Morvantile', 'application')
+        group = [told(node) for node in below(self.find('Scale by'))]
+        self.assertEqual(group, [('panel', 'Scale by', False), ('radio button', 'Width', True),
+                                 ('radio button', 'Height', True),
+                                 ('radio button', 'Percentage', True)])
+        self.assertEqual(told(self.find('Preview')), ('image', 'Preview', False))
+        self.description('Preview', '320 x 240')
+        self.description('Scale', '50 per cent, New Size: 320 x 240')
+        self.press('Width')
+        self.description('Scale', '300 pixels wide, New Size: 300 x 225')
+        self.description('Preview', '300 x 225')
+        value = self.find('Scale').get_value_iface()
+        self.assertEqual(value.get_current_value(), 300)
+        value.set_current_value(120)
+        self.description('Scale', '120 pixels wide, New Size: 120 x 90')
+
+        self.assertEqual(told(self.find('About Morvantile'))[0::2], ('push button', True))
+        self.press('About Morvantile')
+        info = self.find('About Morvantile', 'dialog')
+        self.assertIn(('link', 'https://morvantile.example/', True), map(told, below(info)))
+        self.desktop.key('x')
+        self.desktop.active_window(DIALOG)
+        self.press('OK')
+        self.finish(run)
+        self.assertEqual(self.pasted().size, (120, 90))
 
 
 if __name__ == '__main__':

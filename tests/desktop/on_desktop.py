@@ -32,10 +32,7 @@ class OnDesktop(unittest.TestCase):
     def tearDownClass(cls):
         cls.desktop.stop()
 
-    def setUp(self):
-        self.addCleanup(self.clear)
-
-    def clear(self):
+    def tearDown(self):
         """Leaves a desktop for the next test."""
         if self.desktop.servers[0].poll() is None:
             self.desktop.clear()

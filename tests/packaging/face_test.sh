@@ -1,7 +1,9 @@
 #!/bin/sh
 # What other programs meet, installed from BUILD: the number of headers, what the shared library
-# exports, and a program that uses every header, built with the flags that others use. The static
-# library comes from a project that has this one inside it: face_test.sh BUILD PROJECT COMPILER
+# exports, a program that uses every header, built with the flags that others use, and the sample
+# that finds the library by CMake. The static library comes from a project that has this one inside
+# it: face_test.sh BUILD PROJECT COMPILER
+# shellcheck disable=SC2046 # what pkg-config prints is a list of words
 set -eu
 build=$1 project=$2 compiler=$3
 
@@ -10,16 +12,23 @@ trap 'rm -rf "$scratch"' EXIT
 cd "$scratch"
 fail() { echo "$*"; exit 1; }
 quietly() { "$@" >log 2>&1 || { cat log; fail "failed: $*"; }; }
-runs() {
+prints() {  # prints TEXT COMMAND...
+  expected=$1
+  shift
   output=$(PATH=/usr/bin:/bin "$@") || true
-  [ "$output" = 'as expected' ] || fail "$*: $output"
+  [ "$output" = "$expected" ] || fail "$*: $output"
+}
+flags() {  # flags FOLDER OPTION...: for the library installed there
+  modules=$(dirname "$(find "$1" -name morvantile-plist.pc)")
+  shift
+  PKG_CONFIG_PATH=$modules pkg-config "$@"
 }
 
 outside=$project/tests/packaging/outside
 quietly cmake -G Ninja -S "$outside" -B inside -DMORVANTILE_SOURCE="$project" \
   -DCMAKE_CXX_COMPILER="$compiler"
 quietly cmake --build inside
-runs inside/face "$scratch/inside.plist"
+prints 'as expected' inside/face "$scratch/inside.plist"
 quietly cmake --install inside --prefix static
 quietly cmake --install "$build" --prefix shared
 
@@ -45,17 +54,14 @@ while read -r name; do
     fail "exported, and in no header: $name"
 done <exported
 
+# Both find the converter where they were installed: the program reads a binary file.
+mkdir -p static/bin
 try() {  # try COMPILER FLAGS...: builds the program with them, against both libraries
-  quietly "$@" -I$headers -c "$outside/face.cpp" -o face.o
-  quietly "$@" face.o -o by-shared -L"$library" -lmorvantile-plist
-  runs env LD_LIBRARY_PATH="$library" ./by-shared "$scratch/shared.plist"
-  PKG_CONFIG_PATH=$(dirname "$(find static -name morvantile-plist.pc)")
-  export PKG_CONFIG_PATH
-  # shellcheck disable=SC2046 # a list of words
-  quietly "$@" face.o -o by-static $(pkg-config --static --libs morvantile-plist)
-  mkdir -p static/bin
-  mv by-static static/bin/
-  runs static/bin/by-static "$scratch/static.plist"
+  quietly "$@" $(flags shared --cflags morvantile-plist) -c "$outside/face.cpp" -o face.o
+  quietly "$@" face.o -o by-shared $(flags shared --libs morvantile-plist)
+  prints 'as expected' env LD_LIBRARY_PATH="$library" ./by-shared "$scratch/shared.plist"
+  quietly "$@" face.o -o static/bin/by-static $(flags static --static --libs morvantile-plist)
+  prints 'as expected' static/bin/by-static "$scratch/static.plist"
   rm -f "$scratch"/*.plist
 }
 try "$compiler" -std=c++20 -O1 -fvisibility=hidden -fvisibility-inlines-hidden
@@ -64,11 +70,13 @@ try "$compiler" -std=c++20 -O1 -flto
 try "$compiler" -std=c++23 -D_GLIBCXX_ASSERTIONS
 if command -v clang++ >/dev/null; then try clang++ -std=c++20 -O1 -fvisibility=hidden; fi
 
-module=$(find shared -name morvantile-plist-qt.pc)
-if [ -n "$module" ]; then
-  PKG_CONFIG_PATH=$(dirname "$module")
-  # shellcheck disable=SC2046 # a list of words
+quietly cmake -G Ninja -S "$project/docs/samples/outside" -B sample \
+  -DCMAKE_PREFIX_PATH="$scratch/shared" -DCMAKE_CXX_COMPILER="$compiler"
+quietly cmake --build sample
+for starts in 1 2; do prints $starts sample/count_starts "$scratch/starts.plist"; done
+
+if [ -n "$(find shared -name morvantile-plist-qt.pc)" ]; then
   quietly "$compiler" -fPIC -fvisibility=hidden "$outside/qt_face.cpp" -o qt_face \
-    $(pkg-config --cflags --libs morvantile-plist-qt)
-  [ "$(QT_QPA_PLATFORM=offscreen LD_LIBRARY_PATH=$library ./qt_face)" = text ] || fail 'Qt'
+    $(flags shared --cflags --libs morvantile-plist-qt)
+  prints text env QT_QPA_PLATFORM=offscreen LD_LIBRARY_PATH="$library" ./qt_face
 fi

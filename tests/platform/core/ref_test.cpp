@@ -2,29 +2,26 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+
 namespace morvantile {
 namespace {
 
-class Probe : public Object {
- public:
-  explicit Probe(int* alive) : alive_(alive) { ++*alive_; }
-  ~Probe() override { --*alive_; }
-
- private:
-  int* alive_;
+struct Owner : Object {
+  std::shared_ptr<int> content = std::make_shared<int>();
 };
 
 TEST(Ref, TheLastOwnerReleasesTheObjectAndBackReferencesReadAsNilAndThrow) {
-  int alive = 0;
-  Ref<Probe> a = New<Probe>(&alive);
-  Ref<Probe> b = a;
-  const BackRef<Probe> first(a);
-  const BackRef<Probe> second = first;  // NOLINT(performance-unnecessary-copy-initialization)
+  Ref<Owner> a = New<Owner>();
+  Ref<Owner> b = a;
+  const std::weak_ptr<int> content = a->content;
+  const BackRef<Owner> first(a);
+  const BackRef<Owner> second = first;  // NOLINT(performance-unnecessary-copy-initialization)
   a = nullptr;
-  EXPECT_EQ(alive, 1);
+  EXPECT_FALSE(content.expired());
   EXPECT_TRUE(first == b);
   b = nullptr;
-  EXPECT_EQ(alive, 0);
+  EXPECT_TRUE(content.expired());
   EXPECT_TRUE(first == nullptr);
   EXPECT_TRUE(second == nullptr);
   EXPECT_THROW(first.operator->(), NilObjectException);

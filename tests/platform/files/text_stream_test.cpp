@@ -26,29 +26,25 @@
 
 namespace {
 
-// What happens from then on when `until_fault` has counted down to zero; below zero, nothing does.
-enum class Fault { kMemoryRunsOut, kCallFails };
-thread_local Fault fault;
-thread_local int until_fault = -1;
-thread_local bool a_call_has_failed = false;
+// How many allocations, and calls of the file system, succeed until one fails, or all; -1 if none.
+thread_local int until_allocation_fails = -1;
+thread_local int until_call_fails = -1;
+thread_local bool fault_stays = false;
+thread_local bool has_failed = false;
 
-bool IsDue() {
-  if (until_fault <= 0) return until_fault == 0;
-  --until_fault;
-  return false;
-}
-
-// Whether the call of the file system that is being made fails.
-bool CallFails() {
-  if (fault == Fault::kMemoryRunsOut || !IsDue()) return false;
+bool Fails(int& until_fault) {
+  if (until_fault < 0 || until_fault-- > 0) return false;
+  if (fault_stays) until_fault = 0;
   errno = EIO;
-  return a_call_has_failed = true;
+  return has_failed = true;
 }
+
+bool CallFails() { return Fails(until_call_fails); }
 
 }  // namespace
 
 void* operator new(std::size_t size) {
-  void* const memory = fault == Fault::kMemoryRunsOut && IsDue() ? nullptr : std::malloc(size);
+  void* const memory = Fails(until_allocation_fails) ? nullptr : std::malloc(size);
   return memory != nullptr ? memory : throw std::bad_alloc();
 }
 void operator delete(void* memory) noexcept { std::free(memory); }
@@ -77,8 +73,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using testing::ElementsAre;
-
-constexpr auto kPrivate = static_cast<fs::perms>(0600);
+using testing::IsEmpty;
 
 std::vector<std::string> LinesOf(const Ref<FolderItem>& file) {
   std::vector<std::string> lines;
@@ -101,25 +96,16 @@ void AsOrdinaryUser(const std::function<void()>& act) {
   (void)!seteuid(0);
 }
 
-TEST(TextInputStream, EndsLinesAtAnyLineEnd) {
+TEST(TextInputStream, EndsLinesAtAnyLineEndWhereverItsBufferEnds) {
   const ScratchFolder folder;
-  const std::vector<std::pair<std::string, std::vector<std::string>>> cases = {
-      {"one\n\r\n\r\r\nx\r", {"one", "", "", "", "x"}},
-      {"", {}},
-      {"\xff\xfe not UTF-8\n", {"\xff\xfe not UTF-8"}},
-      {std::string("a\0b\n", 4), {std::string("a\0b", 3)}},
-  };
-  for (const auto& [text, lines] : cases) EXPECT_EQ(LinesOf(folder.Put("a", text)), lines) << text;
-}
-
-TEST(TextInputStream, FindsLineEndsWhereverItsBufferEnds) {
-  const ScratchFolder folder;
-  for (std::size_t length = 262'140; length < 262'150; ++length) {
-    const std::string line(length, 'x');
-    for (const std::string end : {"\n", "\r\n", "\r"}) {
-      std::string text;
-      for (const std::string& part : {line, end, end, line, line, end}) text += part;
-      EXPECT_THAT(LinesOf(folder.Put("a", text)), ElementsAre(line, "", line + line)) << length;
+  EXPECT_THAT(LinesOf(folder.Put("a", "")), IsEmpty());
+  const std::string last("a\0b", 3);
+  const std::string text = "\xff\xfe\n\r\n\r\r\n" + last + "\r";
+  for (const std::size_t buffers : {1U, 2U}) {
+    for (std::size_t in_text = 0; in_text <= text.size(); ++in_text) {
+      const std::string line(buffers * 262'144 - 2 - in_text, 'x');
+      const Ref<FolderItem> file = folder.Put("a", std::string("\r\n").append(line).append(text));
+      EXPECT_THAT(LinesOf(file), ElementsAre("", line + "\xff\xfe", "", "", "", last)) << in_text;
     }
   }
 }
@@ -149,7 +135,7 @@ TEST(Streams, AFaultAtAnyMomentLeavesTheOldFileAndNoDescriptorOpen) {
       [&] {
         const Ref<TextInputStream> stream = TextInputStream::Open(source);
         const std::string read = stream->ReadAll();
-        EXPECT_EQ(stream->ReadError(), a_call_has_failed);
+        EXPECT_EQ(stream->ReadError(), has_failed);
         Shell shell;
         shell.Execute("echo text");
         return !stream->ReadError() && shell.Result() == "text\n" && WriteText(file, read);
@@ -159,20 +145,21 @@ TEST(Streams, AFaultAtAnyMomentLeavesTheOldFileAndNoDescriptorOpen) {
     return std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator());
   };
   const auto before = open_descriptors();
-  for (const Fault kind : {Fault::kCallFails, Fault::kMemoryRunsOut}) {
-    for (std::size_t i = 0; i < operations.size(); ++i) {
-      bool has_succeeded = false;
-      for (int count = 0; !has_succeeded; ++count) {
+  for (int* const until_fault : {&until_call_fails, &until_allocation_fails}) {
+    for (std::size_t i = 0; i < 2 * operations.size(); ++i) {
+      fault_stays = i % 2 == 1;
+      has_failed = true;
+      for (int count = 0; has_failed; ++count) {
         folder.Put("a", "old");
-        fault = kind;
-        until_fault = count;
-        a_call_has_failed = false;
+        bool has_succeeded = has_failed = false;
+        *until_fault = count;
         try {
-          has_succeeded = operations[i]();
+          has_succeeded = operations[i / 2]();
         } catch (const std::bad_alloc&) {
         }
-        until_fault = -1;
-        SCOPED_TRACE(std::to_string(i) + ": " + std::to_string(count));
+        *until_fault = -1;
+        SCOPED_TRACE("operation " + std::to_string(i / 2) + ", fault " + std::to_string(count));
+        ASSERT_TRUE(has_failed || has_succeeded);
         ASSERT_TRUE(folder.Content("a") == (has_succeeded ? text : "old"));
         ASSERT_EQ(folder.Names().size(), 2U);
         ASSERT_EQ(open_descriptors(), before);
@@ -196,7 +183,7 @@ TEST(TextOutputStream, WritesAPrivateFileThatAppearsOnClose) {
   EXPECT_TRUE(stream->Close());
   stream->WriteLine("too late");
   EXPECT_TRUE(folder.Content("new") == text);
-  EXPECT_EQ(folder.Permissions("new"), kPrivate);
+  EXPECT_EQ(folder.Permissions("new"), static_cast<fs::perms>(0600));
   EXPECT_THAT(folder.Names(), ElementsAre("new"));
 }
 
@@ -215,71 +202,60 @@ TEST(TextOutputStream, ALinkStaysALink) {
   EXPECT_EQ(folder.Item("circle")->CreateTextFile(), nullptr);
 }
 
-TEST(TextOutputStream, PermissionsAndAttributesStay) {
+TEST(TextOutputStream, OwnerPermissionsAndAttributesStayWhereTheSystemAllowsIt) {
   const ScratchFolder folder;
   const Ref<FolderItem> file = folder.Put("a", "old");
   const std::string path = file->AbsolutePath();
-  fs::permissions(path, static_cast<fs::perms>(0644));
+  const bool is_root = chown(path.c_str(), 12, 34) == 0;
+  fs::permissions(path, static_cast<fs::perms>(0664));
   for (const std::string note : {"mine", ""}) {
     const bool is_kept = setxattr(path.c_str(), "user.note", note.data(), note.size(), 0) == 0;
     EXPECT_TRUE(WriteText(file, "new"));
-    EXPECT_EQ(folder.Permissions("a"), static_cast<fs::perms>(0644));
+    EXPECT_EQ(folder.Permissions("a"), static_cast<fs::perms>(0664));
     char value[9] = "";
     EXPECT_EQ(getxattr(path.c_str(), "user.note", value, 9), is_kept ? std::ssize(note) : -1);
     EXPECT_TRUE(!is_kept || value == note) << value;
   }
-}
-
-TEST(TextOutputStream, TheOwnerStaysWhereTheSystemAllowsIt) {
-  if (geteuid() != 0) GTEST_SKIP() << "only root may give files away";
-  const ScratchFolder folder;
-  const Ref<FolderItem> file = folder.Put("a", "old");
-  const std::string path = file->AbsolutePath();
-  ASSERT_EQ(chown(path.c_str(), 12, 34), 0);
-  EXPECT_TRUE(WriteText(file, "new"));
+  if (!is_root) GTEST_SKIP() << "only root may give files away";
   struct stat status {};
   ASSERT_EQ(stat(path.c_str(), &status), 0);
   EXPECT_EQ(std::pair(status.st_uid, status.st_gid), std::pair(12U, 34U));
 
   // Another user may replace the file, but its group's rights must not go to that user's group.
-  fs::permissions(path, static_cast<fs::perms>(0664));
   ASSERT_EQ(chown(path.c_str(), 65534, 34), 0);
   AsOrdinaryUser([&] { EXPECT_TRUE(WriteText(file, "newer")); });
   EXPECT_EQ(folder.Content("a"), "newer");
   EXPECT_EQ(folder.Permissions("a"), static_cast<fs::perms>(0644));
 }
 
-TEST(Streams, AreNilForWhatCannotBeReadOrWritten) {
+TEST(Streams, AreNilAndCopiesFailForWhatCannotBeReadOrWrittenWhichStays) {
   const ScratchFolder folder;
+  const Ref<FolderItem> old = folder.Put("old", "old");
   fs::create_directories(folder.Path("folder/closed"));
+  folder.Put("folder/closed/file", "old");
   ASSERT_EQ(mkfifo(folder.Path("pipe").c_str(), 0666), 0);
+  for (const char* name : {"folder", "pipe", "missing"}) {
+    EXPECT_EQ(TextInputStream::Open(folder.Item(name)), nullptr) << name;
+    EXPECT_FALSE(folder.Item(name)->CopyFileTo(old)) << name;
+  }
   for (const auto& [name, mode] :
-       {std::pair{"read-only", 0444}, {"folder/closed/file", 0666}, {"folder/closed", 0555}}) {
-    if (mode != 0555) folder.Put(name, "old");
+       {std::pair{"old", 0444}, {"folder/closed/file", 0666}, {"folder/closed", 0555}}) {
     fs::permissions(folder.Path(name), static_cast<fs::perms>(mode));
   }
   AsOrdinaryUser([&] {
     for (const char* name :
-         {"folder", "pipe", "read-only", "folder/closed/file", "folder/closed/new", "no/file"}) {
+         {"folder", "pipe", "old", "folder/closed/file", "folder/closed/new", "no/file"}) {
       EXPECT_EQ(folder.Item(name)->CreateTextFile(), nullptr) << name;
+      EXPECT_FALSE(old->CopyFileTo(folder.Item(name))) << name;
     }
   });
-  for (const char* name : {"folder", "pipe", "missing"}) {
-    EXPECT_EQ(TextInputStream::Open(folder.Item(name)), nullptr) << name;
-  }
+  EXPECT_EQ(BinaryStream::Create(old, false), nullptr);
   EXPECT_THROW(static_cast<void>(TextInputStream::Open(nullptr)), NilObjectException);
-  fs::permissions(folder.Path("folder/closed"), fs::perms::owner_all);
-}
-
-TEST(BinaryStream, OverwritesOnlyWhenAsked) {
-  const ScratchFolder folder;
-  const Ref<FolderItem> file = folder.Put("a", "old");
-  EXPECT_EQ(BinaryStream::Create(file, false), nullptr);
-  const Ref<BinaryStream> stream = BinaryStream::Create(file, true);
-  stream->Write(std::string_view("\0\r\n\xff", 4));
-  EXPECT_TRUE(stream->Close());
-  EXPECT_EQ(folder.Content("a"), std::string("\0\r\n\xff", 4));
   EXPECT_THROW(static_cast<void>(BinaryStream::Create(nullptr, true)), NilObjectException);
+  EXPECT_THROW(static_cast<void>(old->CopyFileTo(nullptr)), NilObjectException);
+  EXPECT_EQ(folder.Content("old") + folder.Content("folder/closed/file"), "oldold");
+  EXPECT_THAT(folder.Names(), ElementsAre("folder", "old", "pipe"));
+  fs::permissions(folder.Path("folder/closed"), fs::perms::owner_all);
 }
 
 }  // namespace

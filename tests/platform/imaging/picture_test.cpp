@@ -14,15 +14,13 @@ TEST(Picture, CreateTakesOverOnlyASpareThatIsLargeEnoughAndNobodyElses) {
   Ref<Picture> smaller = Picture::Create(7, 5, true, std::move(spare));
   EXPECT_EQ(smaller->Row(0), bytes);
   EXPECT_TRUE(smaller->Width() == 7 && smaller->HasAlpha());
-  Ref<Picture> as_large_as_the_first = Picture::Create(40, 30, true, std::move(smaller));
-  EXPECT_EQ(as_large_as_the_first->Row(0), bytes);
-  EXPECT_NE(Picture::Create(40, 30, true, as_large_as_the_first)->Row(0), bytes)
-      << "it has an owner";
-  const Ref<Picture> larger = Picture::Create(400, 300, true, std::move(as_large_as_the_first));
+  Ref<Picture> as_large = Picture::Create(40, 30, true, std::move(smaller));
+  EXPECT_EQ(as_large->Row(0), bytes);
+  EXPECT_NE(Picture::Create(40, 30, true, as_large)->Row(0), bytes) << "it has an owner";
+  const Ref<Picture> larger = Picture::Create(400, 300, true, std::move(as_large));
   larger->MutableRow(299)[1599] = 7;
-  EXPECT_NE(Picture::Create(2, 2, false, Picture::Wrap(9, 9, 36, nullptr, false, nullptr))->Row(0),
-            nullptr)
-      << "what is wrapped is somebody else's";
+  Ref<Picture> of_somebody_else = Picture::Wrap(9, 9, 36, nullptr, false, nullptr);
+  EXPECT_NE(Picture::Create(2, 2, false, std::move(of_somebody_else))->Row(0), nullptr);
 }
 
 TEST(Picture, CreateReturnsNilForSidesThatNoPictureCanHave) {

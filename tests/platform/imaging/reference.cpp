@@ -75,15 +75,10 @@ bool IsClose(const std::uint8_t* got, const ExactPixel& want) {
 }
 
 std::uint8_t Byte(Content content, int x, int y, int channel, std::minstd_rand& random) {
-  switch (content) {
-    case Content::kNoise:
-      return static_cast<std::uint8_t>(random() >> 16);
-    case Content::kStripes:
-      return (channel == 3 ? x % 8 < 6 : (x + y * channel) % 2 == 1) ? 255 : 0;
-    case Content::kBlocks:
-      return (x / (7 + channel) + y / 5) % 2 == 0 ? 255 : 0;
-  }
-  return 0;
+  if (content == Content::kNoise) return static_cast<std::uint8_t>(random() >> 16);
+  const bool in_stripe = channel == 3 ? x % 8 < 6 : (x + y * channel) % 2 == 1;
+  const bool in_block = (x / (7 + channel) + y / 5) % 2 == 0;
+  return (content == Content::kStripes ? in_stripe : in_block) ? 255 : 0;
 }
 
 }  // namespace
@@ -119,15 +114,13 @@ std::string FirstDifference(const Picture& result, const std::vector<ExactPixel>
 }
 
 Ref<Picture> Sample(Content content, int width, int height, bool has_alpha, int padding) {
-  const std::ptrdiff_t stride = std::ptrdiff_t{4} * width + padding;
-  const std::ptrdiff_t size = stride * height - padding;
-  const auto bytes = std::make_shared<std::vector<std::uint8_t>>(static_cast<std::size_t>(size),
-                                                                 std::uint8_t{0xA5});
+  const int stride = 4 * width + padding;
+  const int size = stride * height - padding;
+  const auto bytes = std::make_shared<std::vector<std::uint8_t>>();
   std::minstd_rand random(42);
-  for (int y = 0; y < height; ++y) {
-    for (int i = 0; i < 4 * width; ++i) {
-      (*bytes)[static_cast<std::size_t>(stride * y + i)] = Byte(content, i / 4, y, i % 4, random);
-    }
+  for (int i = 0; i < size; ++i) {
+    const int at = i % stride;
+    bytes->push_back(at < 4 * width ? Byte(content, at / 4, i / stride, at % 4, random) : 0xA5);
   }
   return Picture::Wrap(width, height, stride, bytes->data(), has_alpha, bytes);
 }

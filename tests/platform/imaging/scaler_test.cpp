@@ -1,9 +1,11 @@
 #include "platform/imaging/scaler.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <cstring>
 #include <memory>
 #include <ostream>
@@ -11,6 +13,7 @@
 
 #include "hwy/targets.h"
 #include "platform/imaging/resample_internal.h"
+#include "platform/imaging/workers.h"
 #include "tests/platform/imaging/reference.h"
 
 namespace morvantile {
@@ -73,17 +76,11 @@ TEST(Scaler, EqualsTheDefinitionWithinOneLevel) {
   }
 }
 
-TEST(Scaler, IsCorrectWithoutVectors) {
-  Choose(HWY_EMU128);
-  ExpectExactWithinOneLevel(Content::kNoise, true, {97, 61, 40, 30});
-  ExpectExactWithinOneLevel(Content::kNoise, true, {97, 61, 150, 80});
-  Choose(0);
-}
-
 // Every way through the passes: several strips and batches, unfinished rows, edges, long windows.
 TEST(Scaler, MakesTheSameBytesWithEveryInstructionSetAndNumberOfThreads) {
   const std::vector<std::int64_t> targets = VectorTargets();
   ASSERT_GE(targets.size(), 2U);
+  ASSERT_THAT(targets, testing::Contains(HWY_EMU128)) << "the way without vectors";
   for (const Sizes& sizes : {Sizes{601, 403, 307, 200}, Sizes{433, 357, 389, 330},
                              Sizes{71, 113, 500, 701}, Sizes{1200, 700, 37, 21},
                              Sizes{3001, 70, 40, 3}, Sizes{70, 3001, 3, 40}, Sizes{5, 3, 2, 2}}) {
@@ -154,6 +151,20 @@ TEST(Scaler, KeepsAUniformPictureUniform) {
       EXPECT_TRUE(SamePixels(*result, *uniform(width, height, pixel)));
     }
   }
+}
+
+TEST(Workers, ACallDuringAnotherOrWithoutThreadsIsDoneAlone) {
+  std::atomic<int> calls{0};
+  const auto count = [&](int number) {
+    EXPECT_EQ(number, 0);
+    calls.fetch_add(1);
+  };
+  Workers workers(1);
+  workers.Run(1, [&](int number) {
+    if (number == 0) workers.Run(1, count);
+  });
+  Workers(0).Run(4, count);
+  EXPECT_EQ(calls, 2);
 }
 
 }  // namespace

@@ -9,28 +9,25 @@
 #include <chrono>
 #include <csignal>
 #include <string>
+#include <tuple>
 
 #include "tests/platform/files/scratch_folder.h"
 
 namespace morvantile {
 namespace {
 
-using namespace std::chrono_literals;
-
 TEST(Shell, ReturnsStatusAndOutput) {
-  struct Case {
-    const char* command;
-    int status;
-    const char* output;
+  const std::tuple<const char*, int, const char*> rows[] = {
+      {"echo out; echo err >&2; exit 3", 3, "out\nerr\n"},
+      {"true", 0, ""},
+      {"exec 2>/dev/null; no-such-command-anywhere", 127, ""},
+      {"kill -9 $$", 128 + SIGKILL, ""},
+      {"cat; yes 2>/dev/null | head -n 1; kill -PIPE $$; echo on", 128 + SIGPIPE, "y\n"},
   };
   Shell shell;
   EXPECT_EQ(shell.ErrorCode(), -1);
   std::signal(SIGPIPE, SIG_IGN);  // the command sees no signals of ours, and reads nothing
-  for (const auto& [command, status, output] :
-       {Case{"echo out; echo err >&2; exit 3", 3, "out\nerr\n"}, Case{"true", 0, ""},
-        Case{"exec 2>/dev/null; no-such-command-anywhere", 127, ""},
-        Case{"kill -9 $$", 128 + SIGKILL, ""},
-        Case{"cat; yes 2>/dev/null | head -n 1; kill -PIPE $$; echo on", 128 + SIGPIPE, "y\n"}}) {
+  for (const auto& [command, status, output] : rows) {
     shell.Execute(command);
     EXPECT_EQ(shell.ErrorCode(), status) << command;
     EXPECT_EQ(shell.Result(), output) << command;
@@ -51,7 +48,7 @@ TEST(Shell, KillsWhatHangsWithAllThatItStarted) {
   const std::string pipe = folder.Path("pipe");
   ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
   const int reader = open(pipe.c_str(), O_RDONLY | O_NONBLOCK);
-  Shell shell(200ms);
+  Shell shell(std::chrono::milliseconds(200));
   shell.Execute("exec 3>" + pipe + "; (sleep 1000) & wait");
   EXPECT_EQ(shell.ErrorCode(), -1);
   pollfd end{reader, POLLIN, 0};

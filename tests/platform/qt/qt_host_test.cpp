@@ -25,14 +25,12 @@ namespace morvantile {
 namespace {
 
 // A process has one host; it has to go before the static objects of the toolkit do.
-class HostOfAllTests : public testing::Environment {
- public:
-  static std::unique_ptr<QtHost> host;
+struct HostOfAllTests : testing::Environment {
+  static inline std::unique_ptr<QtHost> host;
 
   void SetUp() override {
-    static std::string name = "test";
-    static std::string right_to_left = "-reverse";
-    static std::array<char*, 3> arguments = {name.data(), right_to_left.data(), nullptr};
+    static std::array<std::string, 2> words = {"test", "-reverse"};  // a right-to-left desktop
+    static std::array<char*, 3> arguments = {words[0].data(), words[1].data(), nullptr};
     static StayBehind stay_behind;
     static SingleInstance instance;
     host = std::make_unique<QtHost>(2, arguments.data(), stay_behind, instance);
@@ -44,11 +42,9 @@ class HostOfAllTests : public testing::Environment {
   }
 };
 
-std::unique_ptr<QtHost> HostOfAllTests::host;
 const testing::Environment* const kHost = testing::AddGlobalTestEnvironment(new HostOfAllTests);
 
-class Script : public Application {
- public:
+struct Script : Application {
   std::function<void()> open;
   int closed = 0;
   void Event_Open() override { open(); }
@@ -56,13 +52,10 @@ class Script : public Application {
 };
 
 // A window with a slider whose handler fails.
-class Failing : public Window {
- protected:
+struct Failing : Window {
   void CreateControls() override {
     const Ref<Slider> slider = AddControl<Slider>("Slider", 10, 10, 200, 20);
-    slider->LiveScroll = true;
     slider->ValueChanged = [](Slider&) { throw std::runtime_error("escaped"); };
-    InitialFocus = slider;
   }
 };
 

@@ -13,8 +13,7 @@ namespace morvantile {
 namespace {
 
 // A display of this test's own.
-class SingleInstanceTest : public testing::Test {
- protected:
+struct SingleInstanceTest : testing::Test {
   void SetUp() override {
     unsetenv("WAYLAND_DISPLAY");
     unsetenv("XDG_ACTIVATION_TOKEN");

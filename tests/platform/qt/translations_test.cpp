@@ -8,18 +8,14 @@
 #include <QFontInfo>
 #include <QFontMetrics>
 #include <QLabel>
-#include <QPushButton>
-#include <QTextLayout>
-#include <array>
 #include <set>
 #include <string>
 #include <utility>
-#include <vector>
 
 #include "dialogs/info_window.h"
 #include "dialogs/resizer_window.h"
 #include "platform/qt/widgets/window_widget.h"
-#include "platform/ui/headless_host.h"
+#include "tests/installed_host.h"
 
 namespace morvantile {
 namespace {
@@ -27,14 +23,12 @@ namespace {
 constexpr int kReadablePixels = 9;
 
 // A desktop of its own, without a screen, whose texts come from the catalogues of the build.
-class Desktop : public HeadlessHost {
+class Desktop : public InstalledHost {
  public:
   explicit Desktop(const QStringList& languages) : application_(count_, arguments_) {
     LoadTranslations(MORVANTILE_CATALOGUES, languages);
     clipboard_picture = Picture::Create(640, 480, false);
-    InstallHost(this);
   }
-  ~Desktop() override { InstallHost(nullptr); }
 
   std::string Translate(const std::string& text) override {
     return QCoreApplication::translate("Morvantile", text.c_str()).toStdString();
@@ -48,7 +42,7 @@ class Desktop : public HeadlessHost {
 };
 
 TEST(Translations, TheFirstLanguageCountsThatIsEnglishOrHasACatalogue) {
-  const std::vector<std::pair<QStringList, std::string>> cases = {
+  const std::pair<QStringList, std::string> cases[] = {
       {{"de-AT"}, "Nicht ändern"},
       {{"pt-BR"}, "Não alterar"},
       {{"tlh", "zh-Hans-CN", "zh-CN", "zh", "de"}, "不缩放"},
@@ -62,25 +56,23 @@ TEST(Translations, TheFirstLanguageCountsThatIsEnglishOrHasACatalogue) {
   }
 }
 
-void ExpectFits(const QWidget& widget, const QString& text, QSize room, const std::string& where) {
+void ExpectFits(const QWidget& widget, const QString& text, QSize room) {
   const QFontMetrics metrics(widget.font());
   const QSize size(metrics.boundingRect(text).width(), metrics.tightBoundingRect(text).height());
-  EXPECT_EQ(room.expandedTo(size), room) << where << ": " << text.toStdString();
-  EXPECT_GE(QFontInfo(widget.font()).pixelSize(), kReadablePixels) << where;
+  EXPECT_EQ(room.expandedTo(size), room) << text.toStdString();
+  EXPECT_GE(QFontInfo(widget.font()).pixelSize(), kReadablePixels) << text.toStdString();
 }
 
-void ExpectNothingCut(const QWidget& window, const std::string& where) {
+void ExpectNothingCut(const QWidget& window) {
   for (const auto* label : window.findChildren<QLabel*>()) {
-    ExpectFits(*label, label->text(), label->size(), where);
+    ExpectFits(*label, label->text(), label->size());
   }
-  std::set<int> of_buttons;
+  std::set<int> sizes;
   for (const auto* button : window.findChildren<QAbstractButton*>()) {
-    ExpectFits(*button, button->text(), button->size() - QSize(6, 4), where);
+    ExpectFits(*button, button->text(), button->size() - QSize(6, 4));
+    if (button->inherits("QPushButton")) sizes.insert(QFontInfo(button->font()).pixelSize());
   }
-  for (const auto* button : window.findChildren<QPushButton*>()) {
-    of_buttons.insert(QFontInfo(button->font()).pixelSize());
-  }
-  EXPECT_LE(of_buttons.size(), 1U) << where << ": buttons of different sizes";
+  EXPECT_LE(sizes.size(), 1U) << "buttons of different sizes";
 }
 
 TEST(Translations, NoTextOfAnyLanguageIsCutAndALargeFontIsHonoured) {
@@ -95,42 +87,31 @@ TEST(Translations, NoTextOfAnyLanguageIsCutAndALargeFontIsHonoured) {
       QFont font = QApplication::font();
       font.setPixelSize(pixels);
       QApplication::setFont(font);
-      const std::string where = language.toStdString() + " at " + std::to_string(pixels);
+      SCOPED_TRACE(language.toStdString() + " at " + std::to_string(pixels));
 
       const Ref<ResizerWindow> resizer = ResizerWindow::Instance(New<plist>(std::string()));
       const WindowWidget shown(resizer, nullptr);
       resizer->OriginalSize()->SetSuffix("40000 x 20000");
       resizer->NewSizeLabel()->SetSuffix("40000 x 20000");
-      ExpectNothingCut(shown, where);
+      ExpectNothingCut(shown);
       const QLabel* factor = shown.findChild<QLabel*>("ScaleFactorLabel");
-      EXPECT_GE(QFontInfo(factor->font()).pixelSize(), pixels == 13 ? 13 : 16) << where;
+      EXPECT_GE(QFontInfo(factor->font()).pixelSize(), pixels == 13 ? 13 : 16);
       resizer->Close();
 
       const Ref<InfoWindow> info = InfoWindow::Instance();
-      ExpectNothingCut(WindowWidget(info, nullptr), where);
+      ExpectNothingCut(WindowWidget(info, nullptr));
       info->Close();
     }
   }
 }
 
-TEST(Translations, SizesKeepTheirOrderAmongRightToLeftLetters) {
+TEST(Translations, SizesAreIsolatedFromRightToLeftLettersAndKeepTheirOrder) {
   Desktop desktop({"C"});
   const Ref<ResizerWindow> resizer = ResizerWindow::Instance(New<plist>(std::string()));
   const WindowWidget shown(resizer, nullptr);
   resizer->NewSizeLabel()->SetText("גודל חדש: 640 x 480");
   const QString text = shown.findChild<QLabel*>("NewSizeLabel")->text();
-
-  QTextLayout layout(text);
-  layout.beginLayout();
-  QTextLine line = layout.createLine();
-  line.setLineWidth(1000);
-  layout.endLayout();
-  double place = 0;
-  for (const char* part : {"640", "x", "480", "ג"}) {  // from left to right
-    const double next = line.cursorToX(static_cast<int>(text.indexOf(part)) + 1);
-    EXPECT_LT(place, next) << part;
-    place = next;
-  }
+  EXPECT_EQ(text.toStdString(), "גודל חדש: \u2066640 x 480\u2069");
   resizer->Close();
 }
 

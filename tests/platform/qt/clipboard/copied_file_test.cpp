@@ -3,28 +3,25 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include <QFile>
 #include <QImage>
-#include <QTemporaryDir>
 
 #include "platform/qt/clipboard/clipboard_formats.h"
+#include "tests/platform/files/scratch_folder.h"
 
 namespace morvantile {
 namespace {
 
 TEST(CopiedFile, OneLocalRegularFileThatHoldsAPictureIsOne) {
-  const QTemporaryDir folder;
-  const QByteArray base = "file://" + folder.path().toUtf8() + "/";
+  const ScratchFolder folder;
   const QImage image(3, 2, QImage::Format_RGB32);
-  ASSERT_TRUE(image.save(folder.filePath("a picture.png"), "PNG"));
-  ASSERT_TRUE(image.save(folder.filePath("no suffix"), "BMP"));
-  QFile text(folder.filePath("notes.png"));
-  ASSERT_TRUE(text.open(QIODevice::WriteOnly) && text.write("not a picture") > 0);
-  text.close();
-  ASSERT_EQ(mkfifo(folder.filePath("pipe.png").toUtf8(), 0600), 0);
+  ASSERT_TRUE(image.save(QString::fromStdString(folder.Path("a picture.png")), "PNG"));
+  ASSERT_TRUE(image.save(QString::fromStdString(folder.Path("no suffix")), "BMP"));
+  folder.Put("notes.png", "not a picture");
+  ASSERT_EQ(mkfifo(folder.Path("pipe.png").c_str(), 0600), 0);
 
-  const QByteArray path = folder.path().toUtf8() + "/a%20picture.png";
-  const QByteArray file = "file://" + path;
+  const QByteArray base = QByteArray("file://").append(folder.Path("").c_str());
+  const QByteArray file = base + "a%20picture.png";
+  const QByteArray path = file.mid(7);
   for (const QByteArray& names :
        {file, "# a comment\r\n" + file + "\r\n", "copy\n" + file, "cut\n" + file + "\n",
         base + "no%20suffix", "file://localhost" + path}) {

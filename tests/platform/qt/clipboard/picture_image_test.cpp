@@ -8,6 +8,7 @@
 #include <array>
 #include <functional>
 #include <memory>
+#include <tuple>
 
 #include "platform/imaging/scaler.h"
 #include "platform/qt/clipboard/png_file.h"
@@ -32,11 +33,7 @@ QImage Filled(const std::function<QRgb(unsigned)>& pixel) {
 TEST(PictureImage, APictureComesBackFromEitherFormWithEveryBit) {
   constexpr QRgb kOpaque = 0xFF000000;
   const auto grey = [](unsigned i) { return i % 256 * 0x10101U; };
-  const struct {
-    const char* name;
-    std::function<QRgb(unsigned)> pixel;
-    int bits, type;
-  } cases[] = {
+  const std::tuple<const char*, std::function<QRgb(unsigned)>, int, int> cases[] = {
       {"2 colours", [&](unsigned i) { return i % 2 == 0 ? kRed : kGreen; }, 1, 3},
       {"3 colours", [&](unsigned i) { return kOpaque | i % 3; }, 2, 3},
       {"16 colours", [&](unsigned i) { return kOpaque | i % 16; }, 4, 3},

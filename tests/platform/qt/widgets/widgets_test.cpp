@@ -14,11 +14,9 @@ namespace morvantile {
 namespace {
 
 // A window with one control of each kind that shows a text or a focus, too high for the screen.
-class Sampler : public Window {
- public:
+struct Sampler : Window {
   Ref<Slider> slider;
 
- protected:
   void CreateControls() override {
     Resizeable = false;
     SetWidth(300);
