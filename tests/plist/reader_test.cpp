@@ -113,14 +113,6 @@ TEST(Reader, KeepsWhatStandsBeforeTheEndOfATruncatedFile) {
                                              "{: ['x', {}]}", "{: ['x', {b: boolean 'true'}]}"));
 }
 
-TEST(Reader, TakesTimeLinearInLinesThatSpanTheFile) {
-  std::string line;
-  for (int i = 0; i < 200'000; ++i) line += "<key>" + Str(i) + "</key><dict>";
-  EXPECT_EQ(Read(line)->root->children.size(), 200'001U);
-  const std::string name(100'000, '<');
-  Read("</" + name + ">|</" + name + name);
-}
-
 TEST(Load, MakesAnEmptyNodeWhoseChildrenAndMarksStay) {
   const Ref<plistDict> node = Tree("{s: 'x', c: {}}")->root;
   node->searched.SetValue("c", true);

@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <cmath>
 #include <string>
 
@@ -20,13 +19,11 @@ std::string Fields(const Date& date) {
 }
 
 TEST(Date, CarriesOverLikeTheStandardCalendar) {
-  for (int days = -730'000; days < 150'000; ++days) {  // from the year -29 on
-    const std::chrono::year_month_day day{std::chrono::sys_days(std::chrono::days(days))};
-    const Date date(1970, 1, 1 + days);
-    ASSERT_EQ(date.Year(), static_cast<int>(day.year())) << days;
-    ASSERT_EQ(date.Month(), static_cast<unsigned>(day.month())) << days;
-    ASSERT_EQ(date.Day(), static_cast<unsigned>(day.day())) << days;
-  }
+  EXPECT_EQ(Fields(Date(1900, 2, 29)), "1900-3-1 0:0:0");
+  EXPECT_EQ(Fields(Date(2000, 1, 1 + 146097)), "2400-1-1 0:0:0");
+  EXPECT_EQ(Fields(Date(0, 3, 0)), "0-2-29 0:0:0");
+  EXPECT_EQ(Fields(Date(-400, 0, 0)), "-401-11-30 0:0:0");
+  EXPECT_EQ(Fields(Date(1'000'000, 1, 1)), "1000000-1-1 0:0:0");
   EXPECT_EQ(Fields(Date(2009, 14, 30)), "2010-3-2 0:0:0");
   EXPECT_EQ(Fields(Date(2009, 1, 1, -1, 0, 0)), "2008-12-31 23:0:0");
   EXPECT_EQ(Fields(Date(2008, 12, 31, 23, 59, 60)), "2009-1-1 0:0:0");
