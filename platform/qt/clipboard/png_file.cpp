@@ -30,7 +30,7 @@ Bytes Compressed(const void* bytes, std::size_t size, int level) {
   return result;
 }
 
-// What is drawn gets smaller without filters, what is photographed with them. Some of the rows tell
+// What is drawn gets smaller without a filter, what is photographed with one. Some of the rows tell
 // which it is.
 Filtering FilteringFor(const Picture& picture, const Layout& layout) {
   constexpr int kBand = 16;
@@ -40,7 +40,8 @@ Filtering FilteringFor(const Picture& picture, const Layout& layout) {
     const Bytes some = PngRows(picture, layout, filtering, kBand, kDistance);
     return Compressed(some.data.get(), some.size, kQuickLevel).size;
   };
-  return size(Filtering::kNone) < size(Filtering::kByRow) ? Filtering::kNone : Filtering::kByRow;
+  return size(Filtering::kNone) < size(Filtering::kAverage) ? Filtering::kNone
+                                                            : Filtering::kAverage;
 }
 
 // Appends to a PNG file.
