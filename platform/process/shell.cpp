@@ -12,10 +12,9 @@
 #include <csignal>
 #include <cstddef>
 #include <optional>
-#include <utility>
 
 #include "platform/core/owned_descriptor.h"
-#include "platform/process/command_environment.h"
+#include "platform/files/folder_item.h"
 
 namespace morvantile {
 namespace {
@@ -29,7 +28,7 @@ constexpr int kKilledAtLimit = -1;
 // A command that runs, and the pipe that it writes to.
 class RunningCommand {
  public:
-  RunningCommand(const std::string& command, char* const* environment);
+  explicit RunningCommand(const std::string& command);
 
   // The status of the command once it has ended.
   [[nodiscard]] std::optional<int> Ended() const;
@@ -38,7 +37,7 @@ class RunningCommand {
   void Kill() const;
 
  private:
-  static pid_t Spawn(const std::string& command, char* const* environment, int output);
+  static pid_t Spawn(const std::string& command, int output);
 
   pid_t process_ = -1;
   OwnedDescriptor output_;
@@ -46,14 +45,15 @@ class RunningCommand {
 
 }  // namespace
 
-Shell::Shell(std::chrono::milliseconds limit, std::string first_folder)
-    : limit_(limit), first_folder_(std::move(first_folder)) {}
+Shell::Shell(std::chrono::milliseconds limit, const std::string& first_folder) : limit_(limit) {
+  if (first_folder.empty()) return;
+  search_path_ = "PATH=" + FolderItem(first_folder).ShellPath() + ":$PATH; export PATH; ";
+}
 
 void Shell::Execute(const std::string& command) {
   const Clock::time_point deadline = Clock::now() + limit_;
   result_.clear();
-  CommandEnvironment environment(first_folder_);
-  RunningCommand running(command, environment.Pointers());
+  RunningCommand running(search_path_ + command);
   std::optional<int> status = running.Ended();
   while (!status && Clock::now() < deadline) {
     running.WaitForNews();
@@ -67,17 +67,17 @@ void Shell::Execute(const std::string& command) {
 
 namespace {
 
-RunningCommand::RunningCommand(const std::string& command, char* const* environment) {
+RunningCommand::RunningCommand(const std::string& command) {
   std::array<int, 2> ends{};
   if (pipe(ends.data()) != 0) return;
   for (const int end : ends) fcntl(end, F_SETFD, FD_CLOEXEC);
   fcntl(ends[0], F_SETFL, O_NONBLOCK);
   output_ = OwnedDescriptor(ends[0]);
   const OwnedDescriptor input(ends[1]);
-  process_ = Spawn(command, environment, input.get());
+  process_ = Spawn(command, input.get());
 }
 
-pid_t RunningCommand::Spawn(const std::string& command, char* const* environment, int output) {
+pid_t RunningCommand::Spawn(const std::string& command, int output) {
   std::string shell = "sh";
   std::string option = "-c";
   std::string text = command;
@@ -102,7 +102,7 @@ pid_t RunningCommand::Spawn(const std::string& command, char* const* environment
 
   pid_t process = -1;
   const int error =
-      posix_spawn(&process, "/bin/sh", &files, &attributes, arguments.data(), environment);
+      posix_spawn(&process, "/bin/sh", &files, &attributes, arguments.data(), environ);
   posix_spawnattr_destroy(&attributes);
   posix_spawn_file_actions_destroy(&files);
   return error == 0 ? process : -1;
