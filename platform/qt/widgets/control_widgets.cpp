@@ -132,19 +132,6 @@ class LabelPeer : public PeerOf<Label, LabelWidget> {
   }
 };
 
-QSlider::TickPosition TicksOf(const Slider& slider) {
-  switch (slider.TickStyle) {
-    case Slider::kTicksAbove:
-      return QSlider::TicksAbove;
-    case Slider::kTicksBelow:
-      return QSlider::TicksBelow;
-    case Slider::kTicksBoth:
-      return QSlider::TicksBothSides;
-    default:
-      return QSlider::NoTicks;
-  }
-}
-
 class SliderPeer : public PeerOf<Slider, SliderWidget> {
  public:
   SliderPeer(Slider& slider, SliderWidget* shown) : PeerOf(slider, shown) {
@@ -152,7 +139,8 @@ class SliderPeer : public PeerOf<Slider, SliderWidget> {
     widget().setSingleStep(slider.LineStep);
     widget().setPageStep(slider.PageStep);
     widget().setTracking(slider.LiveScroll);
-    widget().setTickPosition(TicksOf(slider));
+    // The toolkit has the same numbers for them.
+    widget().setTickPosition(static_cast<QSlider::TickPosition>(slider.TickStyle));
     widget().setTickInterval(kSliderTicks);
     widget().setValue(slider.Value());
     QObject::connect(&widget(), &QSlider::valueChanged, &widget(),
