@@ -53,15 +53,6 @@ class DataControlClipboard : public SystemClipboard {
 
   [[nodiscard]] bool Ready() const { return device_ != nullptr; }
 
-  Ref<Picture> ReadPicture() override {
-    wl_display_roundtrip(display_);
-    if (!known_) {
-      picture_ = ReadOffered();
-      known_ = true;
-    }
-    return picture_;
-  }
-
   void WritePicture(const Ref<Picture>& picture) override {
     offered_ = std::make_shared<PictureOffer>(picture);
     Take(PictureOffer::Formats(),
@@ -85,11 +76,6 @@ class DataControlClipboard : public SystemClipboard {
     return source_ != nullptr;
   }
 
-  void Forget() override {
-    known_ = false;
-    picture_ = nullptr;
-  }
-
   void ServeUntilTakenOver() override {
     if (offered_ != nullptr) offered_->Encode();
     while (source_ != nullptr && Flush() && Wait()) {
@@ -102,7 +88,9 @@ class DataControlClipboard : public SystemClipboard {
 
   // Reading
 
-  Ref<Picture> ReadOffered() {
+  void HearOfChanges() override { wl_display_roundtrip(display_); }
+
+  Ref<Picture> ReadOffered() override {
     for (const QString& format : PictureFormats(formats_)) {
       const std::optional<QByteArray> data = Receive(format);
       if (!data) return nullptr;  // An owner that hangs would do so in each further form.
@@ -185,8 +173,6 @@ class DataControlClipboard : public SystemClipboard {
   Provider provider_;
   std::shared_ptr<PictureOffer> offered_;
   OutgoingTransfers transfers_;
-  bool known_ = false;
-  Ref<Picture> picture_;
 
   // What the compositor says
 
