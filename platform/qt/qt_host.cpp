@@ -60,6 +60,7 @@ QtHost::QtHost(int argc, char** argv, StayBehind& stay_behind, SingleInstance& i
   application_ = std::make_unique<GuardedApplication>(argument_count, argv);
   clipboard_ = clipboard ? std::move(clipboard) : std::make_unique<QtClipboard>();
   QApplication::setQuitOnLastWindowClosed(false);
+  QApplication::setWheelScrollLines(1);  // a notch of the mouse wheel is a step of the slider
   QApplication::setWindowIcon(QIcon(":/morvantile.png"));
   FollowDesktopTheme();
   InstallAccessibleWidgets();
