@@ -36,7 +36,6 @@ class WindowWidget : public QDialog, private WindowPeer {
   void WindowClosed() override;
   void ShowRectangle();
   void MakeControls();
-  void SetTabOrder(std::vector<std::pair<int, QWidget*>> by_index);
   void TellRectangle();
   void TellIfDeactivated();
 
