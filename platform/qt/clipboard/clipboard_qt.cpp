@@ -22,9 +22,6 @@ class OfferedPicture : public QMimeData {
   explicit OfferedPicture(std::shared_ptr<PictureOffer> offer) : offer_(std::move(offer)) {}
 
   [[nodiscard]] QStringList formats() const override { return PictureOffer::Formats(); }
-  [[nodiscard]] bool hasFormat(const QString& format) const override {
-    return formats().contains(format);
-  }
 
  protected:
   [[nodiscard]] QVariant retrieveData(const QString& format, QMetaType /*type*/) const override {
