@@ -9,7 +9,6 @@
 #include <array>
 #include <csignal>
 #include <cstring>
-#include <functional>
 #include <string>
 #include <system_error>
 #include <thread>
@@ -69,8 +68,7 @@ class DataControlClipboard : public SystemClipboard {
 
   void WritePicture(const Ref<Picture>& picture) override {
     offered_ = std::make_shared<PictureOffer>(picture);
-    Take(PictureOffer::Formats(),
-         [offer = offered_](const QString& format) { return offer->In(format); });
+    Take(PictureOffer::Formats());
   }
 
   std::string ReadText() override {
@@ -81,8 +79,8 @@ class DataControlClipboard : public SystemClipboard {
 
   void WriteText(const std::string& text) override {
     offered_ = nullptr;
-    Take({kText, "UTF8_STRING", "text/plain"},
-         [text](const QString&) { return QByteArray::fromStdString(text); });
+    text_ = QByteArray::fromStdString(text);
+    Take({kText, "UTF8_STRING", "text/plain"});
   }
 
   bool Owned() override {
@@ -97,8 +95,6 @@ class DataControlClipboard : public SystemClipboard {
   }
 
  private:
-  using Provider = std::function<QByteArray(const QString& format)>;
-
   // Reading
 
   void HearOfChanges() override { wl_display_roundtrip(display_); }
@@ -132,7 +128,7 @@ class DataControlClipboard : public SystemClipboard {
 
   // Writing
 
-  void Take(const QStringList& formats, Provider provider) {
+  void Take(const QStringList& formats) {
     ext_data_control_source_v1* source = ext_data_control_manager_v1_create_data_source(manager_);
     ext_data_control_source_v1_add_listener(source, &kSourceListener, this);
     for (const QString& format : formats) {
@@ -140,8 +136,11 @@ class DataControlClipboard : public SystemClipboard {
     }
     ext_data_control_device_v1_set_selection(device_, source);
     source_ = source;
-    provider_ = std::move(provider);
     wl_display_roundtrip(display_);
+  }
+
+  QByteArray In(const QString& format) {
+    return offered_ == nullptr ? text_ : offered_->In(format);
   }
 
   void Lost(ext_data_control_source_v1* source) {
@@ -157,8 +156,8 @@ class DataControlClipboard : public SystemClipboard {
   ext_data_control_source_v1* source_ = nullptr;
   QStringList announced_;
   QStringList formats_;
-  Provider provider_;
-  std::shared_ptr<PictureOffer> offered_;
+  std::shared_ptr<PictureOffer> offered_;  // or else the text
+  QByteArray text_;
 
   // What the compositor says
 
@@ -210,7 +209,7 @@ const ext_data_control_device_v1_listener DataControlClipboard::kDeviceListener 
 
 const ext_data_control_source_v1_listener DataControlClipboard::kSourceListener = {
     [](void* self, ext_data_control_source_v1*, const char* format, int descriptor) {
-      Send(Self(self).provider_(QString::fromUtf8(format)), OwnedDescriptor(descriptor));
+      Send(Self(self).In(QString::fromUtf8(format)), OwnedDescriptor(descriptor));
     },
     [](void* self, ext_data_control_source_v1* source) { Self(self).Lost(source); }};
 
