@@ -37,8 +37,6 @@ class RunningCommand {
   void Kill() const;
 
  private:
-  static pid_t Spawn(const std::string& command, int output);
-
   pid_t process_ = -1;
   OwnedDescriptor output_;
 };
@@ -67,17 +65,8 @@ void Shell::Execute(const std::string& command) {
 
 namespace {
 
-RunningCommand::RunningCommand(const std::string& command) {
-  std::array<int, 2> ends{};
-  if (pipe(ends.data()) != 0) return;
-  for (const int end : ends) fcntl(end, F_SETFD, FD_CLOEXEC);
-  fcntl(ends[0], F_SETFL, O_NONBLOCK);
-  output_ = OwnedDescriptor(ends[0]);
-  const OwnedDescriptor input(ends[1]);
-  process_ = Spawn(command, input.get());
-}
-
-pid_t RunningCommand::Spawn(const std::string& command, int output) {
+// -1 if that fails.
+pid_t Spawn(const std::string& command, int output) {
   std::string shell = "sh";
   std::string option = "-c";
   std::string text = command;
@@ -106,6 +95,16 @@ pid_t RunningCommand::Spawn(const std::string& command, int output) {
   posix_spawnattr_destroy(&attributes);
   posix_spawn_file_actions_destroy(&files);
   return error == 0 ? process : -1;
+}
+
+RunningCommand::RunningCommand(const std::string& command) {
+  std::array<int, 2> ends{};
+  if (pipe(ends.data()) != 0) return;
+  for (const int end : ends) fcntl(end, F_SETFD, FD_CLOEXEC);
+  fcntl(ends[0], F_SETFL, O_NONBLOCK);
+  output_ = OwnedDescriptor(ends[0]);
+  const OwnedDescriptor input(ends[1]);
+  process_ = Spawn(command, input.get());
 }
 
 std::optional<int> RunningCommand::Ended() const {
@@ -145,8 +144,7 @@ void RunningCommand::ReadOutput(std::string& output) {
 void RunningCommand::Kill() const {
   kill(-process_, SIGKILL);
   int status = 0;
-  while (waitpid(process_, &status, 0) < 0 && errno == EINTR) {
-  }
+  TEMP_FAILURE_RETRY(waitpid(process_, &status, 0));
 }
 
 }  // namespace

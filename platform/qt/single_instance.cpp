@@ -5,11 +5,11 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+#include <QByteArray>
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstddef>
-#include <cstdlib>
 #include <string_view>
 #include <utility>
 
@@ -25,10 +25,7 @@ constexpr int kQueue = 128;
 constexpr std::size_t kLongestToken = 4096;
 constexpr std::string_view kShown = "shown";
 
-std::string Variable(const char* name) {
-  const char* value = std::getenv(name);
-  return value == nullptr ? "" : value;
-}
+std::string Variable(const char* name) { return qgetenv(name).toStdString(); }
 
 // The display that windows will be on, under the same name for all its screens.
 std::string Display() {
@@ -80,14 +77,10 @@ void Send(const OwnedDescriptor& to, std::string_view packet) {
 }
 
 bool WaitReadable(const OwnedDescriptor& connection, Clock::time_point deadline) {
-  pollfd wait{connection.get(), POLLIN, 0};
-  int ready = 0;
-  do {
-    const auto left =
-        std::chrono::duration_cast<std::chrono::milliseconds>(deadline - Clock::now());
-    ready = poll(&wait, 1, static_cast<int>(std::max<std::int64_t>(0, left.count())));
-  } while (ready < 0 && errno == EINTR);
-  return ready > 0;
+  const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(deadline - Clock::now());
+  const int wait = static_cast<int>(std::max<std::int64_t>(0, left.count()));
+  pollfd reply{connection.get(), POLLIN, 0};
+  return TEMP_FAILURE_RETRY(poll(&reply, 1, wait)) > 0;
 }
 
 }  // namespace
