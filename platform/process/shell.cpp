@@ -67,10 +67,7 @@ namespace {
 
 // -1 if that fails.
 pid_t Spawn(const std::string& command, int output) {
-  std::string shell = "sh";
-  std::string option = "-c";
-  std::string text = command;
-  std::array<char*, 4> arguments = {shell.data(), option.data(), text.data(), nullptr};
+  const std::array<const char*, 4> arguments = {"sh", "-c", command.c_str(), nullptr};
 
   posix_spawn_file_actions_t files{};
   posix_spawn_file_actions_init(&files);
@@ -90,8 +87,9 @@ pid_t Spawn(const std::string& command, int output) {
                            POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
 
   pid_t process = -1;
-  const int error =
-      posix_spawn(&process, "/bin/sh", &files, &attributes, arguments.data(), environ);
+  // It only reads them, which C can't say in its declaration.
+  auto* const read_only = const_cast<char* const*>(arguments.data());
+  const int error = posix_spawn(&process, "/bin/sh", &files, &attributes, read_only, environ);
   posix_spawnattr_destroy(&attributes);
   posix_spawn_file_actions_destroy(&files);
   return error == 0 ? process : -1;
@@ -121,12 +119,8 @@ std::optional<int> RunningCommand::Ended() const {
 void RunningCommand::WaitForNews() const {
   constexpr int kWhileOutputIsOpen = 20;
   constexpr int kAfterItsEnd = 1;
-  pollfd output{output_.get(), POLLIN, 0};
-  if (output.fd < 0) {
-    poll(nullptr, 0, kAfterItsEnd);
-  } else {
-    poll(&output, 1, kWhileOutputIsOpen);
-  }
+  pollfd output{output_.get(), POLLIN, 0};  // is left out if negative
+  poll(&output, 1, output.fd < 0 ? kAfterItsEnd : kWhileOutputIsOpen);
 }
 
 // Reads what is available, but only so much at a time: a command may write faster than this reads.
