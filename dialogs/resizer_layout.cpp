@@ -1,5 +1,7 @@
 // What the resizer dialog looks like: its window properties and its controls.
 
+#include <utility>
+
 #include "dialogs/resizer_window.h"
 #include "platform/ui/localized.h"
 
@@ -97,13 +99,10 @@ void ResizerWindow::CreateModeSelector() {
   mode_selector_ = AddControl<SegmentedControl>("ModeSelector", 163, 371, 104, 24);
   mode_selector_->TabIndex = 10;
   mode_selector_->AccessibleName = Localized("Scale by");
-  struct Segment {
-    std::string title;
-    std::string accessible_name;
-  };
   for (const auto& [title, accessible_name] :
-       {Segment{Localized("W"), Localized("Width")}, Segment{Localized("H"), Localized("Height")},
-        Segment{Localized("%"), Localized("Percentage")}}) {
+       {std::pair{Localized("W"), Localized("Width")},
+        std::pair{Localized("H"), Localized("Height")},
+        std::pair{Localized("%"), Localized("Percentage")}}) {
     SegmentedControlItem& item = mode_selector_->AddItem();
     item.Width = 34;
     item.Title = title;
