@@ -4,7 +4,6 @@
 #include <unistd.h>
 
 #include <QDesktopServices>
-#include <QEventLoop>
 #include <QIcon>
 #include <QLocale>
 #include <QMessageBox>
@@ -97,8 +96,6 @@ void QtHost::Quit(int status) { QApplication::exit(status); }
 
 void QtHost::ShowModal(const Ref<Window>& window) {
   WindowWidget widget(window, QApplication::activeModalWidget());
-  QEventLoop loop;
-  widget.on_closed = [&loop] { loop.quit(); };
   widget.show();
   widget.raise();
   widget.activateWindow();
@@ -106,7 +103,7 @@ void QtHost::ShowModal(const Ref<Window>& window) {
     QMetaObject::invokeMethod(
         application_.get(), [this] { ShowToFurtherStarts(); }, Qt::QueuedConnection);
   });
-  loop.exec(QEventLoop::DialogExec);
+  widget.exec();
   application_->RethrowEscaped();
 }
 

@@ -89,10 +89,7 @@ void WindowWidget::WindowChanged() {
   ShowRectangle();
 }
 
-void WindowWidget::WindowClosed() {
-  hide();
-  if (on_closed) on_closed();
-}
+void WindowWidget::WindowClosed() { hide(); }
 
 void WindowWidget::reject() {
   const Ref<PushButton> cancel = window_->FindCancelButton();
