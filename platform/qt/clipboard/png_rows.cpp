@@ -18,9 +18,13 @@ bool IsGrey(Colour colour) {
 
 void PackIndices(const Picture& picture, int y, const Layout& layout, std::uint8_t* out) {
   std::memset(out, 0, layout.RowBytes(picture.Width()));
+  Colour before = ~ColourAt(picture, 0, y);
+  int index = 0;
   for (int x = 0; x < picture.Width(); ++x) {
     const int bit = x % (8 / layout.bits) * layout.bits;
-    const int index = layout.palette.IndexOf(ColourAt(picture, x, y));
+    const Colour colour = ColourAt(picture, x, y);
+    if (colour != before) index = layout.palette.IndexOf(colour);
+    before = colour;
     out[x / (8 / layout.bits)] |= static_cast<std::uint8_t>(index << (8 - layout.bits - bit));
   }
 }
@@ -40,21 +44,11 @@ void PackRow(const Picture& picture, int y, const Layout& layout, std::uint8_t* 
 }  // namespace
 
 bool Palette::Add(Colour colour) {
-  std::int16_t& slot = slots_[SlotOf(colour)];
-  if (slot != kFree) return true;
+  if (indices_.contains(colour)) return true;
   if (colours_.size() == kMost) return false;
-  slot = static_cast<std::int16_t>(colours_.size());
+  indices_[colour] = static_cast<int>(colours_.size());
   colours_.push_back(colour);
   return true;
-}
-
-// The slot that holds the colour, or the free one that would.
-std::size_t Palette::SlotOf(Colour colour) const {
-  std::size_t slot = colour * 0x9E3779B1U >> (32 - kSlotBits);
-  while (slots_[slot] != kFree && colours_[static_cast<std::size_t>(slots_[slot])] != colour) {
-    slot = (slot + 1) % slots_.size();
-  }
-  return slot;
 }
 
 Layout LayoutFor(const Picture& picture) {

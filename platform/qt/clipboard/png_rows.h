@@ -3,10 +3,10 @@
 #ifndef MORVANTILE_PLATFORM_QT_CLIPBOARD_PNG_ROWS_H
 #define MORVANTILE_PLATFORM_QT_CLIPBOARD_PNG_ROWS_H
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <unordered_map>
 #include <vector>
 
 #include "platform/imaging/picture.h"
@@ -21,22 +21,15 @@ class Palette {
  public:
   static constexpr std::size_t kMost = 256;
 
-  Palette() { slots_.fill(kFree); }
-
   // False for a colour too many.
   bool Add(Colour colour);
   // The place of a colour that has been added.
-  [[nodiscard]] int IndexOf(Colour colour) const { return slots_[SlotOf(colour)]; }
+  [[nodiscard]] int IndexOf(Colour colour) const { return indices_.at(colour); }
   [[nodiscard]] const std::vector<Colour>& Colours() const { return colours_; }
 
  private:
-  static constexpr std::int16_t kFree = -1;
-  static constexpr int kSlotBits = 10;
-
-  [[nodiscard]] std::size_t SlotOf(Colour colour) const;
-
   std::vector<Colour> colours_;
-  std::array<std::int16_t, std::size_t{1} << kSlotBits> slots_{};
+  std::unordered_map<Colour, int> indices_;
 };
 
 // The format's numbers of the ways to store a pixel.
