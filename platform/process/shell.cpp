@@ -88,7 +88,7 @@ pid_t Spawn(const std::string& command, int output) {
 
   pid_t process = -1;
   // It only reads them, which C can't say in its declaration.
-  auto* const read_only = const_cast<char* const*>(arguments.data());
+  const auto* const read_only = const_cast<char* const*>(arguments.data());
   const int error = posix_spawn(&process, "/bin/sh", &files, &attributes, read_only, environ);
   posix_spawnattr_destroy(&attributes);
   posix_spawn_file_actions_destroy(&files);
