@@ -19,13 +19,15 @@ namespace {
 constexpr int kLevel = 6;
 constexpr int kQuickLevel = 1;
 
-Bytes Compressed(const void* bytes, std::size_t size, int level) {
+QByteArray Compressed(QByteArrayView bytes, int level) {
   const std::unique_ptr<libdeflate_compressor, decltype(&libdeflate_free_compressor)> compressor(
       libdeflate_alloc_compressor(level), libdeflate_free_compressor);
   if (compressor == nullptr) throw std::bad_alloc();
+  const auto size = static_cast<std::size_t>(bytes.size());
   const std::size_t most = libdeflate_zlib_compress_bound(compressor.get(), size);
-  Bytes result(most);
-  result.size = libdeflate_zlib_compress(compressor.get(), bytes, size, result.data.get(), most);
+  QByteArray result(static_cast<qsizetype>(most), Qt::Uninitialized);
+  result.truncate(static_cast<qsizetype>(
+      libdeflate_zlib_compress(compressor.get(), bytes.data(), size, result.data(), most)));
   return result;
 }
 
@@ -36,15 +38,10 @@ Filtering FilteringFor(const Picture& picture, const Layout& layout) {
   constexpr int kDistance = 128;
   if (layout.type == ColourType::kPalette) return Filtering::kNone;
   const auto size = [&](Filtering filtering) {
-    const Bytes some = PngRows(picture, layout, filtering, kBand, kDistance);
-    return Compressed(some.data.get(), some.size, kQuickLevel).size;
+    return Compressed(PngRows(picture, layout, filtering, kBand, kDistance), kQuickLevel).size();
   };
   return size(Filtering::kNone) < size(Filtering::kAverage) ? Filtering::kNone
                                                             : Filtering::kAverage;
-}
-
-QByteArrayView View(const Bytes& bytes) {
-  return {bytes.data.get(), static_cast<qsizetype>(bytes.size)};
 }
 
 void AppendNumber(QByteArray& file, std::uint32_t number) {
@@ -71,8 +68,8 @@ void AppendHeader(QByteArray& file, const Picture& picture, const Layout& layout
 
 void AppendMetadata(QByteArray& file, const PictureMetadata& metadata) {
   if (metadata.profile != nullptr) {
-    const Bytes profile = Compressed(metadata.profile->data(), metadata.profile->size(), kLevel);
-    AppendChunk(file, "iCCP", QByteArray("ICC profile\0\0", 13).append(View(profile)));
+    const QByteArray profile = Compressed(*metadata.profile, kLevel);
+    AppendChunk(file, "iCCP", QByteArray("ICC profile\0\0", 13).append(profile));
   }
   if (metadata.dots_per_metre_x > 0 && metadata.dots_per_metre_y > 0) {
     constexpr quint8 kUnitIsMetre = 1;
@@ -106,11 +103,11 @@ QByteArray EncodePng(Ref<Picture> picture) {
   AppendMetadata(file, picture->metadata);
   AppendPalette(file, layout.palette);
 
-  Bytes rows = PngRows(*picture, layout, FilteringFor(*picture, layout));
+  QByteArray rows = PngRows(*picture, layout, FilteringFor(*picture, layout));
   picture = nullptr;
-  const Bytes compressed = Compressed(rows.data.get(), rows.size, kLevel);
-  rows.data = nullptr;
-  AppendChunk(file, "IDAT", View(compressed));
+  const QByteArray compressed = Compressed(rows, kLevel);
+  rows.clear();
+  AppendChunk(file, "IDAT", compressed);
   AppendChunk(file, "IEND", {});
   file.squeeze();
   return file;

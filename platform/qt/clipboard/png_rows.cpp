@@ -76,29 +76,30 @@ Layout LayoutFor(const Picture& picture) {
   return opaque ? Layout{ColourType::kRgb, 8, 3, {}} : Layout{ColourType::kRgba, 8, 4, {}};
 }
 
-Bytes PngRows(const Picture& picture, const Layout& layout, Filtering filtering, int band,
-              int distance) {
+QByteArray PngRows(const Picture& picture, const Layout& layout, Filtering filtering, int band,
+                   int distance) {
   const std::size_t bytes = layout.RowBytes(picture.Width());
   const auto pixel = static_cast<std::size_t>(layout.channels);
   // Each behind a pixel of zeros.
   std::vector<std::uint8_t> above(pixel + bytes);
   std::vector<std::uint8_t> row(pixel + bytes);
-  Bytes rows((bytes + 1) * static_cast<std::size_t>(picture.Height()));
+  QByteArray rows(static_cast<qsizetype>(bytes + 1) * picture.Height(), Qt::Uninitialized);
+  auto* out = reinterpret_cast<std::uint8_t*>(rows.data());
   for (int y = 0; y < picture.Height(); ++y) {
     if (y % distance >= band) continue;
-    std::uint8_t* out = rows.data.get() + rows.size;
-    rows.size += bytes + 1;
     *out++ = static_cast<std::uint8_t>(filtering);
     if (filtering == Filtering::kNone) {
       PackRow(picture, y, layout, out);
-      continue;
+    } else {
+      PackRow(picture, y, layout, row.data() + pixel);
+      for (std::size_t i = 0; i < bytes; ++i) {
+        out[i] = static_cast<std::uint8_t>(row[i + pixel] - (row[i] + above[i + pixel]) / 2);
+      }
+      std::swap(row, above);
     }
-    PackRow(picture, y, layout, row.data() + pixel);
-    for (std::size_t i = 0; i < bytes; ++i) {
-      out[i] = static_cast<std::uint8_t>(row[i + pixel] - (row[i] + above[i + pixel]) / 2);
-    }
-    std::swap(row, above);
+    out += bytes;
   }
+  rows.truncate(reinterpret_cast<const char*>(out) - rows.constData());
   return rows;
 }
 

@@ -3,9 +3,9 @@
 #ifndef MORVANTILE_PLATFORM_QT_CLIPBOARD_PNG_ROWS_H
 #define MORVANTILE_PLATFORM_QT_CLIPBOARD_PNG_ROWS_H
 
+#include <QByteArray>
 #include <cstddef>
 #include <cstdint>
-#include <memory>
 #include <unordered_map>
 #include <vector>
 
@@ -51,14 +51,6 @@ struct Layout {
 // picture with a profile, because that is for RGB data.
 Layout LayoutFor(const Picture& picture);
 
-// Bytes that are not cleared before they are written.
-struct Bytes {
-  explicit Bytes(std::size_t most) : data(std::make_unique_for_overwrite<std::uint8_t[]>(most)) {}
-
-  std::unique_ptr<std::uint8_t[]> data;
-  std::size_t size = 0;
-};
-
 // The format's numbers of two of its filters: bytes are stored as they are, or as differences from
 // the mean of the same bytes of the pixels to the left and above. Trying all five filters for each
 // row takes twice the time, and saves up to a tenth of a photograph's file.
@@ -66,8 +58,8 @@ enum class Filtering : std::uint8_t { kNone = 0, kAverage = 3 };
 
 // The filtered rows of the picture, each behind the number of its filter; indices have no filter.
 // Of each `distance` rows the first `band` are taken.
-Bytes PngRows(const Picture& picture, const Layout& layout, Filtering filtering, int band = 1,
-              int distance = 1);
+QByteArray PngRows(const Picture& picture, const Layout& layout, Filtering filtering, int band = 1,
+                   int distance = 1);
 
 }  // namespace morvantile
 
