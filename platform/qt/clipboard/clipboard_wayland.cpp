@@ -34,7 +34,7 @@ wl_interface OlderManager() {
 
 // Writes the bytes in a thread, so that a reader who is slow holds up nobody else. One who is gone,
 // or for whom the system has no thread, gets no more.
-void Send(const QByteArray& bytes, OwnedDescriptor to) {
+void WriteToReader(const QByteArray& bytes, OwnedDescriptor to) {
   const auto write = [bytes](const OwnedDescriptor& descriptor) {
     fcntl(descriptor.get(), F_SETFL, fcntl(descriptor.get(), F_GETFL) & ~O_NONBLOCK);
     QFile file;
@@ -209,7 +209,7 @@ const ext_data_control_device_v1_listener DataControlClipboard::kDeviceListener 
 
 const ext_data_control_source_v1_listener DataControlClipboard::kSourceListener = {
     [](void* self, ext_data_control_source_v1*, const char* format, int descriptor) {
-      Send(Self(self).In(QString::fromUtf8(format)), OwnedDescriptor(descriptor));
+      WriteToReader(Self(self).In(QString::fromUtf8(format)), OwnedDescriptor(descriptor));
     },
     [](void* self, ext_data_control_source_v1* source) { Self(self).Lost(source); }};
 
