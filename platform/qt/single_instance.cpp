@@ -43,21 +43,13 @@ std::string LaunchToken() {
   return token.substr(0, kLongestToken);
 }
 
-struct Address {
-  sockaddr_un name{};
-  socklen_t size = 0;
-
-  [[nodiscard]] const sockaddr* get() const { return reinterpret_cast<const sockaddr*>(&name); }
-};
-
-// A name that begins with a NUL is in the abstract namespace.
-Address MeetingPlace() {
+// A name that begins with a NUL is in the abstract namespace; those at its end are a part of it.
+sockaddr_un MeetingPlace() {
   const std::string text = "morvantile-" + std::to_string(getuid()) + '-' +
                            std::to_string(std::hash<std::string>()(Display()));
-  Address address;
-  address.name.sun_family = AF_UNIX;
-  std::copy(text.begin(), text.end(), address.name.sun_path + 1);
-  address.size = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + 1 + text.size());
+  sockaddr_un address{};
+  address.sun_family = AF_UNIX;
+  std::copy(text.begin(), text.end(), address.sun_path + 1);
   return address;
 }
 
@@ -99,18 +91,20 @@ SingleInstance::SingleInstance() {
 }
 
 bool SingleInstance::Listen() {
-  const Address address = MeetingPlace();
+  const sockaddr_un address = MeetingPlace();
   OwnedDescriptor listener = NewSocket(0);
-  if (bind(listener.get(), address.get(), address.size) != 0) return false;
+  const auto* name = reinterpret_cast<const sockaddr*>(&address);
+  if (bind(listener.get(), name, sizeof address) != 0) return false;
   if (listen(listener.get(), kQueue) != 0) return false;
   listener_ = std::move(listener);
   return true;
 }
 
 SingleInstance::Reply SingleInstance::Ask(Clock::time_point deadline) {
-  const Address address = MeetingPlace();
+  const sockaddr_un address = MeetingPlace();
   const OwnedDescriptor connection = NewSocket(SOCK_NONBLOCK);
-  if (connect(connection.get(), address.get(), address.size) != 0) {
+  const auto* name = reinterpret_cast<const sockaddr*>(&address);
+  if (connect(connection.get(), name, sizeof address) != 0) {
     const bool is_coming_or_going = errno == ECONNREFUSED || errno == EAGAIN;
     return is_coming_or_going ? Reply::kEnded : Reply::kNone;
   }
