@@ -1,5 +1,7 @@
 #include "dialogs/info_window.h"
 
+#include <functional>
+
 #include "platform/ui/application.h"
 #include "platform/ui/localized.h"
 #include "platform/ui/show_url.h"
@@ -41,7 +43,7 @@ void InfoWindow::CreateControls0() {
   label3_->TabIndex = 3;
   label3_->SetText(Localized("Version "));
   label3_->TextFont = "SmallSystem";
-  label3_->Open = [this](PrefixedLabel& label) { Label3_Open(label); };
+  label3_->Open = std::bind_front(&InfoWindow::Label3_Open, this);
 
   static const Ref<ResourcePicture> kLogo = New<ResourcePicture>("LogoPicture");
   canvas1_ = AddControl<Canvas>("Canvas1", 109, 166, 100, 39);
@@ -54,9 +56,7 @@ void InfoWindow::CreateControls0() {
   url_label_->TextAlign = Label::kAlignCenter;
   url_label_->TextFont = "SmallSystem";
   url_label_->TextColor = 0x0000FF;
-  url_label_->MouseDown = [this](Label& label, int x, int y) {
-    return URLLabel_MouseDown(label, x, y);
-  };
+  url_label_->MouseDown = std::bind_front(&InfoWindow::URLLabel_MouseDown, this);
 }
 
 void InfoWindow::Label3_Open(PrefixedLabel& label) { label.SetSuffix(Application::Version()); }

@@ -1,5 +1,8 @@
 // What the resizer dialog looks like: its window properties and its controls.
 
+#include <functional>
+#include <utility>
+
 #include "dialogs/resizer_window.h"
 #include "platform/ui/localized.h"
 
@@ -29,9 +32,7 @@ void ResizerWindow::CreateControls0() {
   info_button_->Backdrop = kInfo;
   info_button_->AccessibleName = Localized("About Morvantile");
   info_button_->Shortcut = "F1";
-  info_button_->MouseDown = [this](Canvas& canvas, int x, int y) {
-    return InfoButton_MouseDown(canvas, x, y);
-  };
+  info_button_->MouseDown = std::bind_front(&ResizerWindow::InfoButton_MouseDown, this);
   InitialFocus = scale_slider_;
 }
 
@@ -42,7 +43,7 @@ void ResizerWindow::CreateButtons() {
   scale_button_->Caption = Localized("OK");
   scale_button_->Default = true;
   scale_button_->TextFont = "SmallSystem";
-  scale_button_->Action = [this](PushButton& button) { ScaleButton_Action(button); };
+  scale_button_->Action = std::bind_front(&ResizerWindow::ScaleButton_Action, this);
 
   cancel_button_ = AddControl<PushButton>("CancelButton", 103, 461, 80, 20);
   cancel_button_->Locked = Control::kLockLeft | Control::kLockBottom;
@@ -50,7 +51,7 @@ void ResizerWindow::CreateButtons() {
   cancel_button_->Caption = Localized("Don't Scale");
   cancel_button_->Cancel = true;
   cancel_button_->TextFont = "SmallSystem";
-  cancel_button_->Action = [this](PushButton& button) { CancelButton_Action(button); };
+  cancel_button_->Action = std::bind_front(&ResizerWindow::CancelButton_Action, this);
 }
 
 void ResizerWindow::CreateSizeLabels() {
@@ -70,7 +71,7 @@ void ResizerWindow::CreateSizeLabels() {
   preview_->Locked = Control::kLockLeft | Control::kLockTop | Control::kLockRight;
   preview_->TabIndex = 7;
   preview_->AccessibleName = Localized("Preview");
-  preview_->Paint = [this](Canvas& canvas, Graphics& graphics) { Preview_Paint(canvas, graphics); };
+  preview_->Paint = std::bind_front(&ResizerWindow::Preview_Paint, this);
 
   original_size_ = AddControl<PrefixedLabel>("OriginalSize", 65, 412, 159, 20);
   original_size_->Locked = Control::kLockLeft | Control::kLockBottom;
@@ -90,20 +91,17 @@ void ResizerWindow::CreateScaleControls() {
   scale_slider_->LiveScroll = true;
   scale_slider_->TickStyle = Slider::kTicksBelow;
   scale_slider_->AccessibleName = Localized("Scale");
-  scale_slider_->ValueChanged = [this](Slider& slider) { ScaleSlider_ValueChanged(slider); };
+  scale_slider_->ValueChanged = std::bind_front(&ResizerWindow::ScaleSlider_ValueChanged, this);
 }
 
 void ResizerWindow::CreateModeSelector() {
   mode_selector_ = AddControl<SegmentedControl>("ModeSelector", 163, 371, 104, 24);
   mode_selector_->TabIndex = 10;
   mode_selector_->AccessibleName = Localized("Scale by");
-  struct Segment {
-    std::string title;
-    std::string accessible_name;
-  };
   for (const auto& [title, accessible_name] :
-       {Segment{Localized("W"), Localized("Width")}, Segment{Localized("H"), Localized("Height")},
-        Segment{Localized("%"), Localized("Percentage")}}) {
+       {std::pair{Localized("W"), Localized("Width")},
+        std::pair{Localized("H"), Localized("Height")},
+        std::pair{Localized("%"), Localized("Percentage")}}) {
     SegmentedControlItem& item = mode_selector_->AddItem();
     item.Width = 34;
     item.Title = title;
@@ -111,9 +109,7 @@ void ResizerWindow::CreateModeSelector() {
   }
   mode_selector_->Items(2).SetSelected(true);
   mode_selector_->SizeToFit();
-  mode_selector_->Action = [this](SegmentedControl& control, int index) {
-    ModeSelector_Action(control, index);
-  };
+  mode_selector_->Action = std::bind_front(&ResizerWindow::ModeSelector_Action, this);
 }
 
 }  // namespace morvantile

@@ -14,19 +14,12 @@ constexpr std::chrono::microseconds kPatience{100};
 
 Workers::Workers(int count) {
   try {
-    for (int i = 0; i < count; ++i) threads_.emplace_back(&Workers::Serve, this);
+    for (int i = 0; i < count; ++i) {
+      threads_.emplace_back([this](const std::stop_token& end) { Serve(end); });
+    }
   } catch (const std::system_error&) {
     // Fewer threads do the same work.
   }
-}
-
-Workers::~Workers() {
-  {
-    const std::lock_guard lock(mutex_);
-    stop_ = true;
-  }
-  wake_.notify_all();
-  for (std::thread& thread : threads_) thread.join();
 }
 
 void Workers::Run(int helpers, const std::function<void(int)>& work) {
@@ -53,11 +46,9 @@ void Workers::Run(int helpers, const std::function<void(int)>& work) {
   busy_ = false;
 }
 
-void Workers::Serve() {
+void Workers::Serve(const std::stop_token& end) {
   std::unique_lock lock(mutex_);
-  for (;;) {
-    wake_.wait(lock, [this] { return stop_ || wanted_ > 0; });
-    if (stop_) return;
+  while (wake_.wait(lock, end, [this] { return wanted_ > 0; })) {
     --wanted_;
     ++running_;
     const int number = next_++;

@@ -7,6 +7,7 @@
 #include <condition_variable>
 #include <functional>
 #include <mutex>
+#include <stop_token>
 #include <thread>
 #include <vector>
 
@@ -18,7 +19,7 @@ class Workers {
  public:
   // Starts `count` threads, or as many as the system lets it.
   explicit Workers(int count);
-  ~Workers();
+  ~Workers() = default;
   Workers(const Workers&) = delete;
   Workers& operator=(const Workers&) = delete;
 
@@ -28,18 +29,17 @@ class Workers {
   void Run(int helpers, const std::function<void(int)>& work);
 
  private:
-  void Serve();
+  void Serve(const std::stop_token& end);
 
   std::atomic<bool> busy_ = false;  // some call has the workers' help
   std::mutex mutex_;
-  std::condition_variable wake_;
+  std::condition_variable_any wake_;
   std::condition_variable done_;
   const std::function<void(int)>* work_ = nullptr;
   int wanted_ = 0;                // workers yet to join in
   int next_ = 1;                  // the number of the next to do so
   std::atomic<int> running_ = 0;  // workers that have joined in and not yet returned
-  bool stop_ = false;
-  std::vector<std::thread> threads_;
+  std::vector<std::jthread> threads_;
 };
 
 }  // namespace morvantile

@@ -12,10 +12,9 @@
 #include <csignal>
 #include <cstddef>
 #include <optional>
-#include <utility>
 
 #include "platform/core/owned_descriptor.h"
-#include "platform/process/command_environment.h"
+#include "platform/files/folder_item.h"
 
 namespace morvantile {
 namespace {
@@ -29,7 +28,7 @@ constexpr int kKilledAtLimit = -1;
 // A command that runs, and the pipe that it writes to.
 class RunningCommand {
  public:
-  RunningCommand(const std::string& command, char* const* environment);
+  explicit RunningCommand(const std::string& command);
 
   // The status of the command once it has ended.
   [[nodiscard]] std::optional<int> Ended() const;
@@ -38,22 +37,21 @@ class RunningCommand {
   void Kill() const;
 
  private:
-  static pid_t Spawn(const std::string& command, char* const* environment, int output);
-
   pid_t process_ = -1;
   OwnedDescriptor output_;
 };
 
 }  // namespace
 
-Shell::Shell(std::chrono::milliseconds limit, std::string first_folder)
-    : limit_(limit), first_folder_(std::move(first_folder)) {}
+Shell::Shell(std::chrono::milliseconds limit, const std::string& first_folder) : limit_(limit) {
+  if (first_folder.empty()) return;
+  search_path_ = "PATH=" + FolderItem(first_folder).ShellPath() + ":$PATH; export PATH; ";
+}
 
 void Shell::Execute(const std::string& command) {
   const Clock::time_point deadline = Clock::now() + limit_;
   result_.clear();
-  CommandEnvironment environment(first_folder_);
-  RunningCommand running(command, environment.Pointers());
+  RunningCommand running(search_path_ + command);
   std::optional<int> status = running.Ended();
   while (!status && Clock::now() < deadline) {
     running.WaitForNews();
@@ -67,21 +65,9 @@ void Shell::Execute(const std::string& command) {
 
 namespace {
 
-RunningCommand::RunningCommand(const std::string& command, char* const* environment) {
-  std::array<int, 2> ends{};
-  if (pipe(ends.data()) != 0) return;
-  for (const int end : ends) fcntl(end, F_SETFD, FD_CLOEXEC);
-  fcntl(ends[0], F_SETFL, O_NONBLOCK);
-  output_ = OwnedDescriptor(ends[0]);
-  const OwnedDescriptor input(ends[1]);
-  process_ = Spawn(command, environment, input.get());
-}
-
-pid_t RunningCommand::Spawn(const std::string& command, char* const* environment, int output) {
-  std::string shell = "sh";
-  std::string option = "-c";
-  std::string text = command;
-  std::array<char*, 4> arguments = {shell.data(), option.data(), text.data(), nullptr};
+// -1 if that fails.
+pid_t Spawn(const std::string& command, int output) {
+  const std::array<const char*, 4> arguments = {"sh", "-c", command.c_str(), nullptr};
 
   posix_spawn_file_actions_t files{};
   posix_spawn_file_actions_init(&files);
@@ -101,11 +87,22 @@ pid_t RunningCommand::Spawn(const std::string& command, char* const* environment
                            POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
 
   pid_t process = -1;
-  const int error =
-      posix_spawn(&process, "/bin/sh", &files, &attributes, arguments.data(), environment);
+  // It only reads them, which C can't say in its declaration.
+  const auto* const read_only = const_cast<char* const*>(arguments.data());
+  const int error = posix_spawn(&process, "/bin/sh", &files, &attributes, read_only, environ);
   posix_spawnattr_destroy(&attributes);
   posix_spawn_file_actions_destroy(&files);
   return error == 0 ? process : -1;
+}
+
+RunningCommand::RunningCommand(const std::string& command) {
+  std::array<int, 2> ends{};
+  if (pipe(ends.data()) != 0) return;
+  for (const int end : ends) fcntl(end, F_SETFD, FD_CLOEXEC);
+  fcntl(ends[0], F_SETFL, O_NONBLOCK);
+  output_ = OwnedDescriptor(ends[0]);
+  const OwnedDescriptor input(ends[1]);
+  process_ = Spawn(command, input.get());
 }
 
 std::optional<int> RunningCommand::Ended() const {
@@ -122,12 +119,8 @@ std::optional<int> RunningCommand::Ended() const {
 void RunningCommand::WaitForNews() const {
   constexpr int kWhileOutputIsOpen = 20;
   constexpr int kAfterItsEnd = 1;
-  pollfd output{output_.get(), POLLIN, 0};
-  if (output.fd < 0) {
-    poll(nullptr, 0, kAfterItsEnd);
-  } else {
-    poll(&output, 1, kWhileOutputIsOpen);
-  }
+  pollfd output{output_.get(), POLLIN, 0};  // is left out if negative
+  poll(&output, 1, output.fd < 0 ? kAfterItsEnd : kWhileOutputIsOpen);
 }
 
 // Reads what is available, but only so much at a time: a command may write faster than this reads.
@@ -145,8 +138,7 @@ void RunningCommand::ReadOutput(std::string& output) {
 void RunningCommand::Kill() const {
   kill(-process_, SIGKILL);
   int status = 0;
-  while (waitpid(process_, &status, 0) < 0 && errno == EINTR) {
-  }
+  TEMP_FAILURE_RETRY(waitpid(process_, &status, 0));
 }
 
 }  // namespace

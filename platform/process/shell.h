@@ -16,7 +16,7 @@ class Shell : public Object {
   // A command that takes longer than `limit` is killed, with what it has started. It finds programs
   // in `first_folder`, unless that is empty, before those of the user's PATH.
   explicit Shell(std::chrono::milliseconds limit = std::chrono::minutes(2),
-                 std::string first_folder = "");
+                 const std::string& first_folder = "");
 
   // Runs `command` and returns when it has ended. The command reads nothing, runs in the current
   // folder and in a process group of its own, and starts without blocked or ignored signals. What
@@ -32,7 +32,7 @@ class Shell : public Object {
 
  private:
   std::chrono::milliseconds limit_;
-  std::string first_folder_;
+  std::string search_path_;  // begins a command: sets the PATH that it sees
   int error_code_ = -1;
   std::string result_;
 };

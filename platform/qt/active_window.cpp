@@ -14,9 +14,13 @@
 namespace morvantile {
 namespace {
 
-// Of the reply of an X request; freed with the object, null if the request failed.
+struct Free {
+  void operator()(void* memory) const { std::free(memory); }
+};
+
+// The reply of an X request; null if the request failed.
 template <typename T>
-using Reply = std::unique_ptr<T, decltype(&std::free)>;
+using Reply = std::unique_ptr<T, Free>;
 
 xcb_connection_t* X11() {
   const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
@@ -26,10 +30,8 @@ xcb_connection_t* X11() {
 xcb_atom_t Atom(std::string_view name) {
   const auto cookie =
       xcb_intern_atom(X11(), 0, static_cast<std::uint16_t>(name.size()), name.data());
-  const Reply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(X11(), cookie, nullptr),
-                                             &std::free);
-  if (reply == nullptr) return XCB_ATOM_NONE;
-  return reply->atom;
+  const Reply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(X11(), cookie, nullptr));
+  return reply == nullptr ? xcb_atom_t{XCB_ATOM_NONE} : reply->atom;
 }
 
 xcb_atom_t ActiveWindowAtom() {
@@ -42,8 +44,7 @@ xcb_window_t RootWindow() { return xcb_setup_roots_iterator(xcb_get_setup(X11())
 // The window that a property of another one names; nothing if there is no such property.
 std::optional<xcb_window_t> WindowIn(xcb_window_t window, xcb_atom_t property) {
   const auto cookie = xcb_get_property(X11(), 0, window, property, XCB_ATOM_WINDOW, 0, 1);
-  const Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(X11(), cookie, nullptr),
-                                              &std::free);
+  const Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(X11(), cookie, nullptr));
   if (reply == nullptr || xcb_get_property_value_length(reply.get()) < 4) return std::nullopt;
   return *static_cast<const xcb_window_t*>(xcb_get_property_value(reply.get()));
 }
@@ -57,7 +58,7 @@ bool HasWindowManager() {
 
 std::optional<xcb_window_t> InputFocus() {
   const Reply<xcb_get_input_focus_reply_t> reply(
-      xcb_get_input_focus_reply(X11(), xcb_get_input_focus(X11()), nullptr), &std::free);
+      xcb_get_input_focus_reply(X11(), xcb_get_input_focus(X11()), nullptr));
   if (reply == nullptr) return std::nullopt;
   const bool is_window = reply->focus != XCB_INPUT_FOCUS_POINTER_ROOT &&
                          reply->focus != XCB_INPUT_FOCUS_NONE && reply->focus != RootWindow();
@@ -109,8 +110,7 @@ bool AnotherWindowIsActive(const QWidget& window) {
 bool ASwitchMayBeUnderWay() {
   if (X11() == nullptr) return false;
   const auto cookie = xcb_query_pointer(X11(), RootWindow());
-  const Reply<xcb_query_pointer_reply_t> reply(xcb_query_pointer_reply(X11(), cookie, nullptr),
-                                               &std::free);
+  const Reply<xcb_query_pointer_reply_t> reply(xcb_query_pointer_reply(X11(), cookie, nullptr));
   return reply != nullptr && (reply->mask & (XCB_MOD_MASK_1 | XCB_MOD_MASK_4)) != 0;
 }
 

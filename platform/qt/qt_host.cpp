@@ -4,7 +4,6 @@
 #include <unistd.h>
 
 #include <QDesktopServices>
-#include <QEventLoop>
 #include <QIcon>
 #include <QLocale>
 #include <QMessageBox>
@@ -49,27 +48,18 @@ void SayOnlyWhatIsFatal(QtMsgType type, const QMessageLogContext& /*context*/,
 
 }  // namespace
 
-struct QtHost::State {
-  State(int& argument_count, char** arguments) : application(argument_count, arguments) {}
-
-  GuardedApplication application;
-  std::unique_ptr<SystemClipboard> clipboard;
-  StayBehind* stay_behind = nullptr;
-  SingleInstance* instance = nullptr;
-};
-
-QtHost::QtHost(int argc, char** argv, StayBehind& stay_behind, SingleInstance& instance) {
+QtHost::QtHost(int argc, char** argv, StayBehind& stay_behind, SingleInstance& instance)
+    : stay_behind_(stay_behind), instance_(instance) {
   BeginPatienceWithDesktop();
   std::unique_ptr<SystemClipboard> clipboard = ChooseDesktop();
   qInstallMessageHandler(SayOnlyWhatIsFatal);
   QGuiApplication::setDesktopFileName("morvantile");
   QCoreApplication::setApplicationName("Morvantile");
   static int argument_count = argc;
-  state_ = std::make_unique<State>(argument_count, argv);
-  state_->stay_behind = &stay_behind;
-  state_->instance = &instance;
-  state_->clipboard = clipboard ? std::move(clipboard) : std::make_unique<QtClipboard>();
+  application_ = std::make_unique<GuardedApplication>(argument_count, argv);
+  clipboard_ = clipboard ? std::move(clipboard) : std::make_unique<QtClipboard>();
   QApplication::setQuitOnLastWindowClosed(false);
+  QApplication::setWheelScrollLines(1);  // a notch of the mouse wheel is a step of the slider
   QApplication::setWindowIcon(QIcon(":/morvantile.png"));
   FollowDesktopTheme();
   InstallAccessibleWidgets();
@@ -81,24 +71,24 @@ QtHost::QtHost(int argc, char** argv, StayBehind& stay_behind, SingleInstance& i
   EndPatienceWithDesktop();
 }
 
-QtHost::~QtHost() { state_->instance->End(); }
+QtHost::~QtHost() { instance_.End(); }
 
 int QtHost::Run(Application& application) {
   BeginPatienceWithDesktop();
-  QTimer::singleShot(0, &state_->application, [&application] {
+  QTimer::singleShot(0, application_.get(), [&application] {
     EndPatienceWithDesktop();
     application.Event_Open();
   });
   const int status = QApplication::exec();
-  state_->application.RethrowEscaped();
+  application_->RethrowEscaped();
   application.Event_Close();
-  state_->instance->End();
-  if (!state_->clipboard->Owned()) return status;
+  instance_.End();
+  if (!clipboard_->Owned()) return status;
 
-  state_->clipboard->Forget();
+  clipboard_->Forget();
   GiveMemoryBack();
-  state_->stay_behind->LetGo(status);
-  state_->clipboard->ServeUntilTakenOver();
+  stay_behind_.LetGo(status);
+  clipboard_->ServeUntilTakenOver();
   return status;
 }
 
@@ -106,35 +96,31 @@ void QtHost::Quit(int status) { QApplication::exit(status); }
 
 void QtHost::ShowModal(const Ref<Window>& window) {
   WindowWidget widget(window, QApplication::activeModalWidget());
-  QEventLoop loop;
-  widget.on_closed = [&loop] { loop.quit(); };
   widget.show();
   widget.raise();
   widget.activateWindow();
-  state_->instance->OnFurtherStart([this] {
+  instance_.OnFurtherStart([this] {
     QMetaObject::invokeMethod(
-        &state_->application, [this] { ShowToFurtherStarts(); }, Qt::QueuedConnection);
+        application_.get(), [this] { ShowToFurtherStarts(); }, Qt::QueuedConnection);
   });
-  loop.exec(QEventLoop::DialogExec);
-  state_->application.RethrowEscaped();
+  widget.exec();
+  application_->RethrowEscaped();
 }
 
 // Without a window the run is about to end, and its end is the answer.
 void QtHost::ShowToFurtherStarts() {
   QWidget* shown = QApplication::activeModalWidget();
   if (shown == nullptr) return;
-  state_->instance->AnswerAll([shown](const std::string& token) { ActivateWindow(*shown, token); });
+  instance_.AnswerAll([shown](const std::string& token) { ActivateWindow(*shown, token); });
 }
 
-Ref<Picture> QtHost::ClipboardPicture() { return state_->clipboard->ReadPicture(); }
+Ref<Picture> QtHost::ClipboardPicture() { return clipboard_->ReadPicture(); }
 
-void QtHost::SetClipboardPicture(const Ref<Picture>& picture) {
-  state_->clipboard->WritePicture(picture);
-}
+void QtHost::SetClipboardPicture(const Ref<Picture>& picture) { clipboard_->WritePicture(picture); }
 
-std::string QtHost::ClipboardText() { return state_->clipboard->ReadText(); }
+std::string QtHost::ClipboardText() { return clipboard_->ReadText(); }
 
-void QtHost::SetClipboardText(const std::string& text) { state_->clipboard->WriteText(text); }
+void QtHost::SetClipboardText(const std::string& text) { clipboard_->WriteText(text); }
 
 std::vector<ScreenGeometry> QtHost::Screens() {
   std::vector<ScreenGeometry> screens;

@@ -13,6 +13,9 @@
 
 namespace morvantile {
 
+class GuardedApplication;
+class SystemClipboard;
+
 // The host on X11 and Wayland. One can exist per process.
 class QtHost : public Host {
  public:
@@ -39,10 +42,12 @@ class QtHost : public Host {
   int Run(Application& application) override;
 
  private:
-  struct State;
   void ShowToFurtherStarts();
 
-  std::unique_ptr<State> state_;
+  StayBehind& stay_behind_;
+  SingleInstance& instance_;
+  std::unique_ptr<GuardedApplication> application_;
+  std::unique_ptr<SystemClipboard> clipboard_;
 };
 
 }  // namespace morvantile

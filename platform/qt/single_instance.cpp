@@ -5,11 +5,11 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+#include <QByteArray>
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstddef>
-#include <cstdlib>
 #include <string_view>
 #include <utility>
 
@@ -25,10 +25,7 @@ constexpr int kQueue = 128;
 constexpr std::size_t kLongestToken = 4096;
 constexpr std::string_view kShown = "shown";
 
-std::string Variable(const char* name) {
-  const char* value = std::getenv(name);
-  return value == nullptr ? "" : value;
-}
+std::string Variable(const char* name) { return qgetenv(name).toStdString(); }
 
 // The display that windows will be on, under the same name for all its screens.
 std::string Display() {
@@ -46,21 +43,13 @@ std::string LaunchToken() {
   return token.substr(0, kLongestToken);
 }
 
-struct Address {
-  sockaddr_un name{};
-  socklen_t size = 0;
-
-  [[nodiscard]] const sockaddr* get() const { return reinterpret_cast<const sockaddr*>(&name); }
-};
-
-// A name that begins with a NUL is in the abstract namespace.
-Address MeetingPlace() {
+// A name that begins with a NUL is in the abstract namespace; those at its end are a part of it.
+sockaddr_un MeetingPlace() {
   const std::string text = "morvantile-" + std::to_string(getuid()) + '-' +
                            std::to_string(std::hash<std::string>()(Display()));
-  Address address;
-  address.name.sun_family = AF_UNIX;
-  std::copy(text.begin(), text.end(), address.name.sun_path + 1);
-  address.size = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + 1 + text.size());
+  sockaddr_un address{};
+  address.sun_family = AF_UNIX;
+  std::copy(text.begin(), text.end(), address.sun_path + 1);
   return address;
 }
 
@@ -80,14 +69,10 @@ void Send(const OwnedDescriptor& to, std::string_view packet) {
 }
 
 bool WaitReadable(const OwnedDescriptor& connection, Clock::time_point deadline) {
-  pollfd wait{connection.get(), POLLIN, 0};
-  int ready = 0;
-  do {
-    const auto left =
-        std::chrono::duration_cast<std::chrono::milliseconds>(deadline - Clock::now());
-    ready = poll(&wait, 1, static_cast<int>(std::max<std::int64_t>(0, left.count())));
-  } while (ready < 0 && errno == EINTR);
-  return ready > 0;
+  const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(deadline - Clock::now());
+  const int wait = static_cast<int>(std::max<std::int64_t>(0, left.count()));
+  pollfd reply{connection.get(), POLLIN, 0};
+  return TEMP_FAILURE_RETRY(poll(&reply, 1, wait)) > 0;
 }
 
 }  // namespace
@@ -106,18 +91,20 @@ SingleInstance::SingleInstance() {
 }
 
 bool SingleInstance::Listen() {
-  const Address address = MeetingPlace();
+  const sockaddr_un address = MeetingPlace();
   OwnedDescriptor listener = NewSocket(0);
-  if (bind(listener.get(), address.get(), address.size) != 0) return false;
+  const auto* name = reinterpret_cast<const sockaddr*>(&address);
+  if (bind(listener.get(), name, sizeof address) != 0) return false;
   if (listen(listener.get(), kQueue) != 0) return false;
   listener_ = std::move(listener);
   return true;
 }
 
 SingleInstance::Reply SingleInstance::Ask(Clock::time_point deadline) {
-  const Address address = MeetingPlace();
+  const sockaddr_un address = MeetingPlace();
   const OwnedDescriptor connection = NewSocket(SOCK_NONBLOCK);
-  if (connect(connection.get(), address.get(), address.size) != 0) {
+  const auto* name = reinterpret_cast<const sockaddr*>(&address);
+  if (connect(connection.get(), name, sizeof address) != 0) {
     const bool is_coming_or_going = errno == ECONNREFUSED || errno == EAGAIN;
     return is_coming_or_going ? Reply::kEnded : Reply::kNone;
   }

@@ -1,20 +1,23 @@
 #include "platform/qt/attach/attach.h"
 
+#include <QAbstractItemView>
+#include <QButtonGroup>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QEvent>
 #include <QItemSelectionModel>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
+#include <QRadioButton>
+#include <QScopedValueRollback>
 #include <QTableWidget>
 #include <QTreeWidget>
-#include <algorithm>
 #include <memory>
 #include <utility>
 
 #include "platform/qt/attach/control_peer.h"
 #include "platform/qt/attach/row_mirror.h"
-#include "platform/qt/attach/row_selectors.h"
-#include "platform/qt/attach/value_peers.h"
 
 namespace morvantile {
 namespace {
@@ -39,20 +42,74 @@ Ref<C> ControlFor(const QWidget& widget) {
   return control;
 }
 
-void TieRows(ListControl& control, int columns, QWidget& widget, QAbstractItemModel& model,
-             RowSelector selector, const std::function<void(RowMirror&)>& follow_selection) {
-  auto mirror = std::make_unique<RowMirror>(control, columns, model, std::move(selector));
-  mirror->TakeFromWidget();
-  follow_selection(*mirror);
-  new Tie(widget, std::move(mirror));
+int TopLevelRow(const QModelIndex& index) {
+  QModelIndex top = index;
+  while (top.parent().isValid()) top = top.parent();
+  return top.row();
 }
 
 Ref<Listbox> AttachView(QAbstractItemView& view) {
   Ref<Listbox> list = ControlFor<Listbox>(view);
   list->SetColumnCount(view.model()->columnCount());
-  TieRows(*list, list->ColumnCount(), view, *view.model(), SelectorOf(view),
-          [&view](RowMirror& mirror) { FollowSelection(view, mirror); });
+  auto mirror = std::make_unique<RowMirror>(
+      *list, list->ColumnCount(), *view.model(),
+      RowSelector{[&view] { return TopLevelRow(view.currentIndex()); },
+                  [&view](int row) { view.setCurrentIndex(view.model()->index(row, 0)); }});
+  QObject::connect(view.selectionModel(), &QItemSelectionModel::currentRowChanged, mirror.get(),
+                   &RowMirror::WidgetSelected);
+  new Tie(view, std::move(mirror));
   return list;
+}
+
+class TextOfField : public PeerOf<EditField, QLineEdit> {
+ public:
+  TextOfField(EditField& field, QLineEdit* widget) : PeerOf(field, widget) {
+    QObject::connect(widget, &QLineEdit::textChanged, widget,
+                     [&field](const QString& text) { field.SetText(text.toStdString()); });
+  }
+  void ControlChanged() override {
+    const QString text = QString::fromStdString(control().Text());
+    if (widget().text() != text) widget().setText(text);
+  }
+};
+
+// The toolkit lets nobody turn the last button of an exclusive group off.
+void TurnOff(QAbstractButton& button) {
+  QButtonGroup* group = button.group();
+  const bool group_exclusive = group != nullptr && group->exclusive();
+  const bool auto_exclusive = button.autoExclusive();
+  if (group != nullptr) group->setExclusive(false);
+  button.setAutoExclusive(false);
+  button.setChecked(false);
+  button.setAutoExclusive(auto_exclusive);
+  if (group != nullptr) group->setExclusive(group_exclusive);
+}
+
+// Of a check box or a radio button.
+template <typename C>
+class ValueOfButton : public PeerOf<C, QAbstractButton> {
+ public:
+  ValueOfButton(C& control, QAbstractButton* widget) : PeerOf<C, QAbstractButton>(control, widget) {
+    QObject::connect(widget, &QAbstractButton::toggled, widget,
+                     [&control](bool checked) { control.SetValue(checked); });
+  }
+  void ControlChanged() override {
+    QAbstractButton& button = this->widget();
+    if (this->control().Value()) {
+      button.setChecked(true);
+    } else if (button.isChecked()) {
+      TurnOff(button);
+    }
+  }
+};
+
+template <typename C>
+Ref<C> AttachButton(QAbstractButton& widget) {
+  Ref<C> control = ControlFor<C>(widget);
+  control->Caption = widget.text().toStdString();
+  control->SetValue(widget.isChecked());
+  new Tie(widget, std::make_unique<ValueOfButton<C>>(*control, &widget));
+  return control;
 }
 
 class TextOfLabel : public PeerOf<StaticText, QLabel> {
@@ -86,18 +143,16 @@ class WindowTie : public QObject, private WindowPeer {
  private:
   void TakeFromWidget() {
     const QRect place = widget_->geometry();
-    applying_ = true;
+    const QScopedValueRollback applying(applying_, true);
     window_->SetTitle(widget_->windowTitle().toStdString());
-    applying_ = false;
     window_->UserMoved(place.x(), place.y(), place.width(), place.height());
   }
 
   void WindowChanged() override {
     if (applying_) return;
-    applying_ = true;
+    const QScopedValueRollback applying(applying_, true);
     widget_->setWindowTitle(QString::fromStdString(window_->Title()));
     widget_->setGeometry(window_->Left(), window_->Top(), window_->Width(), window_->Height());
-    applying_ = false;
   }
 
   void WindowClosed() override { widget_->close(); }
@@ -115,33 +170,25 @@ Ref<Listbox> Attach(QListWidget& widget) { return AttachView(widget); }
 
 Ref<PopupMenu> Attach(QComboBox& widget) {
   Ref<PopupMenu> menu = ControlFor<PopupMenu>(widget);
-  TieRows(*menu, 1, widget, *widget.model(), SelectorOf(widget),
-          [&widget](RowMirror& mirror) { FollowSelection(widget, mirror); });
+  auto mirror =
+      std::make_unique<RowMirror>(*menu, 1, *widget.model(),
+                                  RowSelector{[&widget] { return widget.currentIndex(); },
+                                              [&widget](int row) { widget.setCurrentIndex(row); }});
+  QObject::connect(&widget, &QComboBox::currentIndexChanged, mirror.get(),
+                   &RowMirror::WidgetSelected);
+  new Tie(widget, std::move(mirror));
   return menu;
 }
 
 Ref<EditField> Attach(QLineEdit& widget) {
   Ref<EditField> field = ControlFor<EditField>(widget);
   field->SetText(widget.text().toStdString());
-  new Tie(widget, std::make_unique<EditFieldPeer>(*field, &widget));
+  new Tie(widget, std::make_unique<TextOfField>(*field, &widget));
   return field;
 }
 
-Ref<CheckBox> Attach(QCheckBox& widget) {
-  Ref<CheckBox> box = ControlFor<CheckBox>(widget);
-  box->Caption = widget.text().toStdString();
-  box->SetValue(widget.isChecked());
-  new Tie(widget, std::make_unique<CheckBoxPeer>(*box, &widget));
-  return box;
-}
-
-Ref<RadioButton> Attach(QRadioButton& widget) {
-  Ref<RadioButton> button = ControlFor<RadioButton>(widget);
-  button->Caption = widget.text().toStdString();
-  button->SetValue(widget.isChecked());
-  new Tie(widget, std::make_unique<RadioButtonPeer>(*button, &widget));
-  return button;
-}
+Ref<CheckBox> Attach(QCheckBox& widget) { return AttachButton<CheckBox>(widget); }
+Ref<RadioButton> Attach(QRadioButton& widget) { return AttachButton<RadioButton>(widget); }
 
 Ref<StaticText> Attach(QLabel& widget) {
   Ref<StaticText> label = ControlFor<StaticText>(widget);

@@ -1,5 +1,6 @@
 #include "platform/qt/attach/row_mirror.h"
 
+#include <QScopedValueRollback>
 #include <QString>
 #include <utility>
 
@@ -23,6 +24,7 @@ RowMirror::RowMirror(ListControl& control, int columns, QAbstractItemModel& mode
                      RowSelector selector)
     : control_(&control), columns_(columns), model_(&model), selector_(std::move(selector)) {
   control.AttachListPeer(this);
+  TakeFromWidget();
   Follow();
 }
 
@@ -78,54 +80,35 @@ std::vector<std::string> RowMirror::WidgetRow(int row) const {
   return cells;
 }
 
-void RowMirror::ControlChanged() {
-  RowsCleared();
-  for (int row = 0; row < control_->ListCount(); ++row) RowAdded(row);
-  SelectionChanged();
-}
+// What the program does: what the widget says meanwhile is no news.
 
 void RowMirror::RowAdded(int row) {
-  ApplyQuietly([this, row] {
-    model_->insertRow(row);
-    WriteRow(row);
-  });
+  const QScopedValueRollback applying(applying_, true);
+  model_->insertRow(row);
+  for (int column = 0; column < columns_; ++column) CellChanged(row, column);
   SelectionChanged();
-}
-
-void RowMirror::WriteRow(int row) {
-  for (int column = 0; column < columns_; ++column) {
-    model_->setData(model_->index(row, column),
-                    QString::fromStdString(CellOf(*control_, row, column)), Qt::EditRole);
-  }
 }
 
 void RowMirror::RowRemoved(int row) {
-  ApplyQuietly([this, row] { model_->removeRow(row); });
+  const QScopedValueRollback applying(applying_, true);
+  model_->removeRow(row);
   SelectionChanged();
 }
 
 void RowMirror::CellChanged(int row, int column) {
-  ApplyQuietly([this, row, column] {
-    model_->setData(model_->index(row, column),
-                    QString::fromStdString(CellOf(*control_, row, column)), Qt::EditRole);
-  });
+  const QScopedValueRollback applying(applying_, true);
+  model_->setData(model_->index(row, column),
+                  QString::fromStdString(CellOf(*control_, row, column)), Qt::EditRole);
 }
 
 void RowMirror::RowsCleared() {
-  ApplyQuietly([this] { model_->removeRows(0, model_->rowCount()); });
+  const QScopedValueRollback applying(applying_, true);
+  model_->removeRows(0, model_->rowCount());
 }
 
 void RowMirror::SelectionChanged() {
-  ApplyQuietly([this] {
-    if (selector_.get() != control_->ListIndex()) selector_.set(control_->ListIndex());
-  });
-}
-
-// Makes a change of the widget that is not the user's.
-void RowMirror::ApplyQuietly(const std::function<void()>& change) {
-  applying_ = true;
-  change();
-  applying_ = false;
+  const QScopedValueRollback applying(applying_, true);
+  if (selector_.get() != control_->ListIndex()) selector_.set(control_->ListIndex());
 }
 
 }  // namespace morvantile

@@ -20,18 +20,16 @@ struct RowSelector {
 class RowMirror : public QObject, public ListPeer {
  public:
   // Ties the two together, for as long as the mirror lives; the model has to live at least as long.
+  // The control gets the widget's rows and selection.
   RowMirror(ListControl& control, int columns, QAbstractItemModel& model, RowSelector selector);
   ~RowMirror() override;
   RowMirror(const RowMirror&) = delete;
   RowMirror& operator=(const RowMirror&) = delete;
 
-  // Copies rows and selection from the widget to the control.
-  void TakeFromWidget();
   // The widget has another row selected.
   void WidgetSelected();
 
-  // Copies rows and selection from the control to the widget.
-  void ControlChanged() override;
+  void ControlChanged() override {}  // each change of a list is told by itself
   void RowAdded(int row) override;
   void RowRemoved(int row) override;
   void CellChanged(int row, int column) override;
@@ -39,10 +37,9 @@ class RowMirror : public QObject, public ListPeer {
   void SelectionChanged() override;
 
  private:
+  void TakeFromWidget();
   void Follow();
   [[nodiscard]] std::vector<std::string> WidgetRow(int row) const;
-  void WriteRow(int row);
-  void ApplyQuietly(const std::function<void()>& change);
 
   Ref<ListControl> control_;
   int columns_;

@@ -22,9 +22,6 @@ class OfferedPicture : public QMimeData {
   explicit OfferedPicture(std::shared_ptr<PictureOffer> offer) : offer_(std::move(offer)) {}
 
   [[nodiscard]] QStringList formats() const override { return PictureOffer::Formats(); }
-  [[nodiscard]] bool hasFormat(const QString& format) const override {
-    return formats().contains(format);
-  }
 
  protected:
   [[nodiscard]] QVariant retrieveData(const QString& format, QMetaType /*type*/) const override {
@@ -43,14 +40,6 @@ QStringList FormatsOf(const QMimeData& offer) {
 QByteArray BytesOf(const QMimeData& offer, const QString& format) {
   const Patience patience;
   return offer.data(format);
-}
-
-Ref<Picture> ReadOffer(const QMimeData* offer) {
-  if (offer == nullptr) return nullptr;
-  for (const QString& format : FormatsOf(*offer)) {
-    if (Ref<Picture> picture = PictureFrom(format, BytesOf(*offer, format))) return picture;
-  }
-  return nullptr;
 }
 
 // Wayland shows the clipboard only to the window with the focus, and at the start there is none: a
@@ -81,13 +70,14 @@ QtClipboard::QtClipboard() {
                    QGuiApplication::instance(), [this] { Forget(); });
 }
 
-Ref<Picture> QtClipboard::ReadPicture() {
-  if (!known_) {
-    const FocusOfOurOwn focus;
-    picture_ = ReadOffer(QGuiApplication::clipboard()->mimeData());
-    known_ = true;
+Ref<Picture> QtClipboard::ReadOffered() {
+  const FocusOfOurOwn focus;
+  const QMimeData* offer = QGuiApplication::clipboard()->mimeData();
+  if (offer == nullptr) return nullptr;
+  for (const QString& format : FormatsOf(*offer)) {
+    if (Ref<Picture> picture = PictureFrom(format, BytesOf(*offer, format))) return picture;
   }
-  return picture_;
+  return nullptr;
 }
 
 void QtClipboard::WritePicture(const Ref<Picture>& picture) {
@@ -103,11 +93,6 @@ void QtClipboard::WriteText(const std::string& text) {
 }
 
 bool QtClipboard::Owned() { return QGuiApplication::clipboard()->ownsClipboard(); }
-
-void QtClipboard::Forget() {
-  known_ = false;
-  picture_ = nullptr;
-}
 
 void QtClipboard::ServeUntilTakenOver() {
   if (!Owned()) return;

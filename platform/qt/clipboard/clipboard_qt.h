@@ -14,18 +14,16 @@ class QtClipboard : public SystemClipboard {
  public:
   QtClipboard();
 
-  Ref<Picture> ReadPicture() override;
   void WritePicture(const Ref<Picture>& picture) override;
   std::string ReadText() override;
   void WriteText(const std::string& text) override;
   bool Owned() override;
-  void Forget() override;
   void ServeUntilTakenOver() override;
 
  private:
+  Ref<Picture> ReadOffered() override;
+
   std::shared_ptr<PictureOffer> offer_;
-  bool known_ = false;
-  Ref<Picture> picture_;
 };
 
 }  // namespace morvantile

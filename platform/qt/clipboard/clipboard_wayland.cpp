@@ -1,31 +1,28 @@
 #include "platform/qt/clipboard/clipboard_wayland.h"
 
 #include <fcntl.h>
-#include <poll.h>
 #include <unistd.h>
 #include <wayland-client.h>
 
+#include <QFile>
 #include <QStringList>
 #include <array>
-#include <cerrno>
 #include <csignal>
 #include <cstring>
-#include <functional>
-#include <optional>
 #include <string>
+#include <system_error>
+#include <thread>
 #include <utility>
-#include <vector>
 
 #include "ext-data-control-v1-client.h"
+#include "platform/core/owned_descriptor.h"
 #include "platform/qt/clipboard/clipboard_formats.h"
 #include "platform/qt/clipboard/patience.h"
 #include "platform/qt/clipboard/picture_offer.h"
-#include "platform/qt/clipboard/transfer.h"
 
 namespace morvantile {
 namespace {
 
-constexpr qsizetype kMostBytes = Picture::kMaxBytes;
 constexpr const char* kText = "text/plain;charset=utf-8";
 
 // The older form of the protocol differs in its name only, as far as it is used here.
@@ -33,6 +30,22 @@ wl_interface OlderManager() {
   wl_interface older = ext_data_control_manager_v1_interface;
   older.name = "zwlr_data_control_manager_v1";
   return older;
+}
+
+// Writes the bytes in a thread, so that a reader who is slow holds up nobody else. One who is gone,
+// or for whom the system has no thread, gets no more.
+void WriteToReader(const QByteArray& bytes, OwnedDescriptor to) {
+  const auto write = [bytes](const OwnedDescriptor& descriptor) {
+    fcntl(descriptor.get(), F_SETFL, fcntl(descriptor.get(), F_GETFL) & ~O_NONBLOCK);
+    QFile file;
+    if (file.open(descriptor.get(), QIODevice::WriteOnly | QIODevice::Unbuffered))
+      file.write(bytes);
+  };
+  try {
+    std::thread(write, std::move(to)).detach();
+  } catch (const std::system_error&) {
+    return;
+  }
 }
 
 class DataControlClipboard : public SystemClipboard {
@@ -53,31 +66,21 @@ class DataControlClipboard : public SystemClipboard {
 
   [[nodiscard]] bool Ready() const { return device_ != nullptr; }
 
-  Ref<Picture> ReadPicture() override {
-    wl_display_roundtrip(display_);
-    if (!known_) {
-      picture_ = ReadOffered();
-      known_ = true;
-    }
-    return picture_;
-  }
-
   void WritePicture(const Ref<Picture>& picture) override {
     offered_ = std::make_shared<PictureOffer>(picture);
-    Take(PictureOffer::Formats(),
-         [offer = offered_](const QString& format) { return offer->In(format); });
+    Take(PictureOffer::Formats());
   }
 
   std::string ReadText() override {
     wl_display_roundtrip(display_);
     if (!formats_.contains(kText)) return "";
-    return Receive(kText).value_or(QByteArray()).toStdString();
+    return Receive(kText).toStdString();
   }
 
   void WriteText(const std::string& text) override {
     offered_ = nullptr;
-    Take({kText, "UTF8_STRING", "text/plain"},
-         [text](const QString&) { return QByteArray::fromStdString(text); });
+    text_ = QByteArray::fromStdString(text);
+    Take({kText, "UTF8_STRING", "text/plain"});
   }
 
   bool Owned() override {
@@ -85,41 +88,35 @@ class DataControlClipboard : public SystemClipboard {
     return source_ != nullptr;
   }
 
-  void Forget() override {
-    known_ = false;
-    picture_ = nullptr;
-  }
-
   void ServeUntilTakenOver() override {
     if (offered_ != nullptr) offered_->Encode();
-    while (source_ != nullptr && Flush() && Wait()) {
-      transfers_.Proceed();
+    while (source_ != nullptr && wl_display_dispatch(display_) >= 0) {
     }
   }
 
  private:
-  using Provider = std::function<QByteArray(const QString& format)>;
-
   // Reading
 
-  Ref<Picture> ReadOffered() {
+  void HearOfChanges() override { wl_display_roundtrip(display_); }
+
+  Ref<Picture> ReadOffered() override {
     for (const QString& format : PictureFormats(formats_)) {
-      const std::optional<QByteArray> data = Receive(format);
-      if (!data) return nullptr;  // An owner that hangs would do so in each further form.
-      if (Ref<Picture> picture = PictureFrom(format, *data)) return picture;
+      if (Ref<Picture> picture = PictureFrom(format, Receive(format))) return picture;
     }
     return nullptr;
   }
 
-  std::optional<QByteArray> Receive(const QString& format) {
+  QByteArray Receive(const QString& format) {
     std::array<int, 2> ends{};
-    if (offer_ == nullptr || pipe2(ends.data(), O_CLOEXEC) != 0) return std::nullopt;
+    if (offer_ == nullptr || pipe2(ends.data(), O_CLOEXEC) != 0) return {};
     const OwnedDescriptor from(ends[0]);
     OwnedDescriptor to(ends[1]);
     ext_data_control_offer_v1_receive(offer_, format.toUtf8().constData(), to.get());
     wl_display_flush(display_);
     to.Close();
-    return ReadAll(from, static_cast<int>(kPatienceWithOwner.count()), kMostBytes);
+    QFile pipe;
+    pipe.open(from.get(), QIODevice::ReadOnly);
+    return PatientReader().ReadAll(pipe);
   }
 
   void TakeOffer(ext_data_control_offer_v1* offer) {
@@ -131,7 +128,7 @@ class DataControlClipboard : public SystemClipboard {
 
   // Writing
 
-  void Take(const QStringList& formats, Provider provider) {
+  void Take(const QStringList& formats) {
     ext_data_control_source_v1* source = ext_data_control_manager_v1_create_data_source(manager_);
     ext_data_control_source_v1_add_listener(source, &kSourceListener, this);
     for (const QString& format : formats) {
@@ -139,39 +136,16 @@ class DataControlClipboard : public SystemClipboard {
     }
     ext_data_control_device_v1_set_selection(device_, source);
     source_ = source;
-    provider_ = std::move(provider);
     wl_display_roundtrip(display_);
+  }
+
+  QByteArray In(const QString& format) {
+    return offered_ == nullptr ? text_ : offered_->In(format);
   }
 
   void Lost(ext_data_control_source_v1* source) {
     ext_data_control_source_v1_destroy(source);
     if (source == source_) source_ = nullptr;
-  }
-
-  // Serving
-
-  bool Flush() {
-    while (wl_display_prepare_read(display_) != 0) {
-      if (wl_display_dispatch_pending(display_) < 0) return false;
-    }
-    return wl_display_flush(display_) >= 0 || errno == EAGAIN || Cancel();
-  }
-
-  bool Cancel() {
-    wl_display_cancel_read(display_);
-    return false;
-  }
-
-  // Waits for the compositor or a reader, and handles what the compositor says.
-  bool Wait() {
-    std::vector<pollfd> waits = {{wl_display_get_fd(display_), POLLIN, 0}};
-    transfers_.AppendTo(waits);
-    if (poll(waits.data(), waits.size(), -1) < 0 && errno != EINTR) return Cancel();
-    if (waits[0].revents == 0) {
-      wl_display_cancel_read(display_);
-      return true;
-    }
-    return wl_display_read_events(display_) >= 0 && wl_display_dispatch_pending(display_) >= 0;
   }
 
   wl_display* display_;
@@ -182,11 +156,8 @@ class DataControlClipboard : public SystemClipboard {
   ext_data_control_source_v1* source_ = nullptr;
   QStringList announced_;
   QStringList formats_;
-  Provider provider_;
-  std::shared_ptr<PictureOffer> offered_;
-  OutgoingTransfers transfers_;
-  bool known_ = false;
-  Ref<Picture> picture_;
+  std::shared_ptr<PictureOffer> offered_;  // or else the text
+  QByteArray text_;
 
   // What the compositor says
 
@@ -238,9 +209,7 @@ const ext_data_control_device_v1_listener DataControlClipboard::kDeviceListener 
 
 const ext_data_control_source_v1_listener DataControlClipboard::kSourceListener = {
     [](void* self, ext_data_control_source_v1*, const char* format, int descriptor) {
-      DataControlClipboard& clipboard = Self(self);
-      clipboard.transfers_.Add(OwnedDescriptor(descriptor),
-                               clipboard.provider_(QString::fromUtf8(format)));
+      WriteToReader(Self(self).In(QString::fromUtf8(format)), OwnedDescriptor(descriptor));
     },
     [](void* self, ext_data_control_source_v1* source) { Self(self).Lost(source); }};
 

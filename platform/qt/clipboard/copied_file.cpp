@@ -5,16 +5,12 @@
 #include <QImageReader>
 #include <QSysInfo>
 #include <QUrl>
-#include <atomic>
-#include <cstdint>
 
 #include "platform/qt/clipboard/patience.h"
 #include "platform/qt/clipboard/picture_image.h"
 
 namespace morvantile {
 namespace {
-
-constexpr qint64 kPiece = 1 << 20;
 
 bool IsOfThisMachine(const QUrl& url) {
   const QString host = url.host();
@@ -38,20 +34,12 @@ QString OneLocalFile(const QByteArray& names) {
 
 // The bytes of the file if they begin like a picture; none otherwise.
 QByteArray ReadPictureFile(const QString& path) {
-  std::atomic<std::uint64_t> progress{0};
-  const Patience patience([&progress] { return progress.load(); });
+  PatientReader reader;
   QFile file(path);
   if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) return {};
   if (file.size() > Picture::kMaxBytes || !QImageReader(&file).canRead() || !file.seek(0))
     return {};
-  QByteArray bytes;
-  while (bytes.size() <= Picture::kMaxBytes) {
-    const QByteArray piece = file.read(kPiece);
-    if (piece.isEmpty()) return bytes;
-    bytes += piece;
-    progress += static_cast<std::uint64_t>(piece.size());
-  }
-  return {};
+  return reader.ReadAll(file);
 }
 
 }  // namespace

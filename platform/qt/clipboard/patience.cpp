@@ -11,6 +11,8 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/imaging/picture.h"
+
 namespace morvantile {
 namespace {
 
@@ -63,5 +65,17 @@ Patience::Patience() {
 
 Patience::Patience(std::function<std::uint64_t()> received)
     : watch_(EndWhenSilent, std::move(received)) {}
+
+QByteArray PatientReader::ReadAll(QIODevice& from) {
+  constexpr qint64 kPiece = 1 << 16;
+  QByteArray bytes;
+  while (bytes.size() <= Picture::kMaxBytes) {
+    const QByteArray piece = from.read(kPiece);
+    if (piece.isEmpty()) return bytes;
+    bytes += piece;
+    received_ += static_cast<std::uint64_t>(piece.size());
+  }
+  return {};
+}
 
 }  // namespace morvantile

@@ -1,6 +1,8 @@
 #ifndef MORVANTILE_PLATFORM_QT_CLIPBOARD_PATIENCE_H
 #define MORVANTILE_PLATFORM_QT_CLIPBOARD_PATIENCE_H
 
+#include <QIODevice>
+#include <atomic>
 #include <chrono>
 #include <cstdint>
 #include <functional>
@@ -34,6 +36,18 @@ class Patience {
 
  private:
   std::jthread watch_;
+};
+
+// Reads files and pipes, with Patience from its beginning to its end.
+class PatientReader {
+ public:
+  // All that is there or comes before the other end closes; nothing if it is more than a picture's
+  // largest size.
+  QByteArray ReadAll(QIODevice& from);
+
+ private:
+  std::atomic<std::uint64_t> received_ = 0;
+  Patience patience_{[this] { return received_.load(); }};
 };
 
 }  // namespace morvantile

@@ -1,14 +1,10 @@
 #include "platform/qt/clipboard/png_rows.h"
 
-#include <algorithm>
-#include <cstdlib>
 #include <cstring>
 #include <utility>
 
 namespace morvantile {
 namespace {
-
-constexpr std::size_t kMostPixelBytes = 4;
 
 Colour ColourAt(const Picture& picture, int x, int y) {
   Colour colour = 0;
@@ -22,9 +18,13 @@ bool IsGrey(Colour colour) {
 
 void PackIndices(const Picture& picture, int y, const Layout& layout, std::uint8_t* out) {
   std::memset(out, 0, layout.RowBytes(picture.Width()));
+  Colour before = ~ColourAt(picture, 0, y);
+  int index = 0;
   for (int x = 0; x < picture.Width(); ++x) {
     const int bit = x % (8 / layout.bits) * layout.bits;
-    const int index = layout.palette.IndexOf(ColourAt(picture, x, y));
+    const Colour colour = ColourAt(picture, x, y);
+    if (colour != before) index = layout.palette.IndexOf(colour);
+    before = colour;
     out[x / (8 / layout.bits)] |= static_cast<std::uint8_t>(index << (8 - layout.bits - bit));
   }
 }
@@ -41,77 +41,14 @@ void PackRow(const Picture& picture, int y, const Layout& layout, std::uint8_t* 
   }
 }
 
-// What the filters expect of a byte, from that to its left, that above, and that above the left
-// one.
-
-int Nothing(int /*left*/, int /*above*/, int /*corner*/) { return 0; }
-int Left(int left, int /*above*/, int /*corner*/) { return left; }
-int Above(int /*left*/, int above, int /*corner*/) { return above; }
-int Average(int left, int above, int /*corner*/) { return (left + above) / 2; }
-
-int Paeth(int left, int above, int corner) {
-  const int from_left = std::abs(above - corner);
-  const int from_above = std::abs(left - corner);
-  const int from_corner = std::abs(left + above - 2 * corner);
-  const int vertical = from_above <= from_corner ? above : corner;
-  return from_left <= from_above && from_left <= from_corner ? left : vertical;
-}
-
-// A row and the one above it, each behind a pixel of zeros.
-struct RowPair {
-  const std::uint8_t* row;
-  const std::uint8_t* above;
-  std::size_t bytes;
-  int pixel_bytes;
-};
-
-// Writes the differences, and returns the sum of their amounts.
-template <int (*kExpected)(int, int, int)>
-unsigned Filter(const RowPair& pair, std::uint8_t* out) {
-  unsigned sum = 0;
-  for (std::size_t i = 0; i < pair.bytes; ++i) {
-    const std::uint8_t* byte = pair.row + i;
-    const std::uint8_t* above = pair.above + i;
-    const int expected = kExpected(byte[-pair.pixel_bytes], *above, above[-pair.pixel_bytes]);
-    out[i] = static_cast<std::uint8_t>(*byte - expected);
-    sum += std::min<unsigned>(out[i], 256U - out[i]);
-  }
-  return sum;
-}
-
-// In the order of the format's numbers.
-constexpr std::array kFilters = {Filter<Nothing>, Filter<Left>, Filter<Above>, Filter<Average>,
-                                 Filter<Paeth>};
-
-void FilterRow(const RowPair& pair, std::vector<std::uint8_t>& scratch, std::uint8_t* out) {
-  unsigned least = ~0U;
-  for (std::size_t filter = 0; filter < kFilters.size(); ++filter) {
-    const unsigned sum = kFilters[filter](pair, scratch.data());
-    if (sum >= least) continue;
-    least = sum;
-    out[0] = static_cast<std::uint8_t>(filter);
-    std::memcpy(out + 1, scratch.data(), pair.bytes);
-  }
-}
-
 }  // namespace
 
 bool Palette::Add(Colour colour) {
-  std::int16_t& slot = slots_[SlotOf(colour)];
-  if (slot != kFree) return true;
+  if (indices_.contains(colour)) return true;
   if (colours_.size() == kMost) return false;
-  slot = static_cast<std::int16_t>(colours_.size());
+  indices_[colour] = static_cast<int>(colours_.size());
   colours_.push_back(colour);
   return true;
-}
-
-// The slot that holds the colour, or the free one that would.
-std::size_t Palette::SlotOf(Colour colour) const {
-  std::size_t slot = colour * 0x9E3779B1U >> (32 - kSlotBits);
-  while (slots_[slot] != kFree && colours_[static_cast<std::size_t>(slots_[slot])] != colour) {
-    slot = (slot + 1) % slots_.size();
-  }
-  return slot;
 }
 
 Layout LayoutFor(const Picture& picture) {
@@ -139,28 +76,30 @@ Layout LayoutFor(const Picture& picture) {
   return opaque ? Layout{ColourType::kRgb, 8, 3, {}} : Layout{ColourType::kRgba, 8, 4, {}};
 }
 
-Bytes PngRows(const Picture& picture, const Layout& layout, Filtering filtering, int band,
-              int distance) {
+QByteArray PngRows(const Picture& picture, const Layout& layout, Filtering filtering, int band,
+                   int distance) {
   const std::size_t bytes = layout.RowBytes(picture.Width());
-  const int pixel_bytes = std::max(layout.bits * layout.channels / 8, 1);
-  std::vector<std::uint8_t> pair(2 * (kMostPixelBytes + bytes));
-  std::uint8_t* above = pair.data() + kMostPixelBytes;
-  std::uint8_t* row = above + bytes + kMostPixelBytes;
-  std::vector<std::uint8_t> scratch(bytes);
-  Bytes rows((bytes + 1) * static_cast<std::size_t>(picture.Height()));
+  const auto pixel = static_cast<std::size_t>(layout.channels);
+  // Each behind a pixel of zeros.
+  std::vector<std::uint8_t> above(pixel + bytes);
+  std::vector<std::uint8_t> row(pixel + bytes);
+  QByteArray rows(static_cast<qsizetype>(bytes + 1) * picture.Height(), Qt::Uninitialized);
+  auto* out = reinterpret_cast<std::uint8_t*>(rows.data());
   for (int y = 0; y < picture.Height(); ++y) {
     if (y % distance >= band) continue;
-    std::uint8_t* out = rows.data.get() + rows.size;
-    rows.size += bytes + 1;
+    *out++ = static_cast<std::uint8_t>(filtering);
     if (filtering == Filtering::kNone) {
-      out[0] = 0;
-      PackRow(picture, y, layout, out + 1);
-      continue;
+      PackRow(picture, y, layout, out);
+    } else {
+      PackRow(picture, y, layout, row.data() + pixel);
+      for (std::size_t i = 0; i < bytes; ++i) {
+        out[i] = static_cast<std::uint8_t>(row[i + pixel] - (row[i] + above[i + pixel]) / 2);
+      }
+      std::swap(row, above);
     }
-    PackRow(picture, y, layout, row);
-    FilterRow({row, above, bytes, pixel_bytes}, scratch, out);
-    std::swap(row, above);
+    out += bytes;
   }
+  rows.truncate(reinterpret_cast<const char*>(out) - rows.constData());
   return rows;
 }
 

@@ -12,27 +12,17 @@
 namespace morvantile {
 namespace {
 
-ssize_t ReadByte(int from, unsigned char* byte) {
-  ssize_t got = 0;
-  do {
-    got = read(from, byte, 1);
-  } while (got < 0 && errno == EINTR);
-  return got;
-}
-
 // The status that a shell would give for the end of the child.
 int StatusOfEnded(pid_t child) {
   int status = 0;
-  while (waitpid(child, &status, 0) < 0) {
-    if (errno != EINTR) return 1;
-  }
+  if (TEMP_FAILURE_RETRY(waitpid(child, &status, 0)) < 0) return 1;
   return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
 
 // Ends this process as soon as the child reports a status or ends.
 [[noreturn]] void WaitAndExit(pid_t child, int reports) {
   unsigned char status = 0;
-  if (ReadByte(reports, &status) == 1) _exit(status);
+  if (TEMP_FAILURE_RETRY(read(reports, &status, 1)) == 1) _exit(status);
   _exit(StatusOfEnded(child));
 }
 
@@ -72,8 +62,7 @@ void StayBehind::LetGo(int status) {
   static_cast<void>(chdir("/") == 0);
   PointStandardStreamsAtNothing();
   const auto byte = static_cast<unsigned char>(status);
-  while (write(report_to_, &byte, 1) < 0 && errno == EINTR) {
-  }
+  static_cast<void>(TEMP_FAILURE_RETRY(write(report_to_, &byte, 1)));
   close(report_to_);
   report_to_ = -1;
 }

@@ -1,18 +1,13 @@
 #include "platform/qt/widgets/control_widgets.h"
 
-#include <QComboBox>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
 #include <QRegularExpression>
-#include <QTreeWidget>
 #include <utility>
 
 #include "platform/qt/attach/control_peer.h"
-#include "platform/qt/attach/row_mirror.h"
-#include "platform/qt/attach/row_selectors.h"
-#include "platform/qt/attach/value_peers.h"
 #include "platform/qt/widgets/accessible.h"
 #include "platform/qt/widgets/canvas_widget.h"
 #include "platform/qt/widgets/contrast.h"
@@ -22,8 +17,6 @@
 #include "platform/qt/widgets/slider_widget.h"
 #include "platform/ui/controls/canvas.h"
 #include "platform/ui/controls/label.h"
-#include "platform/ui/controls/listbox.h"
-#include "platform/ui/controls/popup_menu.h"
 #include "platform/ui/controls/push_button.h"
 #include "platform/ui/controls/segmented_control.h"
 #include "platform/ui/controls/slider.h"
@@ -139,19 +132,6 @@ class LabelPeer : public PeerOf<Label, LabelWidget> {
   }
 };
 
-QSlider::TickPosition TicksOf(const Slider& slider) {
-  switch (slider.TickStyle) {
-    case Slider::kTicksAbove:
-      return QSlider::TicksAbove;
-    case Slider::kTicksBelow:
-      return QSlider::TicksBelow;
-    case Slider::kTicksBoth:
-      return QSlider::TicksBothSides;
-    default:
-      return QSlider::NoTicks;
-  }
-}
-
 class SliderPeer : public PeerOf<Slider, SliderWidget> {
  public:
   SliderPeer(Slider& slider, SliderWidget* shown) : PeerOf(slider, shown) {
@@ -159,7 +139,8 @@ class SliderPeer : public PeerOf<Slider, SliderWidget> {
     widget().setSingleStep(slider.LineStep);
     widget().setPageStep(slider.PageStep);
     widget().setTracking(slider.LiveScroll);
-    widget().setTickPosition(TicksOf(slider));
+    // The toolkit has the same numbers for them.
+    widget().setTickPosition(static_cast<QSlider::TickPosition>(slider.TickStyle));
     widget().setTickInterval(kSliderTicks);
     widget().setValue(slider.Value());
     QObject::connect(&widget(), &QSlider::valueChanged, &widget(),
@@ -187,25 +168,6 @@ ShownControl Shown(C& control, W* widget) {
   return {widget, std::make_unique<P>(control, widget)};
 }
 
-ShownControl ShownRows(ListControl& list, int columns, QAbstractItemModel& model, auto* widget) {
-  auto mirror = std::make_unique<RowMirror>(list, columns, model, SelectorOf(*widget));
-  FollowSelection(*widget, *mirror);
-  return {widget, std::move(mirror)};
-}
-
-ShownControl ShownList(Listbox& list, QWidget& parent) {
-  auto* tree = new QTreeWidget(&parent);
-  tree->setColumnCount(list.ColumnCount());
-  tree->setHeaderHidden(true);
-  tree->setRootIsDecorated(false);
-  return ShownRows(list, list.ColumnCount(), *tree->model(), tree);
-}
-
-ShownControl ShownMenu(PopupMenu& menu, QWidget& parent) {
-  auto* box = new QComboBox(&parent);
-  return ShownRows(menu, 1, *box->model(), box);
-}
-
 // The widget and peer that fit the control's class; null for one that is not known.
 ShownControl Choose(Control& any, QWidget& parent, double scale) {
   if (auto* button = dynamic_cast<PushButton*>(&any)) {
@@ -222,19 +184,6 @@ ShownControl Choose(Control& any, QWidget& parent, double scale) {
   }
   if (auto* canvas = dynamic_cast<Canvas*>(&any)) {
     return Shown<CanvasPeer>(*canvas, new CanvasWidget(*canvas, parent));
-  }
-  if (auto* list = dynamic_cast<Listbox*>(&any)) return ShownList(*list, parent);
-  if (auto* menu = dynamic_cast<PopupMenu*>(&any)) return ShownMenu(*menu, parent);
-  if (auto* field = dynamic_cast<EditField*>(&any)) {
-    return Shown<EditFieldPeer>(*field, new QLineEdit(&parent));
-  }
-  if (auto* box = dynamic_cast<CheckBox*>(&any)) {
-    return Shown<CheckBoxPeer>(*box, new QCheckBox(QString::fromStdString(box->Caption), &parent));
-  }
-  if (auto* radio = dynamic_cast<RadioButton*>(&any)) {
-    auto* widget = new QRadioButton(QString::fromStdString(radio->Caption), &parent);
-    widget->setAutoExclusive(false);  // the RadioGroup sees to that
-    return Shown<RadioButtonPeer>(*radio, widget);
   }
   return {nullptr, nullptr};
 }

@@ -1,4 +1,4 @@
-// The widgets behind the controls.
+// The widgets behind the controls that the dialogs are made of.
 
 #ifndef MORVANTILE_PLATFORM_QT_WIDGETS_CONTROL_WIDGETS_H
 #define MORVANTILE_PLATFORM_QT_WIDGETS_CONTROL_WIDGETS_H
@@ -18,7 +18,8 @@ struct ShownControl {
 };
 
 // Makes the widget that shows the control inside `parent`, which is drawn at `scale` of its size, 0
-// to 1. The widget is null for a class of control that the host doesn't know.
+// to 1. The widget is null for a control of another class than the dialogs have: lists, menus,
+// fields and boxes are there for programs with widgets of their own, which attach them.
 ShownControl Show(Control& control, QWidget& parent, double scale);
 
 }  // namespace morvantile

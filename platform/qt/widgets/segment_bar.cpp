@@ -1,6 +1,6 @@
 #include "platform/qt/widgets/segment_bar.h"
 
-#include <QButtonGroup>
+#include <QAbstractButton>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -80,8 +80,7 @@ class SegmentButton : public QAbstractButton, public AccessibleWidget {
 }  // namespace
 
 SegmentBar::SegmentBar(SegmentedControl& control, QWidget& parent, double scale)
-    : QWidget(&parent) {
-  auto* group = new QButtonGroup(this);
+    : QWidget(&parent), buttons_(new QButtonGroup(this)) {
   const int count = control.ItemCount();
   int left = 0;
   for (int i = 0; i < count; ++i) {
@@ -96,18 +95,17 @@ SegmentBar::SegmentBar(SegmentedControl& control, QWidget& parent, double scale)
     button->setFont(
         ShrunkToFit(FontFor(control, scale), button->text(), button->size() - kButtonMargins));
     left += item.Width + edge;
-    group->addButton(button);
-    QObject::connect(button, &QAbstractButton::clicked, button,
-                     [&control, i] { control.UserPress(i); });
-    buttons_.push_back(button);
+    buttons_->addButton(button, i);
   }
+  QObject::connect(buttons_, &QButtonGroup::idClicked, buttons_,
+                   [&control](int i) { control.UserPress(i); });
   setFocusPolicy(Qt::NoFocus);
   ShowState(control);
 }
 
 void SegmentBar::ShowState(SegmentedControl& control) {
   for (int i = 0; i < control.ItemCount(); ++i) {
-    QAbstractButton* button = buttons_[static_cast<std::size_t>(i)];
+    QAbstractButton* button = buttons_->button(i);
     const QString help = QString::fromStdString(control.Items(i).HelpTag);
     button->setToolTip(help);
     button->setAccessibleDescription(

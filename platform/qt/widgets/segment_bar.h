@@ -1,9 +1,8 @@
 #ifndef MORVANTILE_PLATFORM_QT_WIDGETS_SEGMENT_BAR_H
 #define MORVANTILE_PLATFORM_QT_WIDGETS_SEGMENT_BAR_H
 
-#include <QAbstractButton>
+#include <QButtonGroup>
 #include <QWidget>
-#include <vector>
 
 #include "platform/qt/widgets/accessible.h"
 #include "platform/ui/controls/segmented_control.h"
@@ -22,7 +21,7 @@ class SegmentBar : public QWidget, public AccessibleWidget {
   void ShowState(SegmentedControl& control);
 
  private:
-  std::vector<QAbstractButton*> buttons_;
+  QButtonGroup* buttons_;
 };
 
 }  // namespace morvantile

@@ -3,7 +3,6 @@
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOptionSlider>
-#include <QWheelEvent>
 #include <algorithm>
 
 #include "platform/qt/widgets/contrast.h"
@@ -41,15 +40,6 @@ void SliderWidget::DrawTicks(QPainter& painter) const {
     if ((tickPosition() & TicksAbove) != 0) painter.drawLine(x, 1, x, length);
     if ((tickPosition() & TicksBelow) != 0) painter.drawLine(x, height() - 2, x, height() - length);
   }
-}
-
-void SliderWidget::wheelEvent(QWheelEvent* event) {
-  const QPoint turn = event->angleDelta();
-  wheel_rest_ += turn.y() != 0 ? turn.y() : -turn.x();
-  const int notches = wheel_rest_ / QWheelEvent::DefaultDeltasPerStep;
-  wheel_rest_ -= notches * QWheelEvent::DefaultDeltasPerStep;
-  setValue(value() + notches * singleStep());
-  event->accept();
 }
 
 }  // namespace morvantile

@@ -7,8 +7,7 @@
 
 namespace morvantile {
 
-// A slider whose ticks can be seen in every theme, that shows whether it has the focus, and that a
-// notch of the mouse wheel moves by one step.
+// A slider whose ticks can be seen in every theme, and that shows whether it has the focus.
 class SliderWidget : public QSlider {
  public:
   SliderWidget(const Slider& slider, QWidget& parent)
@@ -19,14 +18,12 @@ class SliderWidget : public QSlider {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
-  void wheelEvent(QWheelEvent* event) override;
 
  private:
   [[nodiscard]] QRectF HandleRectangle() const;
   void DrawTicks(QPainter& painter) const;
 
   const Slider* slider_;
-  int wheel_rest_ = 0;  // what is left of the wheel's turn, in eighths of a degree
 };
 
 }  // namespace morvantile

@@ -3,8 +3,8 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QTimer>
-#include <algorithm>
 #include <chrono>
+#include <map>
 #include <utility>
 
 #include "platform/qt/widgets/control_widgets.h"
@@ -56,24 +56,20 @@ WindowWidget::WindowWidget(const Ref<Window>& window, QWidget* parent)
 WindowWidget::~WindowWidget() { window_->AttachPeer(nullptr); }
 
 void WindowWidget::MakeControls() {
-  std::vector<std::pair<int, QWidget*>> by_index;
+  std::multimap<int, QWidget*> by_tab_index;
   for (const Ref<Control>& control : window_->Controls()) {
     ShownControl shown = Show(*control, *this, scale_);
     if (shown.widget == nullptr) continue;
     for (QWidget* target : FocusTargets(shown.widget)) {
-      by_index.emplace_back(control->TabIndex, target);
+      by_tab_index.emplace(control->TabIndex, target);
     }
     if (control == window_->InitialFocus) shown.widget->setFocus();
     peers_.push_back(std::move(shown.peer));
   }
-  SetTabOrder(std::move(by_index));
-}
-
-void WindowWidget::SetTabOrder(std::vector<std::pair<int, QWidget*>> by_index) {
-  std::stable_sort(by_index.begin(), by_index.end(),
-                   [](const auto& a, const auto& b) { return a.first < b.first; });
-  for (std::size_t i = 1; i < by_index.size(); ++i) {
-    setTabOrder(by_index[i - 1].second, by_index[i].second);
+  QWidget* before = nullptr;
+  for (const auto& [index, target] : by_tab_index) {
+    if (before != nullptr) setTabOrder(before, target);
+    before = target;
   }
 }
 
@@ -93,10 +89,7 @@ void WindowWidget::WindowChanged() {
   ShowRectangle();
 }
 
-void WindowWidget::WindowClosed() {
-  hide();
-  if (on_closed) on_closed();
-}
+void WindowWidget::WindowClosed() { hide(); }
 
 void WindowWidget::reject() {
   const Ref<PushButton> cancel = window_->FindCancelButton();

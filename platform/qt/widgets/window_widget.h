@@ -2,7 +2,6 @@
 #define MORVANTILE_PLATFORM_QT_WIDGETS_WINDOW_WIDGET_H
 
 #include <QDialog>
-#include <functional>
 #include <memory>
 #include <vector>
 
@@ -11,16 +10,14 @@
 
 namespace morvantile {
 
-// Shows a window and its controls, and tells the window what the user does.
+// Shows a window and its controls, and tells the window what the user does. It is hidden when the
+// window has closed, which ends exec().
 class WindowWidget : public QDialog, private WindowPeer {
  public:
   WindowWidget(const Ref<Window>& window, QWidget* parent);
   ~WindowWidget() override;
   WindowWidget(const WindowWidget&) = delete;
   WindowWidget& operator=(const WindowWidget&) = delete;
-
-  // Called once, when the window has closed.
-  std::function<void()> on_closed;
 
   void reject() override;
 
@@ -36,7 +33,6 @@ class WindowWidget : public QDialog, private WindowPeer {
   void WindowClosed() override;
   void ShowRectangle();
   void MakeControls();
-  void SetTabOrder(std::vector<std::pair<int, QWidget*>> by_index);
   void TellRectangle();
   void TellIfDeactivated();
 
