@@ -45,7 +45,8 @@ class RunningCommand {
 
 Shell::Shell(std::chrono::milliseconds limit, const std::string& first_folder) : limit_(limit) {
   if (first_folder.empty()) return;
-  search_path_ = "PATH=" + FolderItem(first_folder).ShellPath() + ":$PATH; export PATH; ";
+  search_path_ = "PATH=" + FolderItem(first_folder).ShellPath() +
+                 ":${PATH:-/usr/local/bin:/usr/bin:/bin}; export PATH; ";
 }
 
 void Shell::Execute(const std::string& command) {
