@@ -83,15 +83,12 @@ TEST(PopupMenu, IsReplacedByItsRecord) {
   const auto set = [](N n) { n.SetPopup(Menu(2, 1)); };
   const auto append = [](N n) { n.AppendPopup(Menu(0)); };
   const auto get = [](N n) { return Got(n, Menu(1, 0), true); };
-  const auto unselected = [](N n) { return Got(n, Menu(1, 0), false); };
   CheckRows({
       {"{M.-2147483648: {}}", set, "{M.-2147483648: {default: 'b', elements: ['a', 'b']}}"},
       {"{}", get, "'a 0' {M.-2147483648: {default: 'a', elements: ['a']}}"},
       {"{M.-2147483648: {default: 'C', elements: ['b', 'c', []]}}", get, "'b c  1' ="},
-      {"{M.-2147483648: {default: 'c', elements: ['b', 'c']}}", unselected, "'b c -1' ="},
       {"{M.-2147483648: 'x'}", get, "'a 0' = Child exists: M.-2147483648 already exists"},
       {"{}", append, "= root is not an array"},
-      {"[]", append, "[M.-2147483648: {default: '', elements: []}]"},
   });
 }
 

@@ -57,14 +57,15 @@ class Controls(OnDesktop):
         self.desktop.key('Right', 'Right', 'Prior', 'Left', 'Tab', 'Left', 'Tab', 'Tab')
         self.scales(run, 852, 426)
 
-    def test_the_mouse_moves_the_slider_and_switches_the_mode(self):
+    def test_mouse_and_wheel_move_the_slider_and_a_click_switches_the_mode(self):
         self.copy_picture(1000, 500)
         run, dialog = self.start()
         steps = ('mousemove_relative', 20, 0) * 11
         self.desktop.do('mousemove', '--window', dialog, 219, 318, 'mousedown', 1, *steps,
                         'mouseup', 1)
         self.click(dialog, 180, 383)  # W
-        self.scales(run, 600, 300)
+        self.desktop.do('mousemove', '--window', dialog, 219, 318, 'click', 5)  # a notch down
+        self.scales(run, 594, 297)
 
     def click(self, window, x, y):
         self.desktop.do('mousemove', '--window', window, x, y, 'click', 1)

@@ -203,7 +203,7 @@ class Faults(OnDesktop):
             with self.subTest(kilobytes=kilobytes):
                 run = self.begin('sh', '-c', f'ulimit -v {kilobytes} && exec "$0"', self.program)
                 until(lambda: run.poll() is not None or self.desktop.windows('morvantile'),
-                      'an end or a dialog', 40)
+                      'an end or a dialog')
                 if run.poll() is None:
                     self.desktop.active_window(DIALOG)
                     self.desktop.key('Escape')

@@ -49,14 +49,10 @@ std::string Outcome(void (*use)(D, N, T), std::size_t text, const char* report, 
   d->Find("a value that");
   d->error = true;
   d->errorMessage = report;
-  const std::string* texts[] = {&d->errorMessage,
-                                &d->foundKey,
-                                &d->foundValue,
-                                &d->lastSearch,
-                                &d->headers[1],
-                                &d->root->name,
-                                &d->root->childrenNames[1],
-                                &d->root->childrenNames[2]};
+  ListFromOne<std::string>& names = d->root->childrenNames;
+  const std::string* const texts[] = {&d->errorMessage, &d->foundKey,   &d->foundValue,
+                                      &d->lastSearch,   &d->headers[1], &d->root->name,
+                                      &names[1],        &names[2]};
   const std::string copy = *texts[text];
   use(*d, *d->root, is_copied ? copy : *texts[text]);
   return Sketch(*d->root) + d->root->name + d->foundKey + d->lastSearch + d->errorMessage;

@@ -46,6 +46,8 @@ TEST(Types, AreCheckedAndReported) {
       {"{s: ''}", [](N n) { return n.CheckType("s", "date"); }, "0 = Type Mismatch: s is a string"},
       {"[] earlier", [](N n) { return n.CheckArray(); }, "true ="},
       {"{}", [](N n) { return New<plistDict>()->CheckArray() || n.Exists(""); }, "false ="},
+      {"['x', 'y']", [](N n) { return n.Exists("01") || n.Exists("2"); }, "false ="},
+      {"{a: 'x'} a report", [](N n) { return n.rootClass->Find("nowhere"); }, "false ="},
   });
 }
 

@@ -50,11 +50,5 @@ TEST(Search, DeliversEachMatchOnceInTheOrderOfTheTree) {
   EXPECT_THROW(document->ClearSearch(nullptr), NilObjectException);
 }
 
-TEST(Search, ClearsTheReportWhenItMeetsAScalar) {
-  const Ref<plist> document = Tree("{a: 'x'} a report");
-  document->Find("nowhere");
-  EXPECT_EQ(Report(document), "");
-}
-
 }  // namespace
 }  // namespace morvantile

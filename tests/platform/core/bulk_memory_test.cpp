@@ -34,22 +34,5 @@ TEST(BulkMemory, PiecesOutliveTheirScopeAndGoInAnyOrderOnAnyThread) {
   other.join();
 }
 
-TEST(BulkMemory, AScopeServesWhatWasReleasedInItAgainAlsoFromWithin) {
-  void* const before = AllocateBulk(40);
-  const BulkScope outer;
-  void* const first = AllocateBulk(128);
-  {
-    const BulkScope inner;
-    ReleaseBulk(before, 40);
-    ReleaseBulk(first, 128);
-  }
-  void* const smaller = AllocateBulk(64);
-  void* const again = AllocateBulk(121);
-  EXPECT_NE(smaller, first);
-  EXPECT_EQ(again, first) << "the same size in grains";
-  ReleaseBulk(smaller, 64);
-  ReleaseBulk(again, 121);
-}
-
 }  // namespace
 }  // namespace morvantile

@@ -10,14 +10,6 @@
 namespace morvantile {
 namespace {
 
-TEST(Dictionary, TakesNumbersForPlainKeysOnceTheyHaveGaps) {
-  Dictionary<int> dictionary;
-  for (int i = 0; i < 20; ++i) dictionary.FindOrAdd(Str(i)) = i;
-  EXPECT_TRUE(dictionary.Remove("19") && dictionary.IsNumbered());
-  EXPECT_FALSE(dictionary.HasKey("01") || dictionary.HasKey("19"));
-  EXPECT_TRUE(dictionary.Remove("3") && !dictionary.IsNumbered());
-}
-
 // The same operations, drawn at random, on a Dictionary and on a plain list.
 TEST(Dictionary, AgreesWithAPlainListOverRandomOperations) {
   for (const char* prefix : {"key of bytes ", ""}) {

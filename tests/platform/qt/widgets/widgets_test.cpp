@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QScreen>
-#include <QWheelEvent>
 #include <memory>
 
 #include "platform/qt/widgets/contrast.h"
@@ -15,14 +14,11 @@ namespace {
 
 // A window with one control of each kind that shows a text or a focus, too high for the screen.
 struct Sampler : Window {
-  Ref<Slider> slider;
-
   void CreateControls() override {
     Resizeable = false;
     SetWidth(300);
     SetHeight(QGuiApplication::primaryScreen()->availableGeometry().height() * 2);
-    slider = AddControl<Slider>("Slider", 10, 10, 280, 23);
-    slider->TickStyle = Slider::kTicksBelow;
+    AddControl<Slider>("Slider", 10, 10, 280, 23)->TickStyle = Slider::kTicksBelow;
     AddControl<PushButton>("Button", 10, 50, 80, 20);
     AddControl<Label>("Dimmed", 10, 80, 80, 20)->Enabled = false;
     AddControl<Label>("Link", 10, 110, 80, 20)->TextColor = 0x0000FF;
@@ -73,19 +69,6 @@ TEST_P(Widgets, DimmedTextTicksAndLinksCanBeRead) {
     ticks = std::max(ticks, ContrastOf(slider.pixelColor(x, slider.height() - 3)));
   }
   EXPECT_GE(ticks, 3.0);
-}
-
-TEST_P(Widgets, ANotchOfTheWheelIsOneStep) {
-  const auto turn = [&](int eighths) {
-    QWheelEvent event({5, 5}, {5, 5}, {}, {0, eighths}, Qt::NoButton, Qt::NoModifier,
-                      Qt::NoScrollPhase, false);
-    QApplication::sendEvent(&Named("Slider"), &event);
-    return sampler->slider->Value();
-  };
-  EXPECT_EQ(turn(240), 2);
-  EXPECT_EQ(turn(-120), 1);
-  EXPECT_EQ(turn(60), 1) << "half a notch of a fine wheel";
-  EXPECT_EQ(turn(60), 2);
 }
 
 TEST_P(Widgets, AWindowTooLargeForTheScreenIsDrawnSmaller) {
