@@ -9,6 +9,8 @@
 #include <cstring>
 #include <utility>
 
+#include "platform/core/huge_pages.h"
+
 namespace morvantile {
 namespace {
 
@@ -105,7 +107,7 @@ std::string TextInputStream::ReadAll() {
   std::string rest;
   struct stat status {};
   if (file_ >= 0 && fstat(file_, &status) == 0) {
-    rest.reserve(static_cast<std::size_t>(status.st_size));
+    ReserveHugePages(rest, static_cast<std::size_t>(status.st_size));
   }
   while (!AtEOF()) {
     rest.append(buffer_.data() + position_, end_ - position_);

@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/core/huge_pages.h"
 #include "platform/plutil/unicode.h"
 
 namespace morvantile::plutil {
@@ -104,9 +105,11 @@ bool BinaryReader::ReadTrailer() {
   if (top_ >= count) return Fail("there is no topmost object");
   offsets_ = content_.substr(table, count * offset_width_);
   content_ = content_.substr(0, end);
+  ReserveHugePages(index_of_, count);
+  ReserveHugePages(numbers_, count);
+  ReserveHugePages(document_.objects, count);
+  ReserveHugePages(document_.references, table / reference_width_);
   index_of_.assign(count, kUnseen);
-  numbers_.reserve(count);
-  document_.objects.reserve(count);
   return true;
 }
 

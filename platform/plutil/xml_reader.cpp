@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/core/huge_pages.h"
 #include "platform/plutil/encoding.h"
 #include "platform/plutil/scalar_text.h"
 #include "platform/plutil/xml_scanner.h"
@@ -123,8 +124,8 @@ std::optional<std::string> XmlReader::Read() {
 // costs no memory, since nothing touches it.
 void XmlReader::MakeRoom() {
   constexpr std::size_t kBytesOfAnObject = 16;
-  document_.objects.reserve(content_.size() / kBytesOfAnObject);
-  document_.references.reserve(content_.size() / kBytesOfAnObject);
+  ReserveHugePages(document_.objects, content_.size() / kBytesOfAnObject);
+  ReserveHugePages(document_.references, content_.size() / kBytesOfAnObject);
 }
 
 // The file's one element, in a <plist> or not.
