@@ -7,13 +7,20 @@
 #include <cstdint>
 #include <cstring>
 #include <functional>
+#include <random>
 #include <string_view>
 
 namespace morvantile {
 
 // A random number, the same for the whole run of the program. Hashes start from it, so that nobody
 // can prepare a file whose keys all get the same.
-std::uint64_t HashSeed();
+inline std::uint64_t HashSeed() {
+  static const std::uint64_t seed = [] {
+    std::random_device random;
+    return (std::uint64_t{random()} << 32) | random();
+  }();
+  return seed;
+}
 
 // Both halves of the product, folded.
 inline std::uint64_t MixedProduct(std::uint64_t a, std::uint64_t b) {
