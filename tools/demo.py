@@ -8,6 +8,7 @@ import os
 import sys
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)) + '/desktop')
+from desktop import until
 from desktops import X11
 from landscape import landscape
 from pictures import decoded, encoded
@@ -28,6 +29,10 @@ def main(program, folder):
         sample = landscape(*SAMPLE)
         display.copy(encoded(sample), 'image/png')
         run = display.start(program)
+        until(lambda: run.poll() is not None or display.windows('morvantile'), 'a window')
+        if run.poll() is not None:
+            print(f'The program ended without its dialog: status {run.returncode}', file=sys.stderr)
+            return 1
         display.active_window(DIALOG)
         display.look().save(screenshot)
         display.key('Return')
