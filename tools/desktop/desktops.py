@@ -23,11 +23,20 @@ class X11(Desktop):
     paste_command = ('xclip', '-selection', 'clipboard', '-o', '-t')
 
     def __init__(self, manager='openbox', *others, **options):
+        self.manager = manager
         super().__init__(manager, *others, **options)
 
     def wait_for_desktop(self):
         until(lambda: 'window id' in self.output('xprop', '-root', '_NET_SUPPORTING_WM_CHECK'),
               'a window manager')
+        if self.manager == 'openbox':
+            until(self._does_what_it_is_asked_for, 'openbox listening')
+
+    def _does_what_it_is_asked_for(self):
+        """Openbox says that it is there before it reads its theme; a window that is opened between
+        that and its main loop isn't shown until something else happens."""
+        self.do('set_num_desktops', 1)
+        return self.output('xprop', '-root', '_NET_NUMBER_OF_DESKTOPS').endswith('= 1')
 
     def targets(self):
         return (self.paste('TARGETS') or b'').decode().split()
