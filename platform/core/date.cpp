@@ -72,8 +72,8 @@ void Date::Set(std::int64_t year, std::int64_t month, std::int64_t day, std::int
   CarryOver();
 }
 
-// The calendar repeats itself every 400 years, and a chrono::year holds a few thousand, so what goes
-// beyond 400 years is set aside meanwhile.
+// The calendar repeats itself every 400 years, and a chrono::year holds a few thousand, so what
+// goes beyond 400 years is set aside meanwhile.
 void Date::CarryOver() {
   constexpr std::int64_t kYears = 400;
   constexpr std::int64_t kDays = 146097;  // in 400 years
