@@ -53,6 +53,18 @@ std::string UnpredictableNameIn(const std::string& folder) {
   return folder + "/.morvantile-" + std::to_string(number);
 }
 
+// Tries unpredictable names in the folder until `make` makes a file of one that did not exist.
+// Returns that, or "" if it can't be made.
+template <typename Make>
+std::string NameTakenIn(const std::string& folder, const Make& make) {
+  for (int i = 0; i < kMostNames; ++i) {
+    std::string name = UnpredictableNameIn(folder);
+    if (make(name.c_str())) return name;
+    if (errno != EEXIST) break;
+  }
+  return "";
+}
+
 std::string PathOfOpenFile(int file) { return "/proc/self/fd/" + std::to_string(file); }
 
 }  // namespace
@@ -88,10 +100,11 @@ bool FileReplacement::CreateFile() {
 }
 
 bool FileReplacement::CreateNamedFile() {
-  return TakeNewName([&](const char* name) {
+  new_name_ = NameTakenIn(FolderOf(target_), [&](const char* name) {
     file_ = open(name, O_CREAT | O_EXCL | O_NOFOLLOW | O_WRONLY | O_CLOEXEC, kPrivate);
     return file_ >= 0;
   });
+  return !new_name_.empty();
 }
 
 void FileReplacement::KeepAttributes() {
@@ -119,23 +132,10 @@ bool FileReplacement::Commit() {
 
 bool FileReplacement::LinkUnderNewName() {
   const std::string open_file = PathOfOpenFile(file_);
-  return TakeNewName([&](const char* name) {
+  new_name_ = NameTakenIn(FolderOf(target_), [&](const char* name) {
     return linkat(AT_FDCWD, open_file.c_str(), AT_FDCWD, name, AT_SYMLINK_FOLLOW) == 0;
   });
-}
-
-// Tries unpredictable names until `make` makes a file of one that did not exist.
-template <typename Make>
-bool FileReplacement::TakeNewName(const Make& make) {
-  for (int i = 0; i < kMostNames; ++i) {
-    std::string name = UnpredictableNameIn(FolderOf(target_));
-    if (make(name.c_str())) {
-      new_name_ = std::move(name);
-      return true;
-    }
-    if (errno != EEXIST) return false;
-  }
-  return false;
+  return !new_name_.empty();
 }
 
 }  // namespace morvantile

@@ -65,8 +65,6 @@ class FileReplacement {
   bool CreateFile();
   bool CreateNamedFile();
   bool LinkUnderNewName();
-  template <typename Make>
-  bool TakeNewName(const Make& make);
   void KeepAttributes();
 
   std::string target_;
